@@ -1,0 +1,20 @@
+#pragma once
+
+#include "Timing.h"
+
+#include <string>
+
+namespace pipenet {
+
+/// What a command found, as text for standard output.
+struct Answer {
+    std::string text;    ///< the whole answer with its line end, without the timing
+    bool isJson = false; ///< the text is one JSON object
+    std::string refusal; ///< a sentence for standard error; empty when the module said yes
+    Timing timing;
+};
+
+/// The text with the timing put into it.
+std::string withTiming(const Answer& answer);
+
+} // namespace pipenet

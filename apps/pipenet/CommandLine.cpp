@@ -1,0 +1,232 @@
+#include "CommandLine.h"
+
+#include "ArgumentText.h"
+#include "Failure.h"
+
+#include <algorithm>
+#include <array>
+#include <CLI/CLI.hpp>
+
+namespace pipenet {
+
+namespace {
+
+/// The texts of the options as given; empty for one that is not there.
+struct Texts {
+    std::string drawing, settings, dwgScale, drawScale, breakDist, lengthMode;
+    std::string format = "table";
+    std::string start, end, pipe, pick, point, svg;
+    bool timing = false;
+};
+
+constexpr std::array kSharedOptions{"--settings",    "--dwg-scale", "--draw-scale", "--break-dist",
+                                    "--length-mode", "--format",    "--timing"};
+
+constexpr auto kAbout =
+    "Rebuilds municipal pipe networks from the loose entities of a CAD drawing (DXF).";
+
+constexpr auto kNotes =
+    "A HANDLE is the hexadecimal text of an entity's group 5. Options may stand before or after "
+    "the\n"
+    "command.\n"
+    "The answer goes to standard output, everything else to standard error.\n"
+    "Exit status: 0 done; 1 the search said no, with a sentence on standard error; 2 a usage "
+    "error,\n"
+    "an unknown handle, or an input or output that cannot be used.\n"
+    "Settings folder: --settings, else the variable TKVLT_SYSTEM_PATH, else the folder installed\n"
+    "beside the program. It holds SysCon/PipeLineSetting.Kdp and perhaps "
+    "SysCon/DrawingSetting.Kdp.\n"
+    "Examples:\n"
+    "  pipenet --settings examples/settings info examples/town.dxf\n"
+    "  pipenet --settings examples/settings search examples/town.dxf --pick 186,60 --svg town.svg\n"
+    "  pipenet --settings examples/settings segment examples/town.dxf --pipe 304 --format json";
+
+void addSharedOptions(CLI::App& app, Texts& texts) {
+    const std::string group = "Settings";
+    app.add_option("--settings", texts.settings, "Folder of the settings files")
+        ->type_name("DIR")
+        ->group(group);
+    app.add_option("--dwg-scale", texts.dwgScale, "Drawing scale, for the reach of joints")
+        ->type_name("X")
+        ->group(group);
+    app.add_option("--draw-scale", texts.drawScale,
+                   "A drawing unit in millimetres: 1000 when it is one metre")
+        ->type_name("X")
+        ->group(group);
+    app.add_option("--break-dist", texts.breakDist,
+                   "Distance at which a pipe counts as merely broken")
+        ->type_name("X")
+        ->group(group);
+    app.add_option("--length-mode", texts.lengthMode,
+                   "How lengths are reckoned: 0 rim to rim, 1 centre to centre")
+        ->type_name("N")
+        ->group(group);
+    app.add_option("--format", texts.format, "Form of the answer: table (default) or json")
+        ->type_name("FORMAT")
+        ->check(CLI::IsMember({"table", "json"}))
+        ->group("Output");
+    app.add_flag("--timing", texts.timing, "Add how long loading and searching took")
+        ->group("Output");
+}
+
+CLI::App* addCommand(CLI::App& app, const std::string& name, const std::string& about,
+                     Texts& texts) {
+    CLI::App* command = app.add_subcommand(name, about);
+    command->add_option("drawing", texts.drawing, "The drawing, a DXF file")
+        ->required()
+        ->type_name("DRAWING");
+    addSharedOptions(*command, texts);
+    return command;
+}
+
+void addSearch(CLI::App& app, Texts& texts) {
+    CLI::App* search = addCommand(
+        app, "search", "Rebuild the network around an entity, and the path to another", texts);
+    search->add_option("--start", texts.start, "Well, tank or pipe to start from")
+        ->type_name("HANDLE");
+    search
+        ->add_option("--pick", texts.pick,
+                     "Start from the network entity nearest to this place in plan")
+        ->type_name("X,Y");
+    search->add_option("--end", texts.end, "Well, tank or pipe at which a path ends")
+        ->type_name("HANDLE");
+    search
+        ->add_option("--point", texts.point,
+                     "Point of the search, which decides between the two ends of a start pipe; "
+                     "the picked place unless given, else the origin")
+        ->type_name("X,Y[,Z]");
+    search->add_option("--svg", texts.svg, "Draw the network into this file as well")
+        ->type_name("FILE")
+        ->group("Output");
+}
+
+void addCommands(CLI::App& app, Texts& texts) {
+    addCommand(app, "info", "List the pipe systems of a drawing", texts);
+    addSearch(app, texts);
+    CLI::App* segment = addCommand(
+        app, "segment", "Build the stretch of pipe around one pipe, from well to well", texts);
+    segment->add_option("--pipe", texts.pipe, "The pipe")->required()->type_name("HANDLE");
+}
+
+/// An option that stands both before and after the command would silently lose one value.
+void refuseTwice(const CLI::App& app, const CLI::App& command) {
+    for (const char* name : kSharedOptions) {
+        if (app.count(name) > 0 && command.count(name) > 0) {
+            throw Failure(messages::kTwice, name);
+        }
+    }
+}
+
+template<class Value, class Read>
+void readInto(std::optional<Value>& value, const std::string& text, const Read& read) {
+    if (!text.empty()) {
+        value = read(text);
+    }
+}
+
+void readSettings(Options& options, const Texts& texts) {
+    options.settingsFolder = texts.settings;
+    siblings::DrawingSettings& settings = options.drawingSettings;
+    readInto(settings.dwgScale, texts.dwgScale,
+             [](const std::string& text) { return numberArgument("--dwg-scale", text, 0.0); });
+    readInto(settings.drawScale, texts.drawScale, [](const std::string& text) {
+        return numberArgument("--draw-scale", text, 0.0, true);
+    });
+    readInto(settings.pipeBreakDist, texts.breakDist,
+             [](const std::string& text) { return numberArgument("--break-dist", text, 0.0); });
+    readInto(settings.pipeCalLongType, texts.lengthMode,
+             [](const std::string& text) { return integerArgument("--length-mode", text); });
+}
+
+void readHandle(AcDbHandle& handle, const char* option, const std::string& text) {
+    if (!text.empty()) {
+        handle = handleArgument(option, text);
+    }
+}
+
+Options readTexts(const std::string& command, const Texts& texts) {
+    Options options;
+    options.command = command == "info"     ? Command::info
+                      : command == "search" ? Command::search
+                                            : Command::segment;
+    options.drawing = texts.drawing;
+    options.format = texts.format == "json" ? Format::json : Format::table;
+    options.timing = texts.timing;
+    options.svg = texts.svg;
+    readSettings(options, texts);
+    readHandle(options.start, "--start", texts.start);
+    readHandle(options.end, "--end", texts.end);
+    readHandle(options.pipe, "--pipe", texts.pipe);
+    readInto(options.pick, texts.pick, pickArgument);
+    readInto(options.point, texts.point, pointArgument);
+    return options;
+}
+
+void checkStart(const CLI::App& command) {
+    if (command.get_name() != "search") {
+        return;
+    }
+    const bool start = command.count("--start") > 0;
+    const bool pick = command.count("--pick") > 0;
+    if (start && pick) {
+        throw Failure(messages::kStartAndPick);
+    }
+    if (!start && !pick) {
+        throw Failure(messages::kNoStart);
+    }
+}
+
+/// An empty value is never what was meant: often an unset variable of a script.
+void refuseEmpty(const CLI::App& app) {
+    for (const CLI::Option* option : app.get_options()) {
+        const auto& given = option->results();
+        const bool empty = std::any_of(given.begin(), given.end(),
+                                       [](const std::string& text) { return text.empty(); });
+        if (option->count() > 0 && empty) {
+            throw Failure(messages::kUsage, option->get_name() + ": the value is empty");
+        }
+    }
+}
+
+std::string oneLine(std::string text) {
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    return text;
+}
+
+bool parse(CLI::App& app, int count, const char* const* arguments) {
+    try {
+        app.parse(count, arguments);
+        return true;
+    } catch (const CLI::Success& help) {
+        app.exit(help);
+        return false;
+    } catch (const CLI::ParseError& error) {
+        throw Failure(messages::kUsage, oneLine(error.what()));
+    }
+}
+
+} // namespace
+
+std::optional<Options> parseCommandLine(int count, const char* const* arguments) {
+    Texts texts;
+    CLI::App app(kAbout, "pipenet");
+    app.set_version_flag("--version", "pipenet " PIPENET_VERSION);
+    app.require_subcommand(0, 1);
+    app.footer(kNotes);
+    addSharedOptions(app, texts);
+    addCommands(app, texts);
+    if (!parse(app, count, arguments)) {
+        return std::nullopt;
+    }
+    if (app.get_subcommands().empty()) {
+        throw Failure(messages::kNoCommand);
+    }
+    const CLI::App& command = *app.get_subcommands().front();
+    refuseTwice(app, command);
+    refuseEmpty(app);
+    refuseEmpty(command);
+    checkStart(command);
+    return readTexts(command.get_name(), texts);
+}
+
+} // namespace pipenet

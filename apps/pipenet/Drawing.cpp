@@ -1,0 +1,84 @@
+#include "Drawing.h"
+
+#include "Failure.h"
+#include "HandleText.h"
+#include "OpenedObject.h"
+#include "records/XdataKeys.h"
+
+#include <optional>
+
+namespace pipenet {
+
+namespace {
+
+std::optional<NetworkEntity> networkEntity(const AcDbObjectId& id) {
+    constexpr std::pair<EntityKind, const wchar_t*> kinds[] = {
+        {EntityKind::pipe, xdata::kPipeSystem},
+        {EntityKind::well, xdata::kWellSystem},
+        {EntityKind::tank, xdata::kTank}};
+    for (const auto& [kind, key] : kinds) {
+        CString text;
+        if (ReadXdata(id, key, text) != 0) {
+            return NetworkEntity{id, kind, text};
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+Drawing::Drawing(std::string path) : path_(std::move(path)) {
+    std::string error;
+    document_ = host::openDocument(path_, error);
+    if (document_ == nullptr) {
+        throw Failure(messages::kDrawing, error);
+    }
+}
+
+Drawing::~Drawing() {
+    host::closeDocument(document_);
+}
+
+std::string Drawing::name() const {
+    return path_.substr(path_.find_last_of('/') + 1);
+}
+
+AcDbObjectId Drawing::entity(const AcDbHandle& handle) const {
+    AcDbObjectId id;
+    const Acad::ErrorStatus found = document_->database()->getAcDbObjectId(id, false, handle);
+    if (found == Acad::eOk && id.isErased()) {
+        throw Failure(messages::kErasedEntity, path_, handleText(handle));
+    }
+    if (found != Acad::eOk || !siblings::OpenedObject<AcDbEntity>(id, AcDb::kForRead)) {
+        throw Failure(messages::kNoEntity, path_, handleText(handle));
+    }
+    return id;
+}
+
+std::vector<AcDbObjectId> Drawing::entities() const {
+    std::vector<AcDbObjectId> all;
+    for (const AcDbObjectId& space : document_->database()->spaceIds()) {
+        const siblings::OpenedObject<AcDbBlockTableRecord> record(space, AcDb::kForRead);
+        if (!record) {
+            continue;
+        }
+        for (const AcDbObjectId& id : record->entityIds()) {
+            if (id.isValid()) {
+                all.push_back(id);
+            }
+        }
+    }
+    return all;
+}
+
+std::vector<NetworkEntity> Drawing::networkEntities() const {
+    std::vector<NetworkEntity> found;
+    for (const AcDbObjectId& id : entities()) {
+        if (auto entity = networkEntity(id)) {
+            found.push_back(*std::move(entity));
+        }
+    }
+    return found;
+}
+
+} // namespace pipenet

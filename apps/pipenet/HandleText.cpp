@@ -1,0 +1,19 @@
+#include "HandleText.h"
+
+#include <fmt/format.h>
+
+namespace pipenet {
+
+std::string handleText(const AcDbHandle& handle) {
+    return handle.isNull() ? std::string() : fmt::format("{:X}", handle.value());
+}
+
+std::string handleText(const AcDbObjectId& id) {
+    return handleText(id.handle());
+}
+
+std::string utf8(const CString& text) {
+    return host_text::toUtf8(text.view());
+}
+
+} // namespace pipenet

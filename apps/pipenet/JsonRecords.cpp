@@ -1,0 +1,38 @@
+#include "JsonRecords.h"
+
+namespace pipenet {
+
+Json wellJson(const Well& well) {
+    return {{"entity", idJson(well.nodeEntity)},
+            {"merged", idsJson(well.mergedEntities)},
+            {"isWell", well.isWell},
+            {"number", textJson(well.number)},
+            {"systemName", textJson(well.systemName)},
+            {"point", pointJson(well.nodePoint)},
+            {"radius", well.nodeRadius},
+            {"inSeg", well.inSeg},
+            {"outSegs", indicesJson(well.outSegs)}};
+}
+
+Json gravitySegJson(const GravitySeg& seg) {
+    return {{"pipes", idsJson(seg.pipeIds)},
+            {"startWell", seg.startWell},
+            {"endWell", seg.endWell},
+            {"startEntity", idJson(seg.startEntity)},
+            {"endEntity", idJson(seg.endEntity)},
+            {"startPoint", pointJson(seg.startPoint)},
+            {"endPoint", pointJson(seg.endPoint)},
+            {"startElevation", seg.startElevation},
+            {"endElevation", seg.endElevation},
+            {"slope", seg.slope},
+            {"diameter", seg.diameter},
+            {"flowText", textJson(seg.flowText)},
+            {"material", textJson(seg.material)},
+            {"systemName", textJson(seg.systemName)},
+            {"flowReversed", seg.flowReversed},
+            {"length", seg.length},
+            {"annotatePoint", pointJson(seg.annotatePoint)},
+            {"annotateVector", vectorJson(seg.annotateVector)}};
+}
+
+} // namespace pipenet

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "JsonText.h"
+#include "TKVltSearchModule18.h"
+
+namespace pipenet {
+
+/// The records of a result as JSON, fields in a fixed order. Flags are numbers.
+Json wellJson(const Well& well);
+Json gravitySegJson(const GravitySeg& seg);
+
+} // namespace pipenet

@@ -1,0 +1,122 @@
+#pragma once
+
+#include <fmt/format.h>
+#include <string>
+#include <string_view>
+
+namespace pipenet {
+
+/// One thing that the program can say beside its answer. Numbers stay with their texts: 1xx a usage
+/// error, 2xx an input that cannot be read, 3xx an output that cannot be written, 4xx a refusal of
+/// the search with its likely cause, 9xx what should not happen.
+struct Message {
+    int number;
+    std::string_view text; ///< a format text; its places are filled in order
+};
+
+/// The text of a message with its places filled, one line.
+template<class... Arguments>
+std::string textOf(const Message& message, const Arguments&... arguments) {
+    return fmt::format(fmt::runtime(message.text), arguments...);
+}
+
+namespace messages {
+
+inline constexpr Message kUsage{101, "{}; see pipenet --help"};
+inline constexpr Message kNoCommand{102, "a command is missing; see pipenet --help"};
+inline constexpr Message kTwice{103, "{} is given more than once; see pipenet --help"};
+inline constexpr Message kNoStart{
+    104, "search needs an entity to start from: --start HANDLE or --pick X,Y; see pipenet --help"};
+inline constexpr Message kStartAndPick{105,
+                                       "--start and --pick exclude each other; see pipenet --help"};
+inline constexpr Message kBadHandle{
+    106, "{}: '{}' is no handle (1 to 16 hexadecimal digits, not all of them 0)"};
+inline constexpr Message kBadPick{107, "--pick: '{}' is not of the form X,Y"};
+inline constexpr Message kBadPoint{108, "--point: '{}' is not of the form X,Y or X,Y,Z"};
+inline constexpr Message kBadNumber{109, "{}: '{}' is no number {}"};
+
+inline constexpr Message kDrawing{201, "{}"};
+inline constexpr Message kNoEntity{202, "{}: no entity has the handle {}"};
+inline constexpr Message kErasedEntity{203, "{}: the entity with the handle {} is erased"};
+inline constexpr Message kUnreadable{204, "{}: {}"};
+inline constexpr Message kNoSettings{
+    205, "{}: {}; give the folder of the settings with --settings DIR or TKVLT_SYSTEM_PATH"};
+inline constexpr Message kNotUtf8{206, "{}:{}: the line is not UTF-8 text"};
+inline constexpr Message kBadSettingsLine{
+    207, "{}:{}: the line is neither blank, nor a comment, nor 'key = value'"};
+
+inline constexpr Message kUnwritable{301, "{}: cannot be written: {}"};
+inline constexpr Message kOutput{302, "standard output: cannot be written"};
+
+inline constexpr Message kNothingToPick{
+    401, "{}: there is no pipe, well or tank to pick; check that the network entities carry their "
+         "texts under 管道系统, 管井系统 or 池体"};
+inline constexpr Message kNoSystemName{
+    402,
+    "no network from {}: it carries no system name; check that it is a pipe (管道系统), a well "
+    "(管井系统) or a tank (池体系统)"};
+inline constexpr Message kUnknownSystem{
+    403, "no network from {}: the settings do not say whether its system '{}' flows by gravity or "
+         "under pressure; check its entry and GroupType in {}"};
+inline constexpr Message kPressure{
+    404,
+    "no network from {}: its system '{}' is a pressure system, and this build searches gravity "
+    "networks only; check GroupType in {} if that should be a gravity system"};
+inline constexpr Message kSameEnds{
+    405, "no path in a network from {}: start and end are the same entity; check --end"};
+inline constexpr Message kEndWithoutSystem{
+    406, "no path from {} to {}: the end carries no system name; check that it is a pipe, well or "
+         "tank"};
+inline constexpr Message kEndOfOtherSystem{
+    407,
+    "no path from {} to {}: the start belongs to system '{}' and the end to '{}'; check --end"};
+inline constexpr Message kNotCollected{
+    408,
+    "no network from {}: it is not among the wells and tanks that the search collects; check that "
+    "it is a block and that a tank carries 池体 beside 池体系统"};
+inline constexpr Message kShortPipe{
+    409, "no network from {}: the pipe is {} drawing units long, and only pipes longer than 1 take "
+         "part; check its ends"};
+inline constexpr Message kNoTarget{
+    410,
+    "no network from {}: neither end of the pipe leads to a well or tank; check the gaps between "
+    "its pieces (at most {} drawing units) and that a well or tank of the system '{}' stands at "
+    "an end"};
+inline constexpr Message kAlone{
+    411,
+    "no network from {}: no pipe of the system '{}' leads from it to a further well or tank; check "
+    "that pipes end at it, that gaps are at most {} drawing units, and that no pipe loops back"};
+inline constexpr Message kCycle{
+    412,
+    "no network from {}: the pipes of the system '{}' close a loop or come back to a well already "
+    "reached; check the pipes near the last node reached, {} (found so far: {} wells and tanks)"};
+inline constexpr Message kEndInRoot{
+    413, "no path from {} to {}: the end overlaps the root and is one node with it; check --end"};
+inline constexpr Message kEndNotReached{
+    414,
+    "no path from {} to {}: the network ({} wells and tanks) does not reach the end; check for a "
+    "gap or a missing pipe between them"};
+inline constexpr Message kNoReason{415, "no network from {}; check the pipes and wells around it"};
+inline constexpr Message kNoPipe{
+    421, "no segment at {}: it carries no system name under 管道系统; check that it is a pipe"};
+inline constexpr Message kSegmentUnknownSystem{
+    422,
+    "no segment at {}: the settings do not say whether its system '{}' flows by gravity or under "
+    "pressure; check its entry and GroupType in {}"};
+inline constexpr Message kSegmentPressure{
+    423, "no segment at {}: its system '{}' is a pressure system, and this build knows gravity "
+         "segments only; check GroupType in {} if that should be a gravity system"};
+inline constexpr Message kSegmentShort{
+    424,
+    "no segment at {}: the pipe is {} drawing units long, and only pipes longer than 1 take part; "
+    "check its ends"};
+inline constexpr Message kSegmentNoTarget{
+    425,
+    "no segment at {}: neither end of the pipe leads to a well or tank; check the gaps between its "
+    "pieces (at most {} drawing units) and that a well or tank of the system '{}' stands at an "
+    "end"};
+
+inline constexpr Message kInternal{901, "{}: the command ended unexpectedly: {}"};
+
+} // namespace messages
+} // namespace pipenet

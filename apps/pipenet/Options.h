@@ -1,0 +1,31 @@
+#pragma once
+
+#include "EmbeddedHost.h"
+#include "Siblings.h"
+
+#include <optional>
+#include <string>
+
+namespace pipenet {
+
+enum class Command { info, search, segment };
+enum class Format { table, json };
+
+/// What the command line asked for. Texts are UTF-8.
+struct Options {
+    Command command = Command::info;
+    std::string drawing;        ///< path as given
+    std::string settingsFolder; ///< empty: the folder is found elsewhere
+    siblings::DrawingSettings drawingSettings;
+    Format format = Format::table;
+    bool timing = false;
+
+    AcDbHandle start; ///< null when the start is picked
+    AcDbHandle end;   ///< null for none
+    AcDbHandle pipe;
+    std::optional<AcGePoint3d> pick;  ///< in plan, drawing units
+    std::optional<AcGePoint3d> point; ///< drawing units
+    std::string svg;                  ///< path of the picture, empty for none
+};
+
+} // namespace pipenet

@@ -1,0 +1,152 @@
+#include "Refusal.h"
+
+#include "HandleText.h"
+#include "Messages.h"
+#include "NetworkTable.h"
+#include "records/XdataKeys.h"
+#include "SettingsCheck.h"
+#include "Systems.h"
+
+#include <algorithm>
+
+namespace pipenet {
+
+namespace {
+
+using namespace messages;
+
+bool isTank(const AcDbObjectId& id) {
+    return XdataText(id, xdata::kWellSystem).IsEmpty() &&
+           !XdataText(id, xdata::kTankSystem).IsEmpty();
+}
+
+bool isWell(const AcDbObjectId& id) {
+    return !XdataText(id, xdata::kWellSystem).IsEmpty();
+}
+
+/// The collection takes an entity as a pipe before anything else, and a tank by another text than
+/// the one that names its system.
+bool isCollectedNode(const AcDbObjectId& id) {
+    CString text;
+    const bool pipe = ReadXdata(id, xdata::kPipeSystem, text) != 0;
+    const bool well = ReadXdata(id, xdata::kWellSystem, text) != 0;
+    const bool tank = ReadXdata(id, xdata::kTank, text) != 0;
+    return !pipe && (isTank(id) ? tank && !well : well);
+}
+
+double pipeLength(const AcDbObjectId& id) {
+    return _Pipe(id, CString()).GetLength();
+}
+
+/// How far a search without an end gets.
+struct Attempt {
+    int result;
+    GravitySearchObject network;
+};
+
+void attempt(Attempt& to, const SearchRequest& request) {
+    AcDbObjectId start = request.start;
+    AcDbObjectId none;
+    AcGePoint3d point = request.point;
+    to.result = GetGravityNetwork(&to.network, start, none, point);
+}
+
+std::string endCause(const SearchRequest& request) {
+    const CString startSystem = systemNameOf(request.start);
+    const CString endSystem = systemNameOf(request.end);
+    if (request.start == request.end) {
+        return textOf(kSameEnds, nameOf(request.start));
+    }
+    if (endSystem.IsEmpty()) {
+        return textOf(kEndWithoutSystem, nameOf(request.start), nameOf(request.end));
+    }
+    if (endSystem != startSystem) {
+        return textOf(kEndOfOtherSystem, nameOf(request.start), nameOf(request.end),
+                      utf8(startSystem), utf8(endSystem));
+    }
+    return {};
+}
+
+std::string startCause(const SearchRequest& request, const GravitySearchObject& reached) {
+    const std::string start = nameOf(request.start);
+    const std::string system = utf8(systemNameOf(request.start));
+    if (reached.wells.GetSize() > 1) {
+        const Well& last = reached.wells[reached.wells.GetUpperBound()];
+        return textOf(kCycle, start, system, nodeName(last), reached.wells.GetSize());
+    }
+    if (reached.wells.GetSize() == 1) {
+        return textOf(kAlone, start, system, jointReach());
+    }
+    if (isWell(request.start) || isTank(request.start)) {
+        return isCollectedNode(request.start) ? textOf(kNoReason, start)
+                                              : textOf(kNotCollected, start);
+    }
+    if (const double length = pipeLength(request.start); length <= 1.0) {
+        return textOf(kShortPipe, start, length);
+    }
+    return textOf(kNoTarget, start, jointReach(), system);
+}
+
+std::string unreachedEnd(const SearchRequest& request, const GravitySearchObject& network) {
+    const AcArray<AcDbObjectId>& merged = network.wells[0].mergedEntities;
+    const Message& cause = merged.contains(request.end) ? kEndInRoot : kEndNotReached;
+    return textOf(cause, nameOf(request.start), nameOf(request.end), network.wells.GetSize());
+}
+
+std::string gravityCause(const SearchRequest& request) {
+    if (!request.end.isNull()) {
+        if (std::string cause = endCause(request); !cause.empty()) {
+            return cause;
+        }
+    }
+    Attempt tried;
+    attempt(tried, request);
+    if (tried.result == 0) {
+        return startCause(request, tried.network);
+    }
+    return request.end.isNull() ? textOf(kNoReason, nameOf(request.start))
+                                : unreachedEnd(request, tried.network);
+}
+
+} // namespace
+
+std::string refusalOf(const Drawing& drawing, const SearchRequest& request,
+                      const SearchOutcome& outcome) {
+    if (outcome.object != nullptr) {
+        return {};
+    }
+    if (request.start.isNull()) {
+        return textOf(kNothingToPick, drawing.path());
+    }
+    const CString system = systemNameOf(request.start);
+    const std::string start = nameOf(request.start);
+    if (system.IsEmpty()) {
+        return textOf(kNoSystemName, start);
+    }
+    switch (PelGetDirectionSytle(system)) {
+    case 1:
+        return gravityCause(request);
+    case 0:
+        return textOf(kPressure, start, utf8(system), pipeSystemsFile());
+    default:
+        return textOf(kUnknownSystem, start, utf8(system), pipeSystemsFile());
+    }
+}
+
+std::string segmentRefusal(const AcDbObjectId& pipe, int kind) {
+    const std::string system = utf8(XdataText(pipe, xdata::kPipeSystem));
+    const std::string name = nameOf(pipe);
+    if (system.empty()) {
+        return textOf(kNoPipe, name);
+    }
+    if (kind != 1) {
+        return textOf(kind == 0 ? kSegmentPressure : kSegmentUnknownSystem, name, system,
+                      pipeSystemsFile());
+    }
+    if (const double length = pipeLength(pipe); length <= 1.0) {
+        return textOf(kSegmentShort, name, length);
+    }
+    return textOf(kSegmentNoTarget, name, jointReach(), system);
+}
+
+} // namespace pipenet

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Drawing.h"
+#include "NetworkSearch.h"
+
+#include <string>
+
+namespace pipenet {
+
+/// Why the module gave no network: a sentence with what was asked and what to check. The module
+/// itself says only no, so this looks at the entities and, for a gravity network, at how far a
+/// search gets. Empty for an outcome with a network.
+std::string refusalOf(const Drawing& drawing, const SearchRequest& request,
+                      const SearchOutcome& outcome);
+
+/// The same for the segment of one pipe, whose build gave 0.
+std::string segmentRefusal(const AcDbObjectId& pipe, int kind);
+
+} // namespace pipenet

@@ -1,0 +1,48 @@
+#include "SearchCommand.h"
+
+#include "NetworkJson.h"
+#include "NetworkSearch.h"
+#include "NetworkTable.h"
+#include "Progress.h"
+#include "Refusal.h"
+#include "svg/NetworkPicture.h"
+
+#include <fmt/format.h>
+
+namespace pipenet {
+
+namespace {
+
+std::string outcomeTable(const SearchOutcome& outcome) {
+    if (const GravitySearchObject* network = gravityNetwork(outcome)) {
+        return networkTable(*network);
+    }
+    return fmt::format("No network (result {})\n", outcome.result);
+}
+
+} // namespace
+
+Answer runSearch(const Drawing& drawing, const Options& options) {
+    Answer answer;
+    SearchOutcome outcome;
+    const Stopwatch watch;
+    {
+        const Progress progress("searching " + drawing.name());
+        const SearchRequest request = searchRequest(drawing, options);
+        if (!request.start.isNull()) {
+            outcome = searchNetwork(request);
+        }
+        answer.timing.searchMs = watch.milliseconds();
+        answer.refusal = refusalOf(drawing, request, outcome);
+    }
+    answer.isJson = options.format == Format::json;
+    answer.text = answer.isJson ? networkJson(outcome) : outcomeTable(outcome);
+    const GravitySearchObject* network = gravityNetwork(outcome);
+    if (network != nullptr && !options.svg.empty()) {
+        const Progress progress("drawing " + options.svg);
+        drawNetwork(drawing, *network, options.svg);
+    }
+    return answer;
+}
+
+} // namespace pipenet

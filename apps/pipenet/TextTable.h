@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace pipenet {
+
+/// A table for a terminal: columns as wide as their widest cell, wide characters counted as two.
+class TextTable {
+public:
+    struct Column {
+        std::string title;
+        bool right = false; ///< cells are aligned to the right
+    };
+
+    explicit TextTable(std::vector<Column> columns) : columns_(std::move(columns)) {}
+
+    /// Adds a row with one cell a column, UTF-8; control characters are shown as blanks.
+    void add(std::vector<std::string> cells);
+
+    /// Titles, a rule and the rows, each line ended; no blanks at line ends.
+    std::string text() const;
+
+private:
+    std::vector<int> widths() const;
+
+    std::vector<Column> columns_;
+    std::vector<std::vector<std::string>> rows_;
+};
+
+} // namespace pipenet

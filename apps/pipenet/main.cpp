@@ -1,0 +1,80 @@
+#include "CommandLine.h"
+#include "Failure.h"
+#include "InfoCommand.h"
+#include "Progress.h"
+#include "SearchCommand.h"
+#include "SegmentCommand.h"
+#include "SettingsCheck.h"
+
+#include <cstdio>
+#include <memory>
+
+namespace pipenet {
+
+namespace {
+
+Answer runCommand(const Drawing& drawing, const Options& options) {
+    switch (options.command) {
+    case Command::info:
+        return runInfo(drawing, options);
+    case Command::search:
+        return runSearch(drawing, options);
+    case Command::segment:
+        break;
+    }
+    return runSegment(drawing, options);
+}
+
+std::unique_ptr<Drawing> openDrawing(const std::string& path) {
+    const Progress progress("reading " + path);
+    return std::make_unique<Drawing>(path);
+}
+
+void print(const Answer& answer, bool timing) {
+    const std::string& text = timing ? withTiming(answer) : answer.text;
+    const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+    if (!written || std::fflush(stdout) != 0) {
+        throw Failure(messages::kOutput);
+    }
+}
+
+int run(const Options& options) {
+    siblings::setSystemPath(options.settingsFolder);
+    siblings::setDrawingSettings(options.drawingSettings);
+    checkSettings();
+    const Stopwatch watch;
+    const std::unique_ptr<Drawing> drawing = openDrawing(options.drawing);
+    const double loadMs = watch.milliseconds();
+    Answer answer = runCommand(*drawing, options);
+    answer.timing.loadMs = loadMs;
+    print(answer, options.timing);
+    if (answer.refusal.empty()) {
+        return kDone;
+    }
+    fmt::print(stderr, "pipenet: {}\n", answer.refusal);
+    return kRefused;
+}
+
+int runGuarded(int count, char** arguments) {
+    std::string drawing = "pipenet";
+    try {
+        const std::optional<Options> options = parseCommandLine(count, arguments);
+        if (!options) {
+            return kDone;
+        }
+        drawing = options->drawing;
+        return run(*options);
+    } catch (const Failure& failure) {
+        fmt::print(stderr, "pipenet: {}\n", failure.what());
+    } catch (const std::exception& error) {
+        fmt::print(stderr, "pipenet: {}\n", textOf(messages::kInternal, drawing, error.what()));
+    }
+    return kFailed;
+}
+
+} // namespace
+} // namespace pipenet
+
+int main(int count, char** arguments) {
+    return pipenet::runGuarded(count, arguments);
+}

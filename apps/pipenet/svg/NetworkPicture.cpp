@@ -1,0 +1,62 @@
+#include "svg/NetworkPicture.h"
+
+#include "Failure.h"
+#include "svg/Furniture.h"
+#include "svg/Labels.h"
+#include "svg/Marks.h"
+#include "svg/Style.h"
+#include "svg/SvgElements.h"
+#include "WholeFile.h"
+
+#include <cerrno>
+#include <cstring>
+
+namespace pipenet {
+
+namespace {
+
+std::string opening(const Scene& scene, const std::string& drawing, double width, double height) {
+    return fmt::format("<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"{0}\" height=\"{1}\" "
+                       "viewBox=\"0 0 {0} {1}\" font-family=\"{2}\">\n"
+                       "<title>{3}: gravity network {4}</title>\n<desc>{5}</desc>\n"
+                       "<style>.halo{{paint-order:stroke;stroke:#fff;stroke-width:3px;"
+                       "stroke-linejoin:round}}</style>\n"
+                       "<rect width=\"100%\" height=\"100%\" fill=\"#fff\"/>\n",
+                       svgNumber(width), svgNumber(height), style::kFonts, svgEscaped(drawing),
+                       svgEscaped(scene.system), svgEscaped(scene.summary));
+}
+
+/// Pipes of other networks run out of the picture and are cut at its edge.
+std::string clippedContext(const Scene& scene, const Viewport& viewport) {
+    const PageBox& area = viewport.area();
+    return fmt::format("<clipPath id=\"plan\"><rect x=\"{}\" y=\"{}\" width=\"{}\" "
+                       "height=\"{}\"/></clipPath>\n<g clip-path=\"url(#plan)\">\n{}</g>\n",
+                       svgNumber(area.left), svgNumber(area.top), svgNumber(area.width()),
+                       svgNumber(area.height()), contextMarks(scene, viewport));
+}
+
+} // namespace
+
+std::string networkPicture(const Drawing& drawing, const GravitySearchObject& network) {
+    const Scene scene = makeScene(drawing, network);
+    const Viewport viewport(scene);
+    const Labels labels = placeLabels(scene, viewport);
+    const Foot foot = footMarks(scene, labels.dropped, viewport);
+    const double width = viewport.area().right + style::kMargin;
+    return opening(scene, drawing.name(), width, foot.bottom) + clippedContext(scene, viewport) +
+           runMarks(scene, viewport) + flowMarks(scene, viewport) + nodeMarks(scene, viewport) +
+           labels.elements + titleMarks(scene, drawing.name(), viewport) + foot.elements +
+           "</svg>\n";
+}
+
+void drawNetwork(const Drawing& drawing, const GravitySearchObject& network,
+                 const std::string& path) {
+    errno = 0;
+    if (!siblings::replaceWholeFile(path, networkPicture(drawing, network))) {
+        const int cause = errno;
+        throw Failure(messages::kUnwritable, path,
+                      cause == 0 ? "the folder or the file refuses it" : std::strerror(cause));
+    }
+}
+
+} // namespace pipenet

@@ -1,0 +1,84 @@
+#include "svg/Scene.h"
+
+#include "HandleText.h"
+#include "NetworkTable.h"
+#include "Systems.h"
+
+namespace pipenet {
+
+namespace {
+
+PlanPoint inPlan(const AcGePoint3d& point) {
+    return {point.x, point.y};
+}
+
+SceneNode sceneNode(const Well& well) {
+    SceneNode node;
+    node.place = inPlan(well.nodePoint);
+    node.radius = well.nodeRadius;
+    node.rotation = well.rotation;
+    node.name = nodeName(well);
+    node.merged = well.mergedEntities.length() > 0;
+    if (well.isSquareWell != 0) {
+        node.shape = NodeShape::square;
+    }
+    const AcDbExtents& box = well.extents;
+    if (well.isWell == 0 && !box.isEmpty()) {
+        node.shape = NodeShape::box;
+        node.box = {box.minPoint().x, box.minPoint().y, box.maxPoint().x, box.maxPoint().y};
+    }
+    return node;
+}
+
+SceneRun sceneRun(const GravitySeg& seg) {
+    SceneRun run;
+    for (int i = 0; i < seg.pipeIds.length(); ++i) {
+        PlanCurve curve = planCurve(seg.pipeIds[i]);
+        if (!curve.steps.empty()) {
+            run.curves.push_back(std::move(curve));
+        }
+    }
+    run.from = inPlan(seg.startPoint);
+    run.to = inPlan(seg.endPoint);
+    run.flowReversed = seg.flowReversed != 0;
+    run.diameter = seg.diameter;
+    run.label = inPlan(seg.annotatePoint);
+    run.labelDirection = {seg.annotateVector.x, seg.annotateVector.y};
+    return run;
+}
+
+void markPath(Scene& scene, const GravitySearchObject& network) {
+    for (INT_PTR i = 0; i < network.pathWells.GetSize(); ++i) {
+        scene.nodes[static_cast<std::size_t>(network.pathWells[i])].onPath = true;
+    }
+    for (INT_PTR i = 0; i < network.pathSegs.GetSize(); ++i) {
+        scene.runs[static_cast<std::size_t>(network.pathSegs[i])].onPath = true;
+    }
+    if (!network.pathWells.IsEmpty()) {
+        scene.nodes[static_cast<std::size_t>(network.pathWells[0])].pathEnd = true;
+    }
+    scene.nodes[static_cast<std::size_t>(network.rootWell)].root = true;
+}
+
+} // namespace
+
+Scene makeScene(const Drawing& drawing, const GravitySearchObject& network) {
+    Scene scene;
+    scene.summary = networkSummary(network);
+    for (INT_PTR i = 0; i < network.wells.GetSize(); ++i) {
+        scene.nodes.push_back(sceneNode(network.wells[i]));
+    }
+    for (INT_PTR i = 0; i < network.segs.GetSize(); ++i) {
+        scene.runs.push_back(sceneRun(network.segs[i]));
+        scene.system = utf8(network.segs[i].systemName);
+    }
+    markPath(scene, network);
+    for (const NetworkEntity& entity : drawing.networkEntities()) {
+        if (entity.kind == EntityKind::pipe) {
+            scene.context.push_back(planCurve(entity.id));
+        }
+    }
+    return scene;
+}
+
+} // namespace pipenet

@@ -1,0 +1,20 @@
+# Compiler, sanitizer and floating-point settings, chosen once for every target of the project.
+add_library(tkvlt_options INTERFACE)
+target_compile_features(tkvlt_options INTERFACE cxx_std_20)
+
+# Contraction would let one compiler fuse a multiplication and an addition that another keeps apart;
+# thresholds compared exactly would then fall differently.
+target_compile_options(tkvlt_options INTERFACE -Wall -Wextra -Wpedantic -Werror -ffp-contract=off)
+
+if(TKVLT_SANITIZE)
+  target_compile_options(tkvlt_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(tkvlt_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# Settings that every target of the project shares beside the interface target above.
+function(tkvlt_configure_target target)
+  set_target_properties(${target} PROPERTIES
+    CXX_EXTENSIONS OFF POSITION_INDEPENDENT_CODE ON)
+  target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:tkvlt_options>)
+endfunction()

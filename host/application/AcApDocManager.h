@@ -1,0 +1,74 @@
+#pragma once
+
+#include "application/AcApDocument.h"
+#include "database/AcadErrorStatus.h"
+
+#include <memory>
+#include <vector>
+
+class AcApDocumentIterator;
+
+/// The open documents of the process and which of them is current.
+class AcApDocManager {
+public:
+    AcApDocManager() = default;
+    AcApDocManager(const AcApDocManager&) = delete;
+    AcApDocManager& operator=(const AcApDocManager&) = delete;
+    ~AcApDocManager();
+
+    /// The document being worked on; nullptr when none is open.
+    AcApDocument* curDocument() const { return current_; }
+    /// The document in front, which is the current one here.
+    AcApDocument* mdiActiveDocument() const { return current_; }
+    /// The document of a database; nullptr when it has none.
+    AcApDocument* document(const AcDbDatabase* database) const;
+    int documentCount() const { return static_cast<int>(documents_.size()); }
+    /// A walk over the open documents, deleted by the caller.
+    AcApDocumentIterator* newAcApDocumentIterator() const;
+
+    /// Makes an open document the current one and its database the working one; the lock is taken
+    /// when it is not kNone. eInvalidInput for a foreign pointer.
+    Acad::ErrorStatus setCurDocument(AcApDocument* document,
+                                     AcAp::DocLockMode mode = AcAp::kNone, bool activate = false);
+    Acad::ErrorStatus activateDocument(AcApDocument* document);
+
+    /// Takes a lock. The process has one user and one thread, so a lock is always had; it must be
+    /// given back as often as it was taken. Command names and `prompt` have no effect.
+    Acad::ErrorStatus lockDocument(AcApDocument* document, AcAp::DocLockMode mode = AcAp::kWrite,
+                                   const ACHAR* globalName = nullptr,
+                                   const ACHAR* localName = nullptr, bool prompt = true);
+    /// Gives the lock taken last back. eLockViolation when none is held.
+    Acad::ErrorStatus unlockDocument(AcApDocument* document);
+
+    /// Takes a document in and makes it the current one.
+    AcApDocument* adopt(std::unique_ptr<AcApDocument> document);
+    /// Closes a document and deletes its drawing; the one opened last of the rest becomes current.
+    /// False for a foreign pointer.
+    bool close(AcApDocument* document);
+
+private:
+    bool has(const AcApDocument* document) const;
+    void makeCurrent(AcApDocument* document);
+
+    std::vector<std::unique_ptr<AcApDocument>> documents_;
+    AcApDocument* current_ = nullptr;
+};
+
+/// Walks the documents that were open when the walk began.
+class AcApDocumentIterator {
+public:
+    explicit AcApDocumentIterator(std::vector<AcApDocument*> documents)
+        : documents_(std::move(documents)) {}
+
+    bool done() const { return index_ >= documents_.size(); }
+    void step() { ++index_; }
+    /// nullptr past the end.
+    AcApDocument* document() const { return done() ? nullptr : documents_[index_]; }
+
+private:
+    std::vector<AcApDocument*> documents_;
+    std::size_t index_ = 0;
+};
+
+/// The document manager of the process.
+AcApDocManager* acDocManager();

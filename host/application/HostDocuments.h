@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+class AcApDocument;
+
+/// The few operations by which a program drives the embedded host.
+namespace host {
+
+/// Makes an empty drawing in a document of its own, which becomes the current one.
+AcApDocument* newDocument();
+
+/// Reads a drawing from a file into a document, which becomes the current one. `path` is UTF-8. On
+/// failure nullptr, and `error` is one line that names file, line and cause; nothing else changes.
+AcApDocument* openDocument(const std::string& path, std::string& error);
+
+/// Writes the document's drawing to a file. On failure false and a one-line reason in `error`.
+/// This build reads drawings only: it gives false and says so.
+bool saveDocument(AcApDocument* document, const std::string& path, std::string& error);
+
+/// Closes a document and deletes its drawing; another open one becomes the current one. A null or
+/// foreign pointer does nothing. Ids into the drawing stay safe and open nothing any more.
+void closeDocument(AcApDocument* document);
+
+} // namespace host

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "database/AcDbObject.h"
+#include "database/AcDbObjectIterator.h"
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+class AcDbDictionaryIterator;
+
+/// A map from names to objects, in the order of entering. Names are looked up without regard to
+/// case; an entry whose object was erased is not found.
+class AcDbDictionary : public AcDbObject {
+    ACRX_DECLARE_MEMBERS(AcDbDictionary);
+
+public:
+    /// An entry of the dictionary.
+    struct Entry {
+        CString name;
+        AcDbObjectId id;
+    };
+
+    AcDbDictionary() = default;
+
+    /// eKeyNotFound leaves `id` as it was.
+    Acad::ErrorStatus getAt(const ACHAR* name, AcDbObjectId& id) const;
+    /// Finds and opens the entry; `object` is nullptr on failure.
+    Acad::ErrorStatus getAt(const ACHAR* name, AcDbObject*& object, AcDb::OpenMode mode) const;
+    bool has(const ACHAR* name) const;
+    bool has(AcDbObjectId id) const;
+    /// The name of an entry; eKeyNotFound.
+    Acad::ErrorStatus nameAt(AcDbObjectId id, CString& name) const;
+    Adesk::UInt32 numEntries() const;
+    /// Enters an object under a name. One that is in no database yet is taken by the dictionary's
+    /// and stays open for write for the caller to close; one that is stays where it is. An entry of
+    /// that name before is erased. Needs the dictionary open for write and in a database; on
+    /// failure the object stays the caller's.
+    Acad::ErrorStatus setAt(const ACHAR* name, AcDbObject* object, AcDbObjectId& id);
+    /// Takes the entry out; the object stays in the database. eKeyNotFound.
+    Acad::ErrorStatus remove(const ACHAR* name);
+    Acad::ErrorStatus remove(AcDbObjectId id);
+    /// A walk over the entries there are now; deleted by the caller.
+    AcDbDictionaryIterator* newIterator() const;
+
+    /// The entries in order, those of erased objects included.
+    const std::vector<Entry>& entries() const { return entries_; }
+
+private:
+    friend class host_db::DatabaseBuilder;
+
+    AcDbObjectId find(const ACHAR* name) const;
+    void enter(const ACHAR* name, AcDbObjectId id);
+    void drop(std::size_t index);
+
+    std::vector<Entry> entries_;
+    std::unordered_map<std::wstring, std::size_t> byName_;
+};
+
+/// Walks the entries of a dictionary as they were when the walk began.
+class AcDbDictionaryIterator {
+public:
+    explicit AcDbDictionaryIterator(std::vector<AcDbDictionary::Entry> entries)
+        : entries_(std::move(entries)) {}
+
+    bool done() const { return index_ >= entries_.size(); }
+    /// Goes on; false past the last entry.
+    bool next();
+    /// Not to be asked once done.
+    const ACHAR* name() const { return entries_[index_].name; }
+    AcDbObjectId objectId() const { return entries_[index_].id; }
+    Acad::ErrorStatus getObject(AcDbObject*& object, AcDb::OpenMode mode = AcDb::kForRead) const;
+
+private:
+    std::vector<AcDbDictionary::Entry> entries_;
+    std::size_t index_ = 0;
+};

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "geometry/AcGeMatrix3d.h"
+#include "geometry/AcGePoint3d.h"
+#include "geometry/AcGeVector3d.h"
+
+/// A box along the axes. A default one is empty: its least point is (1e20, 1e20, 1e20) and its
+/// greatest (-1e20, -1e20, -1e20), so that the first point added becomes both.
+class AcDbExtents {
+public:
+    AcDbExtents();
+    AcDbExtents(const AcGePoint3d& min, const AcGePoint3d& max) : min_(min), max_(max) {}
+
+    AcGePoint3d minPoint() const { return min_; }
+    AcGePoint3d maxPoint() const { return max_; }
+    /// Takes both points as they stand, also with a minimum above the maximum.
+    void set(const AcGePoint3d& min, const AcGePoint3d& max);
+    /// The box holds no point: some minimum coordinate is above its maximum.
+    bool isEmpty() const;
+    /// Grows the box to hold the point.
+    void addPoint(const AcGePoint3d& point);
+    /// Grows the box to hold `other`; an empty one adds nothing.
+    void addExt(const AcDbExtents& other);
+    /// Grows the box to hold itself moved by `vector` as well. An empty box stays empty.
+    void expandBy(const AcGeVector3d& vector);
+    /// Makes the box that of its own eight corners under the transform. An empty box stays empty.
+    void transformBy(const AcGeMatrix3d& transform);
+
+private:
+    AcGePoint3d min_;
+    AcGePoint3d max_;
+};

@@ -1,0 +1,6 @@
+#include "database/AcDbHostApplicationServices.h"
+
+AcDbHostApplicationServices* acdbHostApplicationServices() {
+    static AcDbHostApplicationServices services;
+    return &services;
+}

@@ -1,0 +1,259 @@
+#include "database/AcDbObject.h"
+
+#include "database/AcDbDatabase.h"
+#include "database/OpenObjects.h"
+#include "platform/WideCharacters.h"
+
+#include <algorithm>
+
+ACRX_DEFINE_MEMBERS(AcDbObject, AcRxObject, nullptr)
+
+namespace {
+
+/// Extended data of one object may take this many bytes at most.
+constexpr std::size_t kMaxXdataBytes = 16383;
+
+bool isSection(const host_db::ResultItem& item) {
+    return item.type == AcDb::kDxfRegAppName;
+}
+
+const CString& sectionName(const host_db::ResultItem& item) {
+    return std::get<CString>(item.value);
+}
+
+bool isSectionOf(const host_db::ResultItem& item, const wchar_t* application) {
+    return isSection(item) && host_text::compareNoCase(sectionName(item), application) == 0;
+}
+
+using ItemIterator = host_db::ResultItems::const_iterator;
+
+ItemIterator sectionEnd(ItemIterator section, ItemIterator end) {
+    return std::find_if(section + 1, end, isSection);
+}
+
+std::size_t storedSize(const host_db::ResultItem& item) {
+    constexpr std::size_t kCodeBytes = 1;
+    if (const auto* text = std::get_if<CString>(&item.value)) {
+        // A section's name is stored as a reference of eight bytes.
+        return isSection(item) ? kCodeBytes + 8
+                               : kCodeBytes + 2 + 2 * static_cast<std::size_t>(text->GetLength());
+    }
+    if (const auto* bytes = std::get_if<std::string>(&item.value)) {
+        return kCodeBytes + 1 + bytes->size();
+    }
+    if (std::holds_alternative<AcGePoint3d>(item.value)) {
+        return kCodeBytes + 3 * sizeof(double);
+    }
+    if (std::holds_alternative<double>(item.value)) {
+        return kCodeBytes + sizeof(double);
+    }
+    return kCodeBytes + (item.type == AcDb::kDxfXDInteger32 ? 4 : 2);
+}
+
+bool isXdata(const host_db::ResultItems& items) {
+    return !items.empty() && isSection(items.front()) &&
+           std::all_of(items.begin(), items.end(), [](const host_db::ResultItem& item) {
+               return item.type >= AcDb::kDxfXDAsciiString &&
+                      item.type <= AcDb::kDxfXDInteger32 &&
+                      host_db::valueKind(item.type) != host_db::ValueKind::Unknown;
+           });
+}
+
+/// The old sections that the new ones do not name, then the new ones that hold anything.
+host_db::ResultItems merged(const host_db::ResultItems& old, const host_db::ResultItems& added) {
+    const auto isNamed = [&](const CString& name) {
+        return std::any_of(added.begin(), added.end(), [&](const host_db::ResultItem& item) {
+            return isSectionOf(item, name);
+        });
+    };
+    host_db::ResultItems result;
+    for (auto it = old.begin(); it != old.end();) {
+        const auto end = sectionEnd(it, old.end());
+        if (!isNamed(sectionName(*it))) {
+            result.insert(result.end(), it, end);
+        }
+        it = end;
+    }
+    for (auto it = added.begin(); it != added.end();) {
+        const auto end = sectionEnd(it, added.end());
+        if (end - it > 1) {
+            result.insert(result.end(), it, end);
+        }
+        it = end;
+    }
+    return result;
+}
+
+} // namespace
+
+AcDbObject::~AcDbObject() = default;
+
+AcDbObject::AcDbObject(const AcDbObject& other) : AcRxObject(other) {
+    host_db::ResultItems items = other.readXdata();
+    if (!items.empty()) {
+        storeXdata(std::move(items));
+    }
+}
+
+void AcDbObject::getAcDbHandle(AcDbHandle& handle) const {
+    handle = id_.handle();
+}
+
+AcDbDatabase* AcDbObject::database() const {
+    return id_.database();
+}
+
+Acad::ErrorStatus AcDbObject::close() {
+    return host_db::OpenObjects::close(*this);
+}
+
+Acad::ErrorStatus AcDbObject::upgradeOpen() {
+    return host_db::OpenObjects::upgrade(*this);
+}
+
+Acad::ErrorStatus AcDbObject::downgradeOpen() {
+    return host_db::OpenObjects::downgrade(*this);
+}
+
+Acad::ErrorStatus AcDbObject::erase(bool erasing) {
+    if (id_.isNull()) {
+        return Acad::eNotInDatabase;
+    }
+    const Acad::ErrorStatus status = prepareWrite();
+    if (status == Acad::eOk) {
+        erased_ = erasing;
+    }
+    return status;
+}
+
+Acad::ErrorStatus AcDbObject::prepareWrite() {
+    if (id_.isNull()) {
+        return Acad::eOk;
+    }
+    if (!openForWrite_) {
+        return Acad::eNotOpenForWrite;
+    }
+    modified_ = true;
+    ++database()->revision_;
+    return Acad::eOk;
+}
+
+void AcDbObject::onAdded(AcDbDatabase& database) {
+    if (!ownXdata_) {
+        return;
+    }
+    for (const host_db::ResultItem& item : extra_->xdata) {
+        if (isSection(item)) {
+            database.registerApplication(sectionName(item));
+        }
+    }
+    storeXdata(std::move(extra_->xdata));
+}
+
+AcDbObject::Extra& AcDbObject::extra() {
+    if (!extra_) {
+        extra_ = std::make_unique<Extra>();
+    }
+    return *extra_;
+}
+
+AcDbObjectId AcDbObject::extensionDictionary() const {
+    return extra_ ? extra_->extensionDictionary : AcDbObjectId();
+}
+
+Acad::ErrorStatus AcDbObject::createExtensionDictionary() {
+    if (id_.isNull()) {
+        return Acad::eNotInDatabase;
+    }
+    if (!extensionDictionary().isNull()) {
+        return Acad::eAlreadyInDb;
+    }
+    const Acad::ErrorStatus status = prepareWrite();
+    if (status != Acad::eOk) {
+        return status;
+    }
+    auto dictionary = std::make_unique<AcDbDictionary>();
+    AcDbObjectId id;
+    database()->addAcDbObject(id, dictionary.get(), id_);
+    extra().extensionDictionary = id;
+    return dictionary.release()->close();
+}
+
+host_db::ResultItems AcDbObject::readXdata() const {
+    if (ownXdata_) {
+        return extra_->xdata;
+    }
+    const AcDbDatabase* owner = database();
+    if (source_.xdataOffset == 0 || owner == nullptr || owner->source() == nullptr) {
+        return {};
+    }
+    resbuf* chain = owner->source()->readXdata(source_);
+    host_db::ResultItems items = host_db::itemsOf(chain);
+    acutRelRb(chain);
+    return items;
+}
+
+void AcDbObject::storeXdata(host_db::ResultItems items) {
+    if (AcDbDatabase* owner = database()) {
+        std::vector<std::uint32_t> applications;
+        for (const host_db::ResultItem& item : items) {
+            if (isSection(item)) {
+                applications.push_back(owner->applications_.add(sectionName(item)));
+            }
+        }
+        applicationSet_ = owner->applications_.setOf(applications);
+    }
+    extra().xdata = std::move(items);
+    ownXdata_ = true;
+}
+
+resbuf* AcDbObject::xData(const ACHAR* application) const {
+    const host_db::ResultItems items = readXdata();
+    if (application == nullptr) {
+        return host_db::chainOf(items);
+    }
+    const auto section = std::find_if(items.begin(), items.end(), [&](const auto& item) {
+        return isSectionOf(item, application);
+    });
+    if (section == items.end()) {
+        return nullptr;
+    }
+    return host_db::chainOf(host_db::ResultItems(section, sectionEnd(section, items.end())));
+}
+
+Acad::ErrorStatus AcDbObject::setXData(const resbuf* chain) {
+    const host_db::ResultItems added = host_db::itemsOf(chain);
+    if (!isXdata(added)) {
+        return Acad::eInvalidResBuf;
+    }
+    const AcDbDatabase* owner = database();
+    for (const host_db::ResultItem& item : added) {
+        if (isSection(item) && owner != nullptr &&
+            owner->applications().find(sectionName(item)) == host_db::XdataApplications::kNone) {
+            return Acad::eRegappIdNotFound;
+        }
+    }
+    host_db::ResultItems result = merged(readXdata(), added);
+    std::size_t size = 0;
+    for (const host_db::ResultItem& item : result) {
+        size += storedSize(item);
+    }
+    if (size > kMaxXdataBytes) {
+        return Acad::eXdataSizeExceeded;
+    }
+    const Acad::ErrorStatus status = prepareWrite();
+    if (status == Acad::eOk) {
+        storeXdata(std::move(result));
+    }
+    return status;
+}
+
+const ACHAR* AcDbObject::dxfTypeName() const {
+    const ACHAR* name = isA()->dxfName();
+    return name == nullptr ? L"" : name;
+}
+
+bool AcDbObject::hasXdataOf(std::uint32_t application) const {
+    const AcDbDatabase* owner = database();
+    return owner != nullptr && owner->applications().contains(applicationSet_, application);
+}

@@ -1,0 +1,142 @@
+#pragma once
+
+#include "database/AcadErrorStatus.h"
+#include "database/AcDbHandle.h"
+#include "database/AcDbObjectId.h"
+#include "database/AcDbTypes.h"
+#include "database/AcRxObject.h"
+#include "database/ResultItems.h"
+#include "database/SourceRange.h"
+
+#include <cstdint>
+#include <memory>
+
+class AcDbDatabase;
+
+namespace host_db {
+class DatabaseBuilder;
+struct OpenObjects;
+} // namespace host_db
+
+/// An object that can live in a database: identity, owner, open state, extended data.
+///
+/// An object in a database is used between opening and closing it (acdbOpenAcDbObject, close): any
+/// number of readers or one writer. Setters of an object in a database that is not open for write
+/// give eNotOpenForWrite and change nothing. An object outside a database has no open state and
+/// belongs to whoever made it.
+class AcDbObject : public AcRxObject {
+    ACRX_DECLARE_MEMBERS(AcDbObject);
+
+public:
+    AcDbObject& operator=(const AcDbObject&) = delete;
+    ~AcDbObject() override;
+
+    /// Null while the object is in no database.
+    AcDbObjectId objectId() const { return id_; }
+    AcDbObjectId id() const { return id_; }
+    /// The object that holds this one: a block table record for an entity, a block reference for an
+    /// attribute, a table for a record, a dictionary for its entries.
+    AcDbObjectId ownerId() const { return ownerId_; }
+    void getAcDbHandle(AcDbHandle& handle) const;
+    /// nullptr while the object is in no database.
+    AcDbDatabase* database() const;
+
+    /// Ends one open. eInvalidOpenState when the object is not open; eOk for an object outside a
+    /// database.
+    Acad::ErrorStatus close();
+    /// Turns the only read open into a write open; eWasOpenForRead when there are more readers.
+    Acad::ErrorStatus upgradeOpen();
+    /// Turns the write open into a read open; eWasOpenForRead when it is one already.
+    Acad::ErrorStatus downgradeOpen();
+    /// Marks the object erased, or brings it back with `erasing` false. Needs it open for write. An
+    /// erased object keeps its id and handle; opening it gives eWasErased.
+    virtual Acad::ErrorStatus erase(bool erasing = true);
+
+    bool isErased() const { return erased_; }
+    bool isReadEnabled() const { return readers_ > 0 || openForWrite_; }
+    bool isWriteEnabled() const { return openForWrite_ || id_.isNull(); }
+    /// Changed since it was read from its file, or made in this process.
+    bool isModified() const { return modified_; }
+    /// Made in this process and not read from a file.
+    bool isNewObject() const { return source_.isEmpty(); }
+
+    /// The dictionary attached to the object; null when there is none.
+    AcDbObjectId extensionDictionary() const;
+    /// Attaches an empty dictionary. eAlreadyInDb when there is one.
+    Acad::ErrorStatus createExtensionDictionary();
+
+    /// The extended data: a 1001 item with the application's name, then its items; of all
+    /// applications in their order, or of `application` alone (without regard to case; of one that
+    /// stands twice the first section). The chain belongs to the caller (acutRelRb); nullptr when
+    /// there is none. Cost: decodes the object's extended data from the file's bytes each time.
+    resbuf* xData(const ACHAR* application = nullptr) const;
+
+    /// Replaces the extended data of each application that the chain names, and leaves those of
+    /// others. A name without items behind it removes that application's data. The chain is copied.
+    /// eInvalidResBuf when it does not start with 1001 or holds a code outside 1000 to 1071,
+    /// eRegappIdNotFound for an application that is not registered in the object's database,
+    /// eXdataSizeExceeded above 16383 bytes, eNotOpenForWrite; nothing changes then.
+    virtual Acad::ErrorStatus setXData(const resbuf* chain);
+
+    /// The type name in drawing files, for instance L"LINE"; L"" for what no file holds.
+    virtual const ACHAR* dxfTypeName() const;
+
+    /// Where the object was read from; an empty range for one made in this process.
+    const host_dxf::SourceRange& sourceRange() const { return source_; }
+
+    /// Whether the object carries data of the application with this number (see
+    /// host_db::XdataApplications). Constant time for objects in a database; no text is decoded.
+    bool hasXdataOf(std::uint32_t application) const;
+    /// Number of the set of applications whose data it carries, 0 for none.
+    std::uint32_t applicationSet() const { return applicationSet_; }
+    /// The extended data when they were set in this process, nullptr while they stand in the file.
+    const host_db::ResultItems* ownXdata() const { return ownXdata_ ? &extra_->xdata : nullptr; }
+
+protected:
+    AcDbObject() = default;
+    /// Copies what belongs to the object itself: extended data, not identity, owner or open state.
+    AcDbObject(const AcDbObject& other);
+
+    /// To be asked by each setter before it writes: eNotOpenForWrite when the object may not be
+    /// changed now, else marks it changed.
+    Acad::ErrorStatus prepareWrite();
+
+    /// Sets one field under prepareWrite.
+    template <typename Field, typename Value>
+    Acad::ErrorStatus change(Field& field, const Value& value) {
+        const Acad::ErrorStatus status = prepareWrite();
+        if (status == Acad::eOk) {
+            field = value;
+        }
+        return status;
+    }
+
+    /// Called once when the object has entered a database, with its id and owner set.
+    virtual void onAdded(AcDbDatabase& database);
+
+private:
+    friend class AcDbDatabase;
+    friend class host_db::DatabaseBuilder;
+    friend struct host_db::OpenObjects;
+
+    /// What few objects have.
+    struct Extra {
+        AcDbObjectId extensionDictionary;
+        host_db::ResultItems xdata;
+    };
+
+    Extra& extra();
+    host_db::ResultItems readXdata() const;
+    void storeXdata(host_db::ResultItems items);
+
+    AcDbObjectId id_;
+    AcDbObjectId ownerId_;
+    host_dxf::SourceRange source_;
+    std::unique_ptr<Extra> extra_;
+    std::uint32_t applicationSet_ = 0;
+    std::uint16_t readers_ = 0;
+    bool openForWrite_ : 1 = false;
+    bool erased_ : 1 = false;
+    bool modified_ : 1 = true;
+    bool ownXdata_ : 1 = false;
+};

@@ -1,0 +1,159 @@
+#pragma once
+
+#include "database/AcDbBlockTableRecord.h"
+#include "database/AcDbSymbolTable.h"
+#include "database/OpenObject.h"
+
+namespace host_db {
+
+/// What the tables of one kind of record add to AcDbSymbolTable: typed look-up and adding.
+template <typename Record>
+class SymbolTableOf : public AcDbSymbolTable {
+public:
+    using AcDbSymbolTable::getAt;
+
+    Acad::ErrorStatus getAt(const ACHAR* name, Record*& record, AcDb::OpenMode mode,
+                            bool openErased = false) const {
+        AcDbObjectId id;
+        record = nullptr;
+        const Acad::ErrorStatus status = getAt(name, id, openErased);
+        return status == Acad::eOk ? acdbOpenObject(record, id, mode, openErased) : status;
+    }
+
+    using AcDbSymbolTable::add;
+
+    Acad::ErrorStatus add(AcDbObjectId& id, AcDbSymbolTableRecord* record) override {
+        return Record::cast(record) == nullptr ? Acad::eNotThatKindOfClass
+                                               : AcDbSymbolTable::add(id, record);
+    }
+};
+
+} // namespace host_db
+
+/// A layer: switches and default colour and linetype of the entities on it.
+class AcDbLayerTableRecord : public AcDbSymbolTableRecord {
+    ACRX_DECLARE_MEMBERS(AcDbLayerTableRecord);
+
+public:
+    AcDbLayerTableRecord() = default;
+    AcRxObject* clone() const override;
+
+    bool isOff() const { return off_; }
+    bool isFrozen() const { return (flags() & 1) != 0; }
+    bool isLocked() const { return (flags() & 4) != 0; }
+    Adesk::UInt16 colorIndex() const { return color_; }
+    AcDbObjectId linetypeObjectId() const { return linetype_; }
+    Acad::ErrorStatus setIsOff(bool off);
+    Acad::ErrorStatus setIsFrozen(bool frozen);
+    Acad::ErrorStatus setIsLocked(bool locked);
+    /// 1 to 255, else eInvalidInput.
+    Acad::ErrorStatus setColorIndex(Adesk::UInt16 color);
+    Acad::ErrorStatus setLinetypeObjectId(AcDbObjectId id);
+
+protected:
+    AcDbLayerTableRecord(const AcDbLayerTableRecord&) = default;
+
+private:
+    AcDbObjectId linetype_;
+    Adesk::UInt16 color_ = 7;
+    bool off_ = false;
+};
+
+/// A linetype: its description; the pattern stays in the file's bytes.
+class AcDbLinetypeTableRecord : public AcDbSymbolTableRecord {
+    ACRX_DECLARE_MEMBERS(AcDbLinetypeTableRecord);
+
+public:
+    AcDbLinetypeTableRecord() = default;
+    AcRxObject* clone() const override;
+
+    const ACHAR* comments() const { return comments_; }
+    Acad::ErrorStatus setComments(const ACHAR* text);
+
+protected:
+    AcDbLinetypeTableRecord(const AcDbLinetypeTableRecord&) = default;
+
+private:
+    CString comments_;
+};
+
+/// A text style: fonts, width factor, fixed height (0 for none), slant.
+class AcDbTextStyleTableRecord : public AcDbSymbolTableRecord {
+    ACRX_DECLARE_MEMBERS(AcDbTextStyleTableRecord);
+
+public:
+    AcDbTextStyleTableRecord() = default;
+    AcRxObject* clone() const override;
+
+    double xScale() const { return xScale_; }
+    double textSize() const { return textSize_; }
+    double obliquingAngle() const { return oblique_; }
+    const CString& fontFile() const { return fontFile_; }
+    const CString& bigFontFile() const { return bigFontFile_; }
+    Acad::ErrorStatus setXScale(double scale);
+    Acad::ErrorStatus setTextSize(double size);
+    Acad::ErrorStatus setObliquingAngle(double angle);
+    Acad::ErrorStatus setFileName(const ACHAR* file);
+    Acad::ErrorStatus setBigFontFileName(const ACHAR* file);
+
+protected:
+    AcDbTextStyleTableRecord(const AcDbTextStyleTableRecord&) = default;
+
+private:
+    double xScale_ = 1.0;
+    double textSize_ = 0.0;
+    double oblique_ = 0.0;
+    CString fontFile_;
+    CString bigFontFile_;
+};
+
+/// A dimension style; its variables stay in the file's bytes.
+class AcDbDimStyleTableRecord : public AcDbSymbolTableRecord {
+    ACRX_DECLARE_MEMBERS(AcDbDimStyleTableRecord);
+
+public:
+    AcDbDimStyleTableRecord() = default;
+    AcRxObject* clone() const override;
+
+protected:
+    AcDbDimStyleTableRecord(const AcDbDimStyleTableRecord&) = default;
+};
+
+/// A registered application. Its name cannot be changed, since extended data refer to it.
+class AcDbRegAppTableRecord : public AcDbSymbolTableRecord {
+    ACRX_DECLARE_MEMBERS(AcDbRegAppTableRecord);
+
+public:
+    AcDbRegAppTableRecord() = default;
+    AcRxObject* clone() const override;
+    /// eNotApplicable once the record is in a database.
+    Acad::ErrorStatus setName(const ACHAR* name) override;
+
+protected:
+    AcDbRegAppTableRecord(const AcDbRegAppTableRecord&) = default;
+    void onAdded(AcDbDatabase& database) override;
+};
+
+class AcDbBlockTable : public host_db::SymbolTableOf<AcDbBlockTableRecord> {
+    ACRX_DECLARE_MEMBERS(AcDbBlockTable);
+};
+
+class AcDbLayerTable : public host_db::SymbolTableOf<AcDbLayerTableRecord> {
+    ACRX_DECLARE_MEMBERS(AcDbLayerTable);
+};
+
+class AcDbLinetypeTable : public host_db::SymbolTableOf<AcDbLinetypeTableRecord> {
+    ACRX_DECLARE_MEMBERS(AcDbLinetypeTable);
+};
+
+class AcDbTextStyleTable : public host_db::SymbolTableOf<AcDbTextStyleTableRecord> {
+    ACRX_DECLARE_MEMBERS(AcDbTextStyleTable);
+};
+
+class AcDbDimStyleTable : public host_db::SymbolTableOf<AcDbDimStyleTableRecord> {
+    ACRX_DECLARE_MEMBERS(AcDbDimStyleTable);
+};
+
+class AcDbRegAppTable : public host_db::SymbolTableOf<AcDbRegAppTableRecord> {
+    ACRX_DECLARE_MEMBERS(AcDbRegAppTable);
+};

@@ -1,0 +1,51 @@
+#include "database/XdataApplications.h"
+
+#include "database/NameKey.h"
+
+#include <algorithm>
+
+namespace host_db {
+
+XdataApplications::XdataApplications() {
+    setOf({});
+}
+
+std::uint32_t XdataApplications::find(const wchar_t* name) const {
+    const auto it = byName_.find(nameKey(name));
+    return it == byName_.end() ? kNone : it->second;
+}
+
+std::uint32_t XdataApplications::add(const wchar_t* name) {
+    const auto [it, isNew] =
+        byName_.try_emplace(nameKey(name), static_cast<std::uint32_t>(names_.size()));
+    if (isNew) {
+        names_.emplace_back(name);
+    }
+    return it->second;
+}
+
+std::uint32_t XdataApplications::setOf(std::span<const std::uint32_t> applications) {
+    std::vector<std::uint32_t> set(applications.begin(), applications.end());
+    std::sort(set.begin(), set.end());
+    set.erase(std::unique(set.begin(), set.end()), set.end());
+    const auto [it, isNew] = bySet_.try_emplace(set, static_cast<std::uint32_t>(sets_.size()));
+    if (isNew) {
+        sets_.push_back(std::move(set));
+    }
+    return it->second;
+}
+
+bool XdataApplications::contains(std::uint32_t set, std::uint32_t application) const {
+    return std::binary_search(sets_[set].begin(), sets_[set].end(), application);
+}
+
+std::size_t
+XdataApplications::SetHash::operator()(const std::vector<std::uint32_t>& set) const noexcept {
+    std::size_t hash = set.size();
+    for (const std::uint32_t application : set) {
+        hash = hash * 0x9E3779B97F4A7C15ULL + application + 1;
+    }
+    return hash;
+}
+
+} // namespace host_db

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/CString.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace host_db {
+
+/// Which applications' data the objects of one database carry.
+///
+/// Applications are numbered from 0 in the order in which they were first named. A set of them is
+/// kept once however many objects have it; an object holds the set's number alone. Set 0 is empty.
+class XdataApplications {
+public:
+    static constexpr std::uint32_t kNone = 0xFFFFFFFFU;
+
+    XdataApplications();
+
+    /// The number of a name in any case, kNone for one that was never registered.
+    std::uint32_t find(const wchar_t* name) const;
+    /// The number of a name, given now when it is new.
+    std::uint32_t add(const wchar_t* name);
+    /// The name as it was first spelled.
+    const CString& name(std::uint32_t application) const { return names_[application]; }
+    std::size_t count() const { return names_.size(); }
+
+    /// The set of these applications; order and repetition are of no account.
+    std::uint32_t setOf(std::span<const std::uint32_t> applications);
+    /// The applications of a set in ascending order.
+    const std::vector<std::uint32_t>& members(std::uint32_t set) const { return sets_[set]; }
+    bool contains(std::uint32_t set, std::uint32_t application) const;
+    /// Number of distinct sets, the empty one included.
+    std::size_t setCount() const { return sets_.size(); }
+
+private:
+    struct SetHash {
+        std::size_t operator()(const std::vector<std::uint32_t>& set) const noexcept;
+    };
+
+    std::vector<CString> names_;
+    std::unordered_map<std::wstring, std::uint32_t> byName_;
+    std::vector<std::vector<std::uint32_t>> sets_;
+    std::unordered_map<std::vector<std::uint32_t>, std::uint32_t, SetHash> bySet_;
+};
+
+} // namespace host_db

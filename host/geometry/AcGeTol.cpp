@@ -1,0 +1,3 @@
+#include "geometry/AcGeTol.h"
+
+constinit AcGeTol AcGeContext::gTol;

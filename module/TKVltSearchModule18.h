@@ -1,0 +1,16 @@
+#pragma once
+
+// The exported boundary of TKVltSearchModule18: every function and class that sibling modules link
+// to. Names, signatures and the order of fields are fixed, spelling included.
+
+#include "frame/FlowKind.h"
+#include "frame/GetSearchInformation.h"
+#include "frame/GravitySearchObject.h"
+#include "frame/SearchObject.h"
+#include "gravity/GetGravityNetwork.h"
+#include "records/Block.h"
+#include "records/Entity.h"
+#include "records/GravitySeg.h"
+#include "records/Pipe.h"
+#include "records/Text.h"
+#include "records/Well.h"

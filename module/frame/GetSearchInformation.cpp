@@ -1,0 +1,61 @@
+#include "frame/GetSearchInformation.h"
+
+#include "frame/FlowKind.h"
+#include "frame/GravitySearchObject.h"
+#include "gravity/GetGravityNetwork.h"
+#include "records/XdataKeys.h"
+
+namespace {
+
+/// The system of a picked entity. Only an empty text moves on to the next name: an entity that
+/// carries the well name with an empty text is asked for the tank and the pipe name too.
+CString PickedSystemName(const AcDbObjectId& entity) {
+    CString name;
+    for (const wchar_t* key : {xdata::kWellSystem, xdata::kTankSystem, xdata::kPipeSystem}) {
+        ReadXdata(entity, key, name);
+        if (!name.IsEmpty()) {
+            break;
+        }
+    }
+    return name;
+}
+
+void DeleteResult(SearchObject*& object) {
+    delete object;
+    object = nullptr;
+}
+
+int SearchGravity(SearchObject*& object, AcDbObjectId& startId, AcDbObjectId& endId,
+                  AcGePoint3d& point) {
+    auto* network = new GravitySearchObject;
+    object = network;
+    if (GetGravityNetwork(network, startId, endId, point) == 0) {
+        DeleteResult(object);
+        return 0;
+    }
+    return 1;
+}
+
+/// Pressure networks are not searched yet, so the request ends as a failed search does.
+int SearchPressure(SearchObject*& object) {
+    object = nullptr;
+    return 0;
+}
+
+} // namespace
+
+int GetSearchInformation(SearchObject*& object, AcDbObjectId& startId, AcDbObjectId& endId,
+                         AcGePoint3d point) {
+    const CString name = PickedSystemName(startId);
+    if (name.IsEmpty()) {
+        return 0;
+    }
+    switch (PelGetDirectionSytle(name)) {
+    case 1:
+        return SearchGravity(object, startId, endId, point);
+    case 0:
+        return SearchPressure(object);
+    default:
+        return 1;
+    }
+}

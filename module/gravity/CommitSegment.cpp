@@ -1,0 +1,102 @@
+// Turns a traced chain into a node, a segment and the links between them.
+
+#include <algorithm>
+
+#include "gravity/GravityNetworkSearch.h"
+#include "gravity/MakeNode.h"
+#include "records/XdataKeys.h"
+
+namespace tkvlt {
+
+namespace {
+
+/// What the pipe that speaks for a segment says. A pipe that cannot be opened says nothing, with
+/// both ends at the origin.
+struct PipeTexts {
+    AcGePoint3d startPoint;
+    AcGePoint3d endPoint;
+    CString diameter;
+    CString flow;
+    CString slope;
+    CString startElevation;
+    CString endElevation;
+    CString material;
+};
+
+PipeTexts ReadPipeTexts(const AcDbObjectId& id) {
+    PipeTexts texts;
+    AcDbObject* object = nullptr;
+    if (acdbOpenAcDbObject(object, id, AcDb::kForRead, AcDbCurve::desc(), false) != Acad::eOk) {
+        return texts;
+    }
+    auto* curve = static_cast<AcDbCurve*>(object);
+    curve->getStartPoint(texts.startPoint);
+    curve->getEndPoint(texts.endPoint);
+    ReadXdata(object, xdata::kDiameter, texts.diameter);
+    ReadXdata(object, xdata::kFlow, texts.flow);
+    ReadXdata(object, xdata::kSlope, texts.slope);
+    ReadXdata(object, xdata::kStartElevation, texts.startElevation);
+    ReadXdata(object, xdata::kEndElevation, texts.endElevation);
+    ReadXdata(object, xdata::kMaterial, texts.material);
+    object->close();
+    return texts;
+}
+
+/// Fills the values of a segment from one pipe of it. The flow sense follows from the flow text and
+/// the entity's orientation, the elevations from the orientation alone.
+void ReadSegmentValues(GravitySeg& seg, const AcDbObjectId& pipe) {
+    const PipeTexts texts = ReadPipeTexts(pipe);
+    seg.flowText = texts.flow;
+    seg.material = texts.material;
+    const bool flowsStartToEnd = texts.flow.Compare(xdata::kStartToEnd) == 0;
+    const bool runsWithSegment =
+        texts.endPoint.distanceTo(seg.startPoint) > texts.startPoint.distanceTo(seg.startPoint);
+    seg.flowReversed = runsWithSegment == flowsStartToEnd ? 0 : 1;
+    seg.diameter = IntegerPrefix(texts.diameter);
+    seg.slope = NumberPrefix(texts.slope);
+    seg.endElevation = NumberPrefix(runsWithSegment ? texts.endElevation : texts.startElevation);
+    seg.startElevation = NumberPrefix(runsWithSegment ? texts.startElevation : texts.endElevation);
+}
+
+} // namespace
+
+int GravityNetworkSearch::CommitSegment(int well) {
+    Well node = MakeNode(TargetBlock(targetKind, targetIndex), targetKind);
+    const int reached = static_cast<int>(result->wells.Add(node));
+    candidates_->NodeAdded(reached);
+
+    GravitySeg seg;
+    seg.startWell = well;
+    seg.endWell = reached;
+    seg.startEntity = result->wells.ElementAt(well).nodeEntity;
+    seg.endEntity = node.nodeEntity;
+    seg.startPoint = result->wells.ElementAt(well).nodePoint;
+    seg.endPoint = node.nodePoint;
+    seg.length = chainLength;
+    // Before the pipes leave the pool, for the label is placed on them.
+    PlaceAnnotation(seg.annotatePoint, seg.annotateVector, seg.startPoint);
+    TakeChainPipes(seg);
+    if (!seg.pipeIds.isEmpty()) {
+        seg.systemName = systemName;
+        ReadSegmentValues(seg, seg.pipeIds.at(0));
+    }
+    const int added = static_cast<int>(result->segs.Add(seg));
+    result->wells.ElementAt(well).outSegs.Add(added);
+    result->wells.ElementAt(reached).inSeg = added;
+    return reached;
+}
+
+/// The ids stand in pool order, whatever the order of the chain.
+void GravityNetworkSearch::TakeChainPipes(GravitySeg& seg) {
+    std::vector<int> taken;
+    for (int i = 0; i < static_cast<int>(chainPipes.GetSize()); ++i) {
+        taken.push_back(chainPipes.GetAt(i));
+    }
+    std::sort(taken.begin(), taken.end());
+    for (const int pipe : taken) {
+        seg.pipeIds.append(pipePool[pipe].id);
+        pipePool.Remove(pipe);
+    }
+}
+
+} // namespace tkvlt

@@ -1,0 +1,83 @@
+#include "gravity/GravityNetworkSearch.h"
+
+#include "records/XdataKeys.h"
+
+namespace tkvlt {
+
+namespace {
+
+/// A way to be asked for its system: the name it is asked under and the kind that this makes it.
+struct KindKey {
+    const wchar_t* key;
+    EntityKind kind;
+};
+
+constexpr KindKey kKindKeys[] = {{xdata::kWellSystem, kWellEntity},
+                                 {xdata::kTankSystem, kTankEntity},
+                                 {xdata::kPipeSystem, kPipeEntity}};
+
+/// Reads the first text that is not empty and what it makes of the entity. The kind is that of the
+/// last name asked, a pipe, when all texts are empty.
+EntityKind ReadSystemName(const AcDbObjectId& id, CString& name) {
+    for (const KindKey& way : kKindKeys) {
+        ReadXdata(id, way.key, name);
+        if (!name.IsEmpty()) {
+            return way.kind;
+        }
+    }
+    return kPipeEntity;
+}
+
+} // namespace
+
+GravityNetworkSearch::GravityNetworkSearch(GravitySearchObject* object, AcDbObjectId& startId,
+                                           AcDbObjectId& endId, AcGePoint3d& point,
+                                           CandidateMode mode)
+    : result(object), startId(&startId), endId(&endId), searchPoint(&point), abortFlag(0),
+      dwgScale(GetDwgScale()), candidateMode_(mode) {
+    snapDist = dwgScale * GetPipeBreakDist() * 2.0 * 1.1 * 2.0;
+    lengthMode = GetPipeCalLongType();
+}
+
+int GravityNetworkSearch::Run() {
+    if (ValidateEnds() == 0) {
+        return 0;
+    }
+    if (CollectEntities() == 0) {
+        return 0;
+    }
+    if (PlaceRootWell() == 0) {
+        return 0;
+    }
+    if (WalkFromWell(0) == 0 || abortFlag != 0) {
+        return 0;
+    }
+    if (TraceEndPath() == 0) {
+        return 0;
+    }
+    OrderSegHeights();
+    return 1;
+}
+
+int GravityNetworkSearch::ValidateEnds() {
+    if (*endId == *startId || startId->isNull()) {
+        return 0;
+    }
+    startKind = ReadSystemName(*startId, systemName);
+    if (systemName.IsEmpty()) {
+        return 0;
+    }
+    return endId->isNull() ? 1 : ValidateEndEntity();
+}
+
+int GravityNetworkSearch::ValidateEndEntity() {
+    CString endSystem;
+    const EntityKind kind = ReadSystemName(*endId, endSystem);
+    if (endSystem.Compare(systemName) != 0) {
+        return 0;
+    }
+    endKind = kind;
+    return 1;
+}
+
+} // namespace tkvlt

@@ -1,0 +1,173 @@
+#pragma once
+
+#include <memory>
+
+#include "frame/GravitySearchObject.h"
+#include "gravity/CandidateSource.h"
+#include "records/Block.h"
+#include "records/Pipe.h"
+#include "records/RecordPool.h"
+
+namespace tkvlt {
+
+/// What an entity of a gravity network is, by the first name under which it carries a text.
+enum EntityKind { kWellEntity = 0, kTankEntity = 1, kPipeEntity = 2 };
+
+/// What ended a chain.
+enum TargetKind { kTankTarget = 0, kWellTarget = 1 };
+
+struct ChainBranch;
+struct ChainFrame;
+
+/// What one trace of a single pipe found.
+struct ChainOutcome {
+    int reached;    ///< 1 when the trace ended at a target
+    int targetKind; ///< a `TargetKind`
+    int targetIndex;
+    double length; ///< drawing units
+};
+
+/// The working context of one gravity search.
+///
+/// A search takes a snapshot of every network entity of the drawing into pools, places a root well,
+/// and walks from well to well: each pipe that touches a well is followed, as a chain of pipes, to
+/// the next well or tank, and the chain becomes a segment. All state of a search lives here, for
+/// the length of one call.
+///
+/// `Run` is the whole search. The single-pipe path uses `CollectEntitiesOnly` and
+/// `BuildSinglePipeSeg` on a context without a result.
+class GravityNetworkSearch {
+public:
+    /// @param object what is filled; not owned. Null on the single-pipe path.
+    /// @param startId, endId, point are read through the whole search and must outlive it.
+    GravityNetworkSearch(GravitySearchObject* object, AcDbObjectId& startId, AcDbObjectId& endId,
+                         AcGePoint3d& point, CandidateMode mode = CandidateModeFromEnvironment());
+
+    // The operations return 1 for done and 0 for not done, unless they say otherwise.
+
+    /// Validates, collects, places the root, walks, traces the end path and orders the heights.
+    int Run();
+    int ValidateEnds();
+    int CollectEntities();
+    /// Collects whatever there is; always 1.
+    int CollectEntitiesOnly();
+    /// Leaves exactly one node in an empty result.
+    int PlaceRootWell();
+    /// Grows the tree out of node `well`, depth first. 1 when the scan of the pipes ran to its end.
+    /// A cycle raises `abortFlag`, which the caller tests beside the result.
+    int WalkFromWell(int well);
+    int TraceEndPath();
+    /// Puts the lower elevation of each segment first.
+    void OrderSegHeights();
+
+    /// Begins a chain with `pipe`; always 1.
+    int ResetChain(int pipe);
+    /// Follows the chain out of `pipe` to a well or tank.
+    ///
+    /// @param outThroughStart nonzero when the chain leaves `pipe` through its start point.
+    /// @param seed where the chain entered `pipe`; it serves only for measuring.
+    /// @return 1 with the chain and its target in the context; 0 with marks, list and length as
+    /// they
+    ///         were. A chain that comes near a known node raises `abortFlag` and ends.
+    int TraceChain(int pipe, int outThroughStart, AcGePoint3d seed);
+    /// Measures `pipe` into the chain and puts `nextPipe` behind it, unless that is -1; always 1.
+    int AddChainLink(int pipe, int nextPipe, AcGePoint3d from, AcGePoint3d to);
+    /// Takes the last pipe of the chain off again; always 1.
+    int UndoChainLink(int pipe, double savedLength);
+
+    /// The place and direction of the label half way along the traced chain, counted from
+    /// `reference`. 0, with both outputs untouched, when the pipes are too short to reach the
+    /// middle.
+    int PlaceAnnotation(AcGePoint3d& point, AcGeVector3d& vector, AcGePoint3d reference);
+    /// Turns the traced chain into a node and a segment and takes its pipes from the pool.
+    /// @return the index of the new node.
+    int CommitSegment(int well);
+    /// Fills a default-constructed `seg` with the stretch around `pipe`, taking nothing from the
+    /// pools. 0: not collected, or no target on either side; 1: targets on both sides; 2: on one.
+    int BuildSinglePipeSeg(GravitySeg& seg, const AcDbObjectId& pipe, CString systemName);
+
+    /// 1 when the chain's target is not part of the result yet.
+    int IsTargetNew();
+
+    GravitySearchObject* result;
+    AcDbObjectId* startId;
+    AcDbObjectId* endId;
+    AcGePoint3d* searchPoint;    ///< read only when a start pipe has a target on both sides
+    int abortFlag;               ///< 1 once a cycle was met; nothing clears it
+    RecordPool<_Pipe> pipePool;  ///< pipes not yet part of a segment
+    RecordPool<_Block> wellPool; ///< wells of the drawing; one leaves only by merging
+    RecordPool<_Block> tankPool; ///< tanks of the drawing
+    CString systemName;          ///< the pipe system that is searched
+    double snapDist;             ///< how near two pipe ends must be to join, drawing units
+    double dwgScale;             ///< serves only to compute `snapDist`
+    int startKind = kPipeEntity; ///< an `EntityKind`
+    int endKind = kPipeEntity;   ///< an `EntityKind`; meaningful only if `endId` is not null
+    int lengthMode; ///< how a chain's length is summed: 0 whole pipes, 1 parts, else none
+    CArray<int, int> pipeMarks;   ///< one flag per pool index: 1 while the pipe is in the chain
+    double chainLength = 0.0;     ///< drawing units
+    CArray<int, int> chainPipes;  ///< pool indices of the chain, in trace order
+    int targetKind = kTankTarget; ///< a `TargetKind`
+    int targetIndex = -1;         ///< pool index of the target; -1 when the chain has none
+
+private:
+    enum class ChainEnd { kOpen, kTarget, kKnownNode };
+    enum class WalkStep { kDescended, kScanEnded, kCycle };
+
+    void AddToPool(const AcDbObjectId& id);
+    int ValidateEndEntity();
+
+    int FindPipe(const AcDbObjectId& id) const;
+    bool FindRoot(int& index, int& kind);
+    bool FindRootBeyondPipe(int pipe, int& index, int& kind);
+
+    int ArriveAtWell(int well);
+    void MergeOverlappingWells(int well);
+    void MergeWell(int well, int poolWell, double distance, double radius);
+    bool IsNode(const AcDbObjectId& id) const;
+    std::vector<int> PipesNear(const Well& node) const;
+    bool TouchesNode(const _Pipe& pipe, const Well& node, int& nearEndIsStart,
+                     AcGePoint3d& seed) const;
+    WalkStep FollowNextPipe(int well, int& reached);
+
+    ChainFrame EnterPipe(const ChainBranch& branch) const;
+    ChainEnd EndOfChain(const ChainFrame& level);
+    bool IsNearKnownNode(const AcGePoint3d& freeEnd) const;
+    bool EndsAtWell(const ChainFrame& level);
+    bool EndsAtTank(const ChainFrame& level);
+    bool NextBranch(ChainFrame& level, ChainBranch& branch);
+    void BeginNextStage(ChainFrame& level) const;
+    bool CanFollow(int pipe) const;
+    bool MayContinue(const _Pipe& current, const _Pipe& next) const;
+    bool JoinsEndToEnd(const ChainFrame& level, int pipe, ChainBranch& branch) const;
+    bool EntersSide(ChainFrame& level, int pipe, ChainBranch& branch) const;
+    bool ContinuesOverlap(const ChainFrame& level, int pipe, ChainBranch& branch) const;
+    bool LeavesCrossing(ChainFrame& level, int pipe, const AcGePoint3d& crossing,
+                        ChainBranch& branch) const;
+
+    void TakeChainPipes(GravitySeg& seg);
+    const _Block& TargetBlock(int kind, int index) const;
+    int FindEndWell();
+    int FindEndBlock();
+    int FindEndPipe() const;
+    void ReadSinglePipeTexts(GravitySeg& seg, const AcDbObjectId& pipe) const;
+    int FinishOneSided(GravitySeg& seg, int pipe, const ChainOutcome& first,
+                       const ChainOutcome& second);
+    void FinishTwoSided(GravitySeg& seg, const ChainOutcome& first, const ChainOutcome& second);
+
+    CandidateMode candidateMode_;
+    std::unique_ptr<CandidateSource> candidates_;
+};
+
+/// How near a pipe end must be to a well's position to end a chain there, drawing units.
+double WellReach(const _Block& well);
+
+/// `radius`, or for a square well its reach to the corner.
+double RadiusToCorner(const _Block& block, double radius);
+
+/// One millimetre of the real network, in drawing units.
+double ExtentsMargin();
+
+/// 1 when `point` lies in `extents` widened by one millimetre of the real network, bounds included.
+int PointInExtents(AcGePoint3d point, AcDbExtents extents, int ignoreZ);
+
+} // namespace tkvlt

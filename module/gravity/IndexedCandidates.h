@@ -1,0 +1,51 @@
+#pragma once
+
+#include "gravity/CandidateSource.h"
+#include "records/BoxGrid.h"
+#include "records/BoxTree.h"
+#include "records/Candidates.h"
+
+namespace tkvlt {
+
+/// Finds candidates through trees over the pools as they were collected and a grid over the nodes.
+///
+/// The pools of a gravity search only shrink, so the trees are built once and what has been taken
+/// is passed over.
+class IndexedCandidates final : public CandidateSource {
+public:
+    explicit IndexedCandidates(const GravityNetworkSearch& search);
+
+    std::vector<int> PipesWithEndIn(const PlanBox& box) const override;
+    std::vector<int> PipesReachingInto(const PlanBox& box) const override;
+    std::vector<int> WellsIn(const PlanBox& box) const override;
+    std::vector<int> TanksReachingInto(const PlanBox& box) const override;
+    std::vector<int> NodesIn(const PlanBox& box) const override;
+    std::vector<int> NodesOf(const AcDbObjectId& id) const override;
+    std::vector<int> PipesOf(const AcDbObjectId& id) const override;
+    std::vector<int> WellsOf(const AcDbObjectId& id) const override;
+    std::vector<int> TanksOf(const AcDbObjectId& id) const override;
+    double LargestWellReach() const override;
+    void NodeAdded(int node) override;
+    void NodeMoved(int node, const AcGePoint3d& oldPoint) override;
+    void NodeMerged(int node, const AcDbObjectId& id) override;
+
+private:
+    void IndexPipes();
+    void IndexWells();
+    void IndexTanks();
+
+    const GravityNetworkSearch& search_;
+    BoxTree pipeEnds_; // items 2i and 2i + 1 are the start and the end of pipe i
+    BoxTree pipeCurves_;
+    BoxTree wells_;
+    BoxTree tanks_;
+    BoxGrid nodes_;
+    IdIndex pipeIds_;
+    IdIndex wellIds_;
+    IdIndex tankIds_;
+    IdIndex nodeIds_;
+    std::vector<int> wellsByReach_;       // largest reach first
+    mutable std::size_t largestWell_ = 0; // place in wellsByReach_ of the first that may be present
+};
+
+} // namespace tkvlt

@@ -1,0 +1,87 @@
+// Finds the well or tank that the walk starts from and makes it node 0.
+
+#include "gravity/GravityNetworkSearch.h"
+#include "gravity/MakeNode.h"
+
+namespace tkvlt {
+
+namespace {
+
+/// Index of the first entry among `indices` that is the entity `id`; -1 for none.
+template<class Record>
+int FirstOf(const std::vector<int>& indices, const RecordPool<Record>& pool,
+            const AcDbObjectId& id) {
+    for (const int index : indices) {
+        if (pool[index].id == id) {
+            return index;
+        }
+    }
+    return -1;
+}
+
+} // namespace
+
+int GravityNetworkSearch::FindPipe(const AcDbObjectId& id) const {
+    return FirstOf(candidates_->PipesOf(id), pipePool, id);
+}
+
+int GravityNetworkSearch::PlaceRootWell() {
+    int index = -1;
+    int kind = kTankTarget;
+    if (!FindRoot(index, kind)) {
+        return 0;
+    }
+    Well root = MakeNode(TargetBlock(kind, index), kind);
+    result->wells.Add(root);
+    candidates_->NodeAdded(static_cast<int>(result->wells.GetSize()) - 1);
+    result->rootWell = 0;
+    return 1;
+}
+
+bool GravityNetworkSearch::FindRoot(int& index, int& kind) {
+    switch (startKind) {
+    case kWellEntity:
+        kind = kWellTarget;
+        index = FirstOf(candidates_->WellsOf(*startId), wellPool, *startId);
+        return index >= 0;
+    case kTankEntity:
+        kind = kTankTarget;
+        index = FirstOf(candidates_->TanksOf(*startId), tankPool, *startId);
+        return index >= 0;
+    default: {
+        const int pipe = FindPipe(*startId);
+        return pipe >= 0 && FindRootBeyondPipe(pipe, index, kind);
+    }
+    }
+}
+
+bool GravityNetworkSearch::FindRootBeyondPipe(int pipe, int& index, int& kind) {
+    ResetChain(pipe);
+    TraceChain(pipe, 1, pipePool[pipe].endPoint);
+    const int startIndex = targetIndex;
+    const int startKindOfTarget = targetKind;
+    ResetChain(pipe);
+    TraceChain(pipe, 0, pipePool[pipe].startPoint);
+    const int endIndex = targetIndex;
+    const int endKindOfTarget = targetKind;
+    if (startIndex < 0 && endIndex < 0) {
+        return false;
+    }
+    bool takeEnd = startIndex < 0;
+    if (startIndex >= 0 && endIndex >= 0) {
+        const double startDistance =
+            searchPoint->distanceTo(TargetBlock(startKindOfTarget, startIndex).position);
+        const double endDistance =
+            searchPoint->distanceTo(TargetBlock(endKindOfTarget, endIndex).position);
+        takeEnd = endDistance <= startDistance;
+    }
+    index = takeEnd ? endIndex : startIndex;
+    kind = takeEnd ? endKindOfTarget : startKindOfTarget;
+    return true;
+}
+
+const _Block& GravityNetworkSearch::TargetBlock(int kind, int index) const {
+    return kind != kTankTarget ? wellPool[index] : tankPool[index];
+}
+
+} // namespace tkvlt

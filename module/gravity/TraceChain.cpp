@@ -1,0 +1,284 @@
+// Follows a run of pipe from the free end of a pipe to the well or tank where it ends.
+//
+// A run may be drawn as several pipes that meet end to end, or cross one another. From a free end
+// the stages are, and the first that decides ends the level:
+//   1. a known node there: the network closes on itself, the whole search gives up;
+//   2. a well of the searched system there: the target;
+//   3. a tank there, of whatever system: the target;
+//   4. pipes that have an end there, each followed through its other end;
+//   5. pipes that the last pipe crosses or overlaps, each followed towards both ends.
+// A way that leads nowhere is taken back and the next is tried. Within a stage the first in pool
+// order wins.
+
+#include <algorithm>
+
+#include "gravity/ChainFrame.h"
+#include "gravity/GravityNetworkSearch.h"
+#include "records/PipeBox.h"
+
+namespace tkvlt {
+
+namespace {
+
+/// Straight pipes within 18 degrees of one another may be one run.
+AcGeTol ParallelTolerance() {
+    AcGeTol tolerance;
+    tolerance.setEqualVector(0.3141592653589793);
+    return tolerance;
+}
+
+AcGeTol ColinearTolerance() {
+    AcGeTol tolerance;
+    tolerance.setEqualVector(0.1);
+    return tolerance;
+}
+
+/// A crossing this near to a pipe's end does not lead towards that end: one metre in the drawing.
+double CrossingMargin() {
+    return 1000.0 / GetVZDrawScale();
+}
+
+/// Crosses two pipes of which at least one is an arc; false when they do not meet.
+bool CrossArc(const _Pipe& current, const _Pipe& next, int& count, AcGePoint3d& crossing) {
+    AcGePoint3d second;
+    const AcGeCircArc3d& arc = current.isArc != 0 ? current.arc : next.arc;
+    if (current.isArc != 0 && next.isArc != 0) {
+        return arc.intersectWith(next.arc, count, crossing, second) != 0;
+    }
+    const AcGeLineSeg3d& line = current.isArc != 0 ? next.line : current.line;
+    return arc.intersectWith(line, count, crossing, second) != 0;
+}
+
+} // namespace
+
+int GravityNetworkSearch::ResetChain(int pipe) {
+    targetIndex = -1;
+    chainLength = 0.0;
+    // Marks stand exactly on the pipes of the last chain, so clearing those clears all.
+    for (int i = 0; i < static_cast<int>(chainPipes.GetSize()); ++i) {
+        pipeMarks.SetAt(chainPipes.GetAt(i), 0);
+    }
+    chainPipes.SetSize(0);
+    pipeMarks.SetSize(pipePool.Size());
+    pipeMarks.SetAt(pipe, 1);
+    chainPipes.Add(pipe);
+    return 1;
+}
+
+int GravityNetworkSearch::AddChainLink(int pipe, int nextPipe, AcGePoint3d from, AcGePoint3d to) {
+    if (lengthMode == 0) {
+        chainLength += pipePool[pipe].GetLength();
+    } else if (lengthMode == 1) {
+        chainLength += pipePool[pipe].GetLength(from, to);
+    }
+    if (nextPipe >= 0) {
+        pipeMarks.SetAt(nextPipe, 1);
+        chainPipes.Add(nextPipe);
+    }
+    return 1;
+}
+
+int GravityNetworkSearch::UndoChainLink(int pipe, double savedLength) {
+    pipeMarks.SetAt(pipe, 0);
+    chainLength = savedLength;
+    chainPipes.RemoveAt(chainPipes.GetUpperBound());
+    return 1;
+}
+
+int GravityNetworkSearch::TraceChain(int pipe, int outThroughStart, AcGePoint3d seed) {
+    // An explicit stack of levels: a chain may be as long as there are pipes.
+    std::vector<ChainFrame> levels;
+    levels.push_back(EnterPipe({pipe, outThroughStart, seed}));
+    ChainEnd end = EndOfChain(levels.back());
+    while (end != ChainEnd::kTarget) {
+        ChainFrame& level = levels.back();
+        ChainBranch branch;
+        if (end == ChainEnd::kOpen && NextBranch(level, branch)) {
+            level.savedLength = chainLength;
+            AddChainLink(level.pipe, branch.pipe, level.seed, branch.joint);
+            levels.push_back(EnterPipe(branch));
+            end = EndOfChain(levels.back());
+            continue;
+        }
+        const int deadEnd = level.pipe;
+        levels.pop_back();
+        if (levels.empty()) {
+            return 0;
+        }
+        UndoChainLink(deadEnd, levels.back().savedLength);
+        end = abortFlag != 0 ? ChainEnd::kKnownNode : ChainEnd::kOpen;
+    }
+    return 1;
+}
+
+ChainFrame GravityNetworkSearch::EnterPipe(const ChainBranch& branch) const {
+    ChainFrame level;
+    const _Pipe& pipe = pipePool[branch.pipe];
+    level.pipe = branch.pipe;
+    level.seed = branch.joint;
+    level.freeEnd = branch.outThroughStart != 0 ? pipe.startPoint : pipe.endPoint;
+    return level;
+}
+
+GravityNetworkSearch::ChainEnd GravityNetworkSearch::EndOfChain(const ChainFrame& level) {
+    if (IsNearKnownNode(level.freeEnd)) {
+        abortFlag = 1;
+        return ChainEnd::kKnownNode;
+    }
+    return EndsAtWell(level) || EndsAtTank(level) ? ChainEnd::kTarget : ChainEnd::kOpen;
+}
+
+/// The reach is that of the wells still in the pool and not the node's own, so the largest decides.
+bool GravityNetworkSearch::IsNearKnownNode(const AcGePoint3d& freeEnd) const {
+    if (result == nullptr || wellPool.IsEmpty()) {
+        return false;
+    }
+    const double reach = candidates_->LargestWellReach();
+    const std::vector<int> nodes = candidates_->NodesIn(PlanBox::Around(freeEnd, reach));
+    return std::any_of(nodes.begin(), nodes.end(), [&](int node) {
+        return result->wells.GetAt(node).nodePoint.distanceTo(freeEnd) <= reach;
+    });
+}
+
+bool GravityNetworkSearch::EndsAtWell(const ChainFrame& level) {
+    const PlanBox reachable = PlanBox::Around(level.freeEnd, candidates_->LargestWellReach());
+    for (const int i : candidates_->WellsIn(reachable)) {
+        const _Block& well = wellPool[i];
+        if (well.systemName.Compare(systemName) == 0 &&
+            well.position.distanceTo(level.freeEnd) < WellReach(well)) {
+            targetIndex = i;
+            AddChainLink(level.pipe, -1, level.seed, well.position);
+            targetKind = kWellTarget;
+            return true;
+        }
+    }
+    return false;
+}
+
+bool GravityNetworkSearch::EndsAtTank(const ChainFrame& level) {
+    const PlanBox reachable = PlanBox::Around(level.freeEnd, ExtentsMargin());
+    for (const int i : candidates_->TanksReachingInto(reachable)) {
+        if (PointInExtents(level.freeEnd, tankPool[i].extents, 1) != 0) {
+            targetIndex = i;
+            AddChainLink(level.pipe, -1, level.seed, level.freeEnd);
+            targetKind = kTankTarget;
+            return true;
+        }
+    }
+    return false;
+}
+
+bool GravityNetworkSearch::NextBranch(ChainFrame& level, ChainBranch& branch) {
+    if (level.towardsEnd) {
+        branch = *level.towardsEnd;
+        level.towardsEnd.reset();
+        return true;
+    }
+    while (level.stage != ChainStage::kExhausted) {
+        while (level.nextCandidate < level.candidates.size()) {
+            const int pipe = level.candidates[level.nextCandidate++];
+            if (CanFollow(pipe) &&
+                (level.stage == ChainStage::kEndToEnd ? JoinsEndToEnd(level, pipe, branch)
+                                                      : EntersSide(level, pipe, branch))) {
+                return true;
+            }
+        }
+        BeginNextStage(level);
+    }
+    return false;
+}
+
+void GravityNetworkSearch::BeginNextStage(ChainFrame& level) const {
+    level.nextCandidate = 0;
+    switch (level.stage) {
+    case ChainStage::kEntered:
+        level.stage = ChainStage::kEndToEnd;
+        level.candidates = candidates_->PipesWithEndIn(PlanBox::Around(level.freeEnd, snapDist));
+        break;
+    case ChainStage::kEndToEnd:
+        level.stage = ChainStage::kIntoSide;
+        level.candidates = candidates_->PipesReachingInto(
+            PipeBox(pipePool[level.pipe]).Widened(2.0 * AcGeContext::gTol.equalPoint()));
+        break;
+    default:
+        level.stage = ChainStage::kExhausted;
+        level.candidates.clear();
+        break;
+    }
+}
+
+bool GravityNetworkSearch::CanFollow(int pipe) const {
+    return pipePool[pipe].systemName.Compare(systemName) == 0 && pipeMarks.GetAt(pipe) == 0;
+}
+
+/// The direction rule. An arc may turn anywhere; a straight pipe goes on in its own direction, an
+/// arc behind it being judged by its chord.
+bool GravityNetworkSearch::MayContinue(const _Pipe& current, const _Pipe& next) const {
+    return current.isArc != 0 || current.line.isParallelTo(next.line, ParallelTolerance()) != 0;
+}
+
+bool GravityNetworkSearch::JoinsEndToEnd(const ChainFrame& level, int pipe,
+                                         ChainBranch& branch) const {
+    const _Pipe& next = pipePool[pipe];
+    const NearEnd near = NearestEnd(next, level.freeEnd);
+    if (!(near.distance < snapDist) || !MayContinue(pipePool[level.pipe], next)) {
+        return false;
+    }
+    branch = {pipe, near.isStart ? 0 : 1, near.isStart ? next.startPoint : next.endPoint};
+    return true;
+}
+
+bool GravityNetworkSearch::EntersSide(ChainFrame& level, int pipe, ChainBranch& branch) const {
+    const _Pipe& current = pipePool[level.pipe];
+    const _Pipe& next = pipePool[pipe];
+    if (NearestEnd(next, level.freeEnd).distance < snapDist || !MayContinue(current, next)) {
+        return false;
+    }
+    int count = 0;
+    AcGePoint3d crossing;
+    if (current.isArc != 0 || next.isArc != 0) {
+        if (!CrossArc(current, next, count, crossing)) {
+            return false;
+        }
+    } else {
+        count = 1;
+        if (current.line.intersectWith(next.line, crossing) == 0) {
+            return ContinuesOverlap(level, pipe, branch);
+        }
+    }
+    return count == 1 && LeavesCrossing(level, pipe, crossing, branch);
+}
+
+bool GravityNetworkSearch::ContinuesOverlap(const ChainFrame& level, int pipe,
+                                            ChainBranch& branch) const {
+    const AcGeLineSeg3d& current = pipePool[level.pipe].line;
+    const AcGeLineSeg3d& next = pipePool[pipe].line;
+    const AcGeTol tolerance = ColinearTolerance();
+    if (current.isColinearTo(next, tolerance) == 0) {
+        return false;
+    }
+    const bool startIsOn = current.isOn(next.startPoint(), tolerance) != 0;
+    const bool endIsOn = current.isOn(next.endPoint(), tolerance) != 0;
+    if (startIsOn == endIsOn) {
+        return false;
+    }
+    branch = {pipe, startIsOn ? 0 : 1, startIsOn ? next.startPoint() : next.endPoint()};
+    return true;
+}
+
+bool GravityNetworkSearch::LeavesCrossing(ChainFrame& level, int pipe, const AcGePoint3d& crossing,
+                                          ChainBranch& branch) const {
+    const _Pipe& next = pipePool[pipe];
+    const double margin = CrossingMargin();
+    const ChainBranch towardsStart{pipe, 1, crossing};
+    const ChainBranch towardsEnd{pipe, 0, crossing};
+    const bool startIsFar = next.startPoint.distanceTo(crossing) > margin;
+    const bool endIsFar = next.endPoint.distanceTo(crossing) > margin;
+    if (startIsFar && endIsFar) {
+        level.towardsEnd = towardsEnd;
+    }
+    branch = startIsFar ? towardsStart : towardsEnd;
+    return startIsFar || endIsFar;
+}
+
+} // namespace tkvlt

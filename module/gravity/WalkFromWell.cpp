@@ -1,0 +1,168 @@
+// Grows the tree out of a node: free wells that overlap it are merged into it, each pipe that
+// touches it is followed to the next well or tank, and the walk goes on from there before it looks
+// at the next pipe. The far node and its segment are in the result before the walk descends, so
+// nodes stand in depth-first order.
+
+#include <algorithm>
+
+#include "gravity/ChainFrame.h"
+#include "gravity/GravityNetworkSearch.h"
+
+namespace tkvlt {
+
+namespace {
+
+/// Ten millimetres of the real network, in drawing units.
+double JointGap() {
+    return 10.0 / GetVZDrawScale();
+}
+
+/// How near a pipe end must be to a node's point to touch it. The radius is doubled: a pipe may
+/// stop a whole well diameter short of the centre.
+double TouchReach(const Well& node) {
+    return RadiusToCorner(node, node.nodeRadius * 2.0) + JointGap();
+}
+
+} // namespace
+
+int GravityNetworkSearch::WalkFromWell(int well) {
+    if (ArriveAtWell(well) == 0) {
+        return 0;
+    }
+    // An explicit stack: a network may be as deep as it has wells.
+    std::vector<int> standing{well};
+    while (!standing.empty()) {
+        int reached = -1;
+        switch (FollowNextPipe(standing.back(), reached)) {
+        case WalkStep::kCycle:
+            return 0;
+        case WalkStep::kDescended:
+            if (ArriveAtWell(reached) != 0) {
+                standing.push_back(reached);
+                continue;
+            }
+            break;
+        case WalkStep::kScanEnded:
+            standing.pop_back();
+            break;
+        }
+        const bool backFromDescent = !standing.empty();
+        if (backFromDescent && abortFlag != 0) {
+            return 0;
+        }
+    }
+    return 1;
+}
+
+int GravityNetworkSearch::ArriveAtWell(int well) {
+    MergeOverlappingWells(well);
+    return wellPool.IsEmpty() ? 0 : 1;
+}
+
+void GravityNetworkSearch::MergeOverlappingWells(int well) {
+    int next = 0;
+    bool merged = true;
+    while (merged) {
+        merged = false;
+        const Well& node = result->wells.ElementAt(well);
+        const double widest = std::max(candidates_->LargestWellReach(), 0.0);
+        const double farthest = widest + node.nodeRadius + JointGap();
+        for (const int i : candidates_->WellsIn(PlanBox::Around(node.nodePoint, farthest))) {
+            if (i < next || wellPool[i].systemName.Compare(systemName) != 0 ||
+                IsNode(wellPool[i].id)) {
+                continue;
+            }
+            const double distance = node.nodePoint.distanceTo(wellPool[i].position);
+            const double radius = RadiusToCorner(wellPool[i], wellPool[i].radius);
+            if (!(distance > radius + node.nodeRadius + JointGap())) {
+                MergeWell(well, i, distance, radius);
+                // The node has moved and grown; wells behind this one are judged by that, and those
+                // before it are not looked at again.
+                next = i + 1;
+                merged = true;
+                break;
+            }
+        }
+    }
+}
+
+void GravityNetworkSearch::MergeWell(int well, int poolWell, double distance, double radius) {
+    Well& node = result->wells.ElementAt(well);
+    const AcGePoint3d oldPoint = node.nodePoint;
+    node.nodePoint = oldPoint + (wellPool[poolWell].position - oldPoint) * 0.5;
+    node.nodeRadius = (distance + node.nodeRadius + radius) * 0.5;
+    node.mergedEntities.append(wellPool[poolWell].id);
+    wellPool.Remove(poolWell);
+    candidates_->NodeMoved(well, oldPoint);
+    candidates_->NodeMerged(well, wellPool[poolWell].id);
+}
+
+bool GravityNetworkSearch::IsNode(const AcDbObjectId& id) const {
+    for (const int node : candidates_->NodesOf(id)) {
+        if (result->wells.GetAt(node).nodeEntity == id) {
+            return true;
+        }
+    }
+    return false;
+}
+
+std::vector<int> GravityNetworkSearch::PipesNear(const Well& node) const {
+    if (node.isWell == 0) {
+        const AcGePoint3d low = node.extents.minPoint();
+        const AcGePoint3d high = node.extents.maxPoint();
+        return candidates_->PipesWithEndIn(
+            PlanBox{low.x, low.y, high.x, high.y}.Widened(ExtentsMargin()));
+    }
+    return candidates_->PipesWithEndIn(PlanBox::Around(node.nodePoint, TouchReach(node)));
+}
+
+bool GravityNetworkSearch::TouchesNode(const _Pipe& pipe, const Well& node, int& nearEndIsStart,
+                                       AcGePoint3d& seed) const {
+    if (node.isWell == 0) {
+        const int startInside = PointInExtents(pipe.startPoint, node.extents, 1);
+        const int endInside = PointInExtents(pipe.endPoint, node.extents, 1);
+        nearEndIsStart = startInside;
+        seed = startInside != 0 ? pipe.startPoint : pipe.endPoint;
+        return startInside != endInside;
+    }
+    const NearEnd near = NearestEnd(pipe, node.nodePoint);
+    nearEndIsStart = near.isStart ? 1 : 0;
+    seed = node.nodePoint;
+    return !(near.distance > TouchReach(node));
+}
+
+GravityNetworkSearch::WalkStep GravityNetworkSearch::FollowNextPipe(int well, int& reached) {
+    const std::vector<int> pipes = PipesNear(result->wells.ElementAt(well));
+    for (const int i : pipes) {
+        int nearEndIsStart = 0;
+        AcGePoint3d seed;
+        if (pipePool[i].systemName.Compare(systemName) != 0 ||
+            !TouchesNode(pipePool[i], result->wells.ElementAt(well), nearEndIsStart, seed)) {
+            continue;
+        }
+        ResetChain(i);
+        if (TraceChain(i, nearEndIsStart != 0 ? 0 : 1, seed) == 0) {
+            continue; // a branch that leads nowhere stays in the pool for another well to find
+        }
+        if (IsTargetNew() == 0) {
+            abortFlag = 1;
+            return WalkStep::kCycle;
+        }
+        reached = CommitSegment(well);
+        return WalkStep::kDescended;
+    }
+    return WalkStep::kScanEnded;
+}
+
+int GravityNetworkSearch::IsTargetNew() {
+    const AcDbObjectId target = TargetBlock(targetKind, targetIndex).id;
+    for (const int i : candidates_->NodesOf(target)) {
+        const Well& node = result->wells.ElementAt(i);
+        if (node.nodeEntity == target || node.mergedEntities.contains(target)) {
+            return 0;
+        }
+    }
+    return 1;
+}
+
+} // namespace tkvlt

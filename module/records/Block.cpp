@@ -1,0 +1,81 @@
+#include "records/Block.h"
+
+#include "records/XdataKeys.h"
+
+namespace {
+
+const wchar_t* const kSquareWellBlock = L"VLT_WELL_04";
+
+/// Half of a well of diameter 1 metre, in drawing units.
+double DefaultRadius() {
+    return 500.0 / GetVZDrawScale();
+}
+
+double ReadWellRadius(const AcDbObjectId& id) {
+    CString diameter;
+    ReadXdata(id, xdata::kWellDiameter, diameter);
+    return 0.5 * NumberPrefix(diameter) * 1000.0 / GetVZDrawScale();
+}
+
+/// Fills the record from the block reference and returns its definition's id, null on failure.
+AcDbObjectId ReadBlockReference(_Block& block) {
+    AcDbObject* object = nullptr;
+    if (acdbOpenAcDbObject(object, block.id, AcDb::kForRead, AcDbBlockReference::desc(), false) !=
+        Acad::eOk) {
+        return AcDbObjectId();
+    }
+    auto* reference = static_cast<AcDbBlockReference*>(object);
+    block.scale = reference->scaleFactors();
+    block.position = reference->position();
+    const AcDbObjectId definition = reference->blockTableRecord();
+    block.layer = reference->layer();
+    block.handle = HandleText(reference);
+    reference->geomExtentsBestFit(block.extents, AcGeMatrix3d::kIdentity);
+    block.rotation = reference->rotation();
+    reference->close();
+    block.valid = 1;
+    return definition;
+}
+
+int IsSquareWellDefinition(const AcDbObjectId& definition) {
+    AcDbObject* object = nullptr;
+    if (acdbOpenAcDbObject(object, definition, AcDb::kForRead, AcDbBlockTableRecord::desc(),
+                           false) != Acad::eOk) {
+        return 0;
+    }
+    CString name;
+    static_cast<AcDbBlockTableRecord*>(object)->getName(name);
+    object->close();
+    return name.Compare(kSquareWellBlock) == 0 ? 1 : 0;
+}
+
+} // namespace
+
+_Block::_Block() : radius(DefaultRadius()) {}
+
+_Block::_Block(_Block& other)
+    : _Entity(other), note(other.note), handle(other.handle), position(other.position),
+      scale(other.scale), extents(other.extents), rotation(other.rotation), radius(other.radius),
+      isSquareWell(other.isSquareWell) {}
+
+_Block::_Block(AcDbObjectId id, CString note, CString systemName)
+    : _Entity(id, systemName), note(note), radius(ReadWellRadius(id)) {
+    isSquareWell = IsSquareWellDefinition(ReadBlockReference(*this));
+}
+
+_Block& _Block::operator=(const _Block& other) {
+    if (this != &other) {
+        _Entity::operator=(other);
+        note = other.note;
+        handle = other.handle;
+        position = other.position;
+        scale = other.scale;
+        extents.set(other.extents.minPoint(), other.extents.maxPoint());
+        rotation = other.rotation;
+        radius = other.radius;
+        isSquareWell = other.isSquareWell;
+    }
+    return *this;
+}
+
+_Block::~_Block() = default;

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <unordered_map>
+#include <vector>
+
+#include "records/PlanBox.h"
+
+namespace tkvlt {
+
+/// Boxes in plan that come and go while a search runs.
+///
+/// Each box lies in a grid whose cells are at least as large as the box, by powers of two, under
+/// the cell of its lower left corner; a query looks at the cells that can hold such a corner.
+/// Adding and removing cost the same however many boxes there are.
+class BoxGrid {
+public:
+    /// @param finestCell side of the smallest cells, of the size of a usual query; one that is not
+    ///                   finite and positive counts as 1.
+    explicit BoxGrid(double finestCell = 1.0);
+
+    void Add(int item, const PlanBox& box);
+    /// Removes an item that was added with this box.
+    void Remove(int item, const PlanBox& box);
+    /// Appends the items whose boxes overlap `box`, in no order.
+    void Collect(const PlanBox& box, std::vector<int>& items) const;
+
+private:
+    struct Entry {
+        int item;
+        PlanBox box;
+    };
+    using Cell = std::vector<Entry>;
+    struct Level {
+        double cellSize = 1.0;
+        std::unordered_map<std::uint64_t, Cell> cells;
+    };
+
+    int LevelOf(const PlanBox& box) const;
+    Cell& CellOf(const PlanBox& box);
+
+    double finestCell_;
+    std::map<int, Level> levels_;
+};
+
+} // namespace tkvlt

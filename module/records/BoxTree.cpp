@@ -1,0 +1,100 @@
+#include "records/BoxTree.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+namespace tkvlt {
+
+namespace {
+
+constexpr std::size_t kFanOut = 16;
+
+/// The middle of a side; 0 for a boundless one, which has none.
+double Middle(double low, double high) {
+    const double middle = low * 0.5 + high * 0.5;
+    return std::isnan(middle) ? 0.0 : middle;
+}
+
+double CentreX(const PlanBox& box) {
+    return Middle(box.minX, box.maxX);
+}
+double CentreY(const PlanBox& box) {
+    return Middle(box.minY, box.maxY);
+}
+
+/// Sorts items[begin, end) by a coordinate of their boxes; ties stand in item order.
+template<class Coordinate>
+void SortBy(std::vector<int>& items, std::size_t begin, std::size_t end,
+            const std::vector<PlanBox>& boxes, Coordinate coordinate) {
+    std::sort(items.begin() + static_cast<std::ptrdiff_t>(begin),
+              items.begin() + static_cast<std::ptrdiff_t>(end), [&](int a, int b) {
+                  const double ca = coordinate(boxes[static_cast<std::size_t>(a)]);
+                  const double cb = coordinate(boxes[static_cast<std::size_t>(b)]);
+                  return ca < cb || (!(cb < ca) && a < b);
+              });
+}
+
+} // namespace
+
+BoxTree::BoxTree(const std::vector<PlanBox>& boxes) : items_(boxes.size()) {
+    std::iota(items_.begin(), items_.end(), 0);
+    const std::size_t leaves = (boxes.size() + kFanOut - 1) / kFanOut;
+    const auto strips = static_cast<std::size_t>(std::ceil(std::sqrt(static_cast<double>(leaves))));
+    const std::size_t stripSize = strips == 0 ? 0 : (leaves + strips - 1) / strips * kFanOut;
+    SortBy(items_, 0, items_.size(), boxes, CentreX);
+    for (std::size_t begin = 0; begin < items_.size(); begin += stripSize) {
+        SortBy(items_, begin, std::min(begin + stripSize, items_.size()), boxes, CentreY);
+    }
+    std::vector<PlanBox> leafBoxes;
+    leafBoxes.reserve(boxes.size());
+    for (const int item : items_) {
+        leafBoxes.push_back(boxes[static_cast<std::size_t>(item)]);
+    }
+    levels_.push_back(std::move(leafBoxes));
+    while (levels_.back().size() > kFanOut) {
+        AddLevel(levels_.back());
+    }
+}
+
+void BoxTree::AddLevel(const std::vector<PlanBox>& children) {
+    std::vector<PlanBox> parents;
+    parents.reserve((children.size() + kFanOut - 1) / kFanOut);
+    for (std::size_t i = 0; i < children.size(); ++i) {
+        if (i % kFanOut == 0) {
+            parents.push_back(children[i]);
+        } else {
+            parents.back().Include(children[i]);
+        }
+    }
+    levels_.push_back(std::move(parents));
+}
+
+void BoxTree::Collect(const PlanBox& box, std::vector<int>& items) const {
+    if (levels_.empty()) {
+        return;
+    }
+    struct Visit {
+        std::size_t level;
+        std::size_t begin;
+    };
+    std::vector<Visit> open{{levels_.size() - 1, 0}};
+    while (!open.empty()) {
+        const Visit visit = open.back();
+        open.pop_back();
+        const std::vector<PlanBox>& level = levels_[visit.level];
+        const std::size_t end = std::min(visit.begin + kFanOut, level.size());
+        for (std::size_t i = visit.begin; i < end; ++i) {
+            if (!level[i].Overlaps(box)) {
+                continue;
+            }
+            if (visit.level == 0) {
+                items.push_back(items_[i]);
+            } else {
+                open.push_back({visit.level - 1, i * kFanOut});
+            }
+        }
+    }
+}
+
+} // namespace tkvlt

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <algorithm>
+#include <unordered_map>
+#include <vector>
+
+#include "records/BoxTree.h"
+#include "records/RecordPool.h"
+
+namespace tkvlt {
+
+/// Every index of a pool that is still present, in pool order.
+template<class Record>
+std::vector<int> AllPresent(const RecordPool<Record>& pool) {
+    std::vector<int> indices;
+    for (int i = 0; i < pool.Size(); ++i) {
+        if (pool.Has(i)) {
+            indices.push_back(i);
+        }
+    }
+    return indices;
+}
+
+inline void SortUnique(std::vector<int>& indices) {
+    std::sort(indices.begin(), indices.end());
+    indices.erase(std::unique(indices.begin(), indices.end()), indices.end());
+}
+
+/// Those of `indices` that are still present, each once, in pool order.
+template<class Record>
+std::vector<int> PresentInOrder(std::vector<int> indices, const RecordPool<Record>& pool) {
+    indices.erase(
+        std::remove_if(indices.begin(), indices.end(), [&](int index) { return !pool.Has(index); }),
+        indices.end());
+    SortUnique(indices);
+    return indices;
+}
+
+/// The items of a tree whose boxes overlap `box`, in no order.
+inline std::vector<int> Collected(const BoxTree& tree, const PlanBox& box) {
+    std::vector<int> items;
+    tree.Collect(box, items);
+    return items;
+}
+
+/// Pool indices by the id of the entity.
+using IdIndex = std::unordered_multimap<AcDbObjectId, int>;
+
+/// What an index holds under `id`, in increasing order.
+inline std::vector<int> Matches(const IdIndex& index, const AcDbObjectId& id) {
+    std::vector<int> matches;
+    const auto [begin, end] = index.equal_range(id);
+    for (auto match = begin; match != end; ++match) {
+        matches.push_back(match->second);
+    }
+    SortUnique(matches);
+    return matches;
+}
+
+} // namespace tkvlt

@@ -1,0 +1,46 @@
+#include "records/PlanBox.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace tkvlt {
+
+namespace {
+
+// Far above the rounding of a subtraction and a root, far below any distance that is drawn.
+constexpr double kRelativeRounding = 1e-13;
+
+} // namespace
+
+PlanBox PlanBox::Of(const AcGePoint3d& point) {
+    return {point.x, point.y, point.x, point.y};
+}
+
+PlanBox PlanBox::Around(const AcGePoint3d& point, double reach) {
+    return Of(point).Widened(reach);
+}
+
+void PlanBox::Include(const PlanBox& other) {
+    minX = std::min(minX, other.minX);
+    minY = std::min(minY, other.minY);
+    maxX = std::max(maxX, other.maxX);
+    maxY = std::max(maxY, other.maxY);
+}
+
+PlanBox PlanBox::Widened(double margin) const {
+    const double largest = std::max(
+        {std::fabs(minX), std::fabs(minY), std::fabs(maxX), std::fabs(maxY), std::fabs(margin)});
+    const double width = margin + largest * kRelativeRounding;
+    if (!std::isfinite(width)) {
+        constexpr double everywhere = std::numeric_limits<double>::infinity();
+        return {-everywhere, -everywhere, everywhere, everywhere};
+    }
+    return {minX - width, minY - width, maxX + width, maxY + width};
+}
+
+bool PlanBox::Overlaps(const PlanBox& other) const {
+    return minX <= other.maxX && other.minX <= maxX && minY <= other.maxY && other.minY <= maxY;
+}
+
+} // namespace tkvlt

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform.h"
+
+namespace tkvlt {
+
+/// An axis-parallel box in plan, both bounds included.
+struct PlanBox {
+    double minX;
+    double minY;
+    double maxX;
+    double maxY;
+
+    static PlanBox Of(const AcGePoint3d& point);
+    /// A box that holds every point at most `reach` from `point`, rounding included. A reach that
+    /// is not a number gives the whole plane, since comparisons with it can pass anywhere.
+    static PlanBox Around(const AcGePoint3d& point, double reach);
+
+    void Include(const PlanBox& other);
+    /// This box widened on all sides by `margin` and by what rounding of its coordinates may hide.
+    PlanBox Widened(double margin) const;
+    bool Overlaps(const PlanBox& other) const;
+};
+
+} // namespace tkvlt

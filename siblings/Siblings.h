@@ -1,0 +1,8 @@
+#pragma once
+
+/// The whole interface of the sibling libraries: settings files (`CKDPEx`), texts in extended data,
+/// the drawing settings and the system path, with their overrides for the process.
+
+#include "CKDPEx.h"
+#include "Settings.h"
+#include "Xdata.h"
