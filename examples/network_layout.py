@@ -10,6 +10,7 @@ from dxf_writer import Drawing
 
 METRES = 1000.0  # DrawScale: a drawing unit is a metre
 SNAP = 1.0 * 0.1 * 2.0 * 1.1 * 2.0  # DwgScale x PipeBreakDist x 2 x 1.1 x 2
+REACH = 0.1 * 1.0 * 2.0 * 2.0  # PipeBreakDist x DwgScale x 2 x 2: how far pressure pipes reach
 
 ROUND, SQUARE, VALVE, METER = "VLT_WELL_01", "VLT_WELL_04", "VLT_WELL_05", "VLT_WELL_15"
 TANK = "VLT_TANK_01"
@@ -99,6 +100,10 @@ class Network:
             "startElevation": round(data["start"], 3), "endElevation": round(data["end"], 3)}
 
     # -- the truth -----------------------------------------------------------------------------
+
+    def told(self, handle):
+        """What has been kept about a pipe."""
+        return self._pipes[handle]
 
     def node(self, name, system, kind, handles, point, radius, square=False, number=""):
         """A node of the graph: one well, several wells that merge, or a tank."""

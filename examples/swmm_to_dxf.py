@@ -17,10 +17,9 @@ import math
 import os
 import sys
 
-from dxf_writer import Chance
-from network_layout import Network, rounded, towards
+from model_input import FOOT, Converter, Map, option, read_sections, way
+from network_layout import towards
 
-FOOT = 0.3048
 US_UNITS = ("CFS", "GPM", "MGD")
 WELL_DIAMETER = 0.7  # metres, where there is room for it
 SHORTEST_PIPE = 1.02  # a pipe of one unit or less is none, so leave a little more between the rims
@@ -32,66 +31,45 @@ PIECE = 12.0  # a conduit is broken only where each piece stays about this long
 MATERIALS = {0.01: "PVC", 0.013: "混凝土", 0.015: "钢筋混凝土"}
 
 
-def read_sections(path):
-    """The sections of the input file: name to rows of words, comments left out."""
-    sections, rows = {}, []
-    with open(path, encoding="utf-8") as file:
-        for line in file:
-            words = line.split(";")[0].split()
-            if words and words[0].startswith("["):
-                rows = sections.setdefault(words[0].strip("[]").upper(), [])
-            elif words:
-                rows.append(words)
-    return sections
-
-
 class Model:
     """Nodes and conduits of a model, in metres."""
 
     def __init__(self, path):
         sections = read_sections(path)
-        options = {row[0].upper(): row[1] for row in sections["OPTIONS"] if len(row) > 1}
-        unit = FOOT if options["FLOW_UNITS"].upper() in US_UNITS else 1.0
-        if options.get("LINK_OFFSETS", "DEPTH").upper() != "DEPTH":
+        unit = FOOT if option(sections, "FLOW_UNITS") in US_UNITS else 1.0
+        if option(sections, "LINK_OFFSETS", "DEPTH") != "DEPTH":
             raise SystemExit(f"{path}: offsets must be depths above the node's invert")
-        self.points = {r[0]: rounded((float(r[1]) * unit, float(r[2]) * unit))
-                       for r in sections["COORDINATES"]}
+        self.map = Map(sections, unit)
         self.kinds, self.inverts = {}, {}
         for section in ("JUNCTIONS", "OUTFALLS", "STORAGE"):
             for row in sections.get(section, []):
                 self.kinds[row[0]] = section
                 self.inverts[row[0]] = float(row[1]) * unit
-        vertices = {}
-        for row in sections.get("VERTICES", []):
-            point = rounded((float(row[1]) * unit, float(row[2]) * unit))
-            vertices.setdefault(row[0], []).append(point)
         heights = {r[0]: float(r[2]) * unit for r in sections["XSECTIONS"]}
-        self.conduits = [self._conduit(row, unit, vertices, heights)
+        self.conduits = [self._conduit(row, unit, heights)
                          for row in sections["CONDUITS"]]
 
-    def _conduit(self, row, unit, vertices, heights):
+    def _conduit(self, row, unit, heights):
         name, upstream, downstream = row[:3]
         length, roughness, rise_in, rise_out = (float(word) for word in row[3:7])
         upper = self.inverts[upstream] + rise_in * unit
         lower = self.inverts[downstream] + rise_out * unit
         return {"name": name, "upstream": upstream, "downstream": downstream,
-                "length": length * unit, "via": vertices.get(name, []),
-                "diameter": round(heights[name] * 1000), "upper": upper, "lower": lower,
+                "length": length * unit, "diameter": round(heights[name] * 1000),
+                "upper": upper, "lower": lower,
                 "slope": (upper - lower) / (length * unit),
                 "material": MATERIALS.get(roughness, "")}
 
     def path(self, conduit):
         """The points of a conduit from node to node, vertices included."""
-        return [self.points[conduit["upstream"]], *conduit["via"],
-                self.points[conduit["downstream"]]]
+        return self.map.path(conduit["name"], conduit["upstream"], conduit["downstream"])
 
 
 def well_diameters(model):
     """A diameter for each well: the usual one, less where a conduit would be left too short."""
     diameters = {name: WELL_DIAMETER for name, kind in model.kinds.items() if kind != "STORAGE"}
     for conduit in model.conduits:
-        path = model.path(conduit)
-        room = sum(math.dist(p, q) for p, q in zip(path, path[1:])) - SHORTEST_PIPE
+        room = way(model.path(conduit)) - SHORTEST_PIPE
         for name in (conduit["upstream"], conduit["downstream"]):
             if name in diameters:
                 diameters[name] = min(diameters[name], math.floor(room * 100.0) / 100.0)
@@ -115,17 +93,15 @@ def bend(a, b, c):
     return abs(math.remainder(second - first, math.tau))
 
 
-class Converter:
+class DrainConverter(Converter):
     def __init__(self, model, name, system):
-        self.model, self.system = model, system
-        self.network = Network(name)
+        super().__init__(name, system)
+        self.model = model
         self.diameters = well_diameters(model)
-        self.chance = Chance(2018)
-        self.handle = 0x2001
 
     def nodes(self):
         for i, (name, kind) in enumerate(self.model.kinds.items()):
-            handle, point = f"{0x1001 + i:X}", self.model.points[name]
+            handle, point = f"{0x1001 + i:X}", self.model.map.points[name]
             if kind == "STORAGE":
                 self.network.tank(handle, self.system, "调蓄池", point, TANK_LENGTH, TANK_WIDTH)
                 self.network.node(name, self.system, "tank", [handle], point, 0.0)
@@ -137,7 +113,7 @@ class Converter:
 
     def end(self, node, neighbour):
         """Where a pipe that comes from the neighbouring point ends at a node."""
-        point = self.model.points[node]
+        point = self.model.map.points[node]
         if node not in self.diameters:
             return into_tank(point, neighbour)
         return towards(point, neighbour, self.diameters[node] / 2.0)
@@ -148,7 +124,8 @@ class Converter:
             path[0] = self.end(conduit["upstream"], path[1])
             path[-1] = self.end(conduit["downstream"], path[-2])
             pieces = self.pieces(path)
-            handles = self.draw(conduit, pieces)
+            data = {key: conduit[key] for key in ("diameter", "material", "slope")}
+            handles = self.draw(pieces, data, conduit["upper"], conduit["lower"])
             self.network.edge(conduit["upstream"], conduit["downstream"], self.system, handles,
                               "chain" if len(pieces) > 1 else "direct", conduit=conduit["name"],
                               modelLength=round(conduit["length"], 6),
@@ -178,44 +155,18 @@ class Converter:
                 begin = towards(stop, after, GAP)
         return pieces + [[begin, path[-1]]]
 
-    def draw(self, conduit, pieces):
-        """Draws a conduit from its upstream end on, with heights shared out along its pieces."""
-        lengths = [sum(math.dist(p, q) for p, q in zip(piece, piece[1:])) for piece in pieces]
-        handles, done, fall = [], 0.0, conduit["upper"] - conduit["lower"]
-        for piece, length in zip(pieces, lengths):
-            start = conduit["upper"] - fall * done / sum(lengths)
-            done += length
-            end = conduit["upper"] - fall * done / sum(lengths)
-            data = {"diameter": conduit["diameter"], "material": conduit["material"],
-                    "slope": conduit["slope"], "flow": "SE", "start": start, "end": end}
-            if self.chance.below(2):
-                piece = piece[::-1]
-                data.update(flow="ES", start=end, end=start)
-            handles.append(f"{self.handle:X}")
-            self.handle += 1
-            self.network.pipe(handles[-1], self.system, piece, data, len(piece) > 2)
-        return handles
-
-    def numbers(self):
-        """The name of each node beside it."""
-        self.network.drawing.layer("文字", 7)
-        for i, name in enumerate(self.model.kinds):
-            x, y = self.model.points[name]
-            self.network.drawing.text(f"{0x4001 + i:X}", "文字", (x + 0.6, y + 0.6), 1.2, name)
-
 
 def main():
     if len(sys.argv) not in (3, 4):
         raise SystemExit(__doc__)
     source, target = sys.argv[1:3]
     name = os.path.basename(target)
-    converter = Converter(Model(source), name, sys.argv[3] if len(sys.argv) > 3 else "雨水")
+    converter = DrainConverter(Model(source), name, sys.argv[3] if len(sys.argv) > 3 else "雨水")
     converter.nodes()
     converter.conduits()
-    converter.numbers()
-    converter.network.drawing.shuffle(2018)
-    converter.network.write(target, os.path.splitext(target)[0] + ".truth.json",
-                            model=os.path.basename(source))
+    converter.numbers({name: converter.model.map.points[name] for name in converter.model.kinds})
+    converter.shuffle()
+    converter.write(target, model=os.path.basename(source))
 
 
 if __name__ == "__main__":

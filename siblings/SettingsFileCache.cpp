@@ -60,7 +60,6 @@ const DrawingSettings& SettingsFileCache::current(const std::string& systemPath)
     if (path_.empty() || systemPath != systemPath_) {
         systemPath_ = systemPath;
         path_ = joinPath(nativePath(systemPath), "SysCon/DrawingSetting.Kdp");
-        settled_ = false;
         refresh();
     } else if (!mayAnswerFromMemory()) {
         refresh();

@@ -1,6 +1,7 @@
 #include "InfoCommand.h"
 
 #include "HandleText.h"
+#include "Systems.h"
 #include "TextTable.h"
 #include "TKVltSearchModule18.h"
 
@@ -44,7 +45,7 @@ Count countEntities(const Drawing& drawing) {
 
 const char* flowOf(const System& system) {
     const int kind = PelGetDirectionSytle(system.name);
-    return kind == 1 ? "gravity" : kind == 0 ? "pressure" : "unknown";
+    return kind == kGravityFlow ? "gravity" : kind == kPressureFlow ? "pressure" : "unknown";
 }
 
 std::string flagOf(const System& system) {

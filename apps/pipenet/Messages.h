@@ -75,17 +75,20 @@ inline constexpr Message kNotCollected{
     "no network from {}: it is not among the wells and tanks that the search collects; check that "
     "it is a block and that a tank carries 池体 beside 池体系统"};
 inline constexpr Message kShortPipe{
-    409, "no network from {}: the pipe is {} drawing units long, and only pipes longer than 1 take "
-         "part; check its ends"};
+    409,
+    "no network from {}: the pipe measures {} in drawing units, and only pipes longer than 1 take "
+    "part; check its ends"};
 inline constexpr Message kNoTarget{
     410,
     "no network from {}: neither end of the pipe leads to a well or tank; check the gaps between "
-    "its pieces (at most {} drawing units) and that a well or tank of the system '{}' stands at "
+    "its pieces (at most {:.6g} drawing units) and that a well or tank of the system '{}' stands "
+    "at "
     "an end"};
 inline constexpr Message kAlone{
     411,
     "no network from {}: no pipe of the system '{}' leads from it to a further well or tank; check "
-    "that pipes end at it, that gaps are at most {} drawing units, and that no pipe loops back"};
+    "that pipes end at it, that gaps are at most {:.6g} drawing units, and that no pipe loops "
+    "back"};
 inline constexpr Message kCycle{
     412,
     "no network from {}: the pipes of the system '{}' close a loop or come back to a well already "
@@ -106,14 +109,13 @@ inline constexpr Message kSegmentUnknownSystem{
 inline constexpr Message kSegmentPressure{
     423, "no segment at {}: its system '{}' is a pressure system, and this build knows gravity "
          "segments only; check GroupType in {} if that should be a gravity system"};
-inline constexpr Message kSegmentShort{
-    424,
-    "no segment at {}: the pipe is {} drawing units long, and only pipes longer than 1 take part; "
-    "check its ends"};
+inline constexpr Message kSegmentShort{424, "no segment at {}: the pipe measures {} in drawing "
+                                            "units, and only pipes longer than 1 take part; "
+                                            "check its ends"};
 inline constexpr Message kSegmentNoTarget{
     425,
     "no segment at {}: neither end of the pipe leads to a well or tank; check the gaps between its "
-    "pieces (at most {} drawing units) and that a well or tank of the system '{}' stands at an "
+    "pieces (at most {:.6g} drawing units) and that a well or tank of the system '{}' stands at an "
     "end"};
 
 inline constexpr Message kInternal{901, "{}: the command ended unexpectedly: {}"};

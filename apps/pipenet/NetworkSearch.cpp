@@ -1,6 +1,7 @@
 #include "NetworkSearch.h"
 
 #include "NearestEntity.h"
+#include "Systems.h"
 
 namespace pipenet {
 
@@ -17,6 +18,9 @@ SearchRequest searchRequest(const Drawing& drawing, const Options& options) {
 
 SearchOutcome searchNetwork(const SearchRequest& request) {
     SearchOutcome outcome;
+    if (PelGetDirectionSytle(systemNameOf(request.start)) == kPressureFlow) {
+        return outcome;
+    }
     AcDbObjectId start = request.start;
     AcDbObjectId end = request.end;
     SearchObject* object = nullptr;

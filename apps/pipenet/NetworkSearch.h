@@ -24,7 +24,8 @@ struct SearchOutcome {
 /// The request of the command line. Throws Failure for an unknown handle.
 SearchRequest searchRequest(const Drawing& drawing, const Options& options);
 
-/// Asks the module.
+/// Asks the module. This program shows gravity networks only, so a pressure system is refused
+/// without asking.
 SearchOutcome searchNetwork(const SearchRequest& request);
 
 /// The gravity network of an outcome; null when it holds none.

@@ -124,9 +124,9 @@ std::string refusalOf(const Drawing& drawing, const SearchRequest& request,
         return textOf(kNoSystemName, start);
     }
     switch (PelGetDirectionSytle(system)) {
-    case 1:
+    case kGravityFlow:
         return gravityCause(request);
-    case 0:
+    case kPressureFlow:
         return textOf(kPressure, start, utf8(system), pipeSystemsFile());
     default:
         return textOf(kUnknownSystem, start, utf8(system), pipeSystemsFile());
@@ -139,9 +139,9 @@ std::string segmentRefusal(const AcDbObjectId& pipe, int kind) {
     if (system.empty()) {
         return textOf(kNoPipe, name);
     }
-    if (kind != 1) {
-        return textOf(kind == 0 ? kSegmentPressure : kSegmentUnknownSystem, name, system,
-                      pipeSystemsFile());
+    if (kind != kGravityFlow) {
+        return textOf(kind == kPressureFlow ? kSegmentPressure : kSegmentUnknownSystem, name,
+                      system, pipeSystemsFile());
     }
     if (const double length = pipeLength(pipe); length <= 1.0) {
         return textOf(kSegmentShort, name, length);

@@ -6,6 +6,7 @@
 #include "Progress.h"
 #include "records/XdataKeys.h"
 #include "Refusal.h"
+#include "Systems.h"
 
 namespace pipenet {
 
@@ -30,13 +31,13 @@ int buildGravity(GravitySeg& seg, const AcDbObjectId& pipe, const CString& syste
 void buildSegment(SegmentOutcome& outcome, const AcDbObjectId& pipe) {
     const CString system = XdataText(pipe, xdata::kPipeSystem);
     outcome.kind = PelGetDirectionSytle(system);
-    if (outcome.kind == 1) {
+    if (outcome.kind == kGravityFlow) {
         outcome.result = buildGravity(outcome.gravity, pipe, system);
     }
 }
 
 std::string segmentJson(const SegmentOutcome& outcome) {
-    const bool isGravity = outcome.kind == 1;
+    const bool isGravity = outcome.kind == kGravityFlow;
     std::string out;
     appendJson(out, {{"result", outcome.result},
                      {"kind", outcome.kind},
@@ -46,7 +47,7 @@ std::string segmentJson(const SegmentOutcome& outcome) {
 }
 
 std::string outcomeTable(const SegmentOutcome& outcome) {
-    if (outcome.kind != 1) {
+    if (outcome.kind != kGravityFlow) {
         return "No segment (result 0)\n";
     }
     return segmentTable(outcome.gravity, outcome.result);

@@ -45,29 +45,34 @@ std::vector<int> TextTable::widths() const {
 
 std::string TextTable::text() const {
     const std::vector<int> width = widths();
-    std::string text;
-    std::string titles;
-    std::string rule;
+    std::vector<std::string> titles;
+    std::vector<std::string> rules;
     for (std::size_t i = 0; i < columns_.size(); ++i) {
-        const std::string gap = i == 0 ? "" : kGap;
-        titles += gap;
-        appendCell(titles, columns_[i].title, width[i], columns_[i].right);
-        rule += gap;
+        titles.push_back(columns_[i].title);
+        rules.emplace_back();
         for (int column = 0; column < width[i]; ++column) {
-            rule += "─";
+            rules.back() += "─";
         }
     }
-    endLine(text, titles);
-    endLine(text, rule);
+    std::string text;
+    appendRow(text, titles, width);
+    appendRow(text, rules, width);
     for (const auto& row : rows_) {
-        std::string line;
-        for (std::size_t i = 0; i < columns_.size(); ++i) {
-            line += i == 0 ? "" : kGap;
-            appendCell(line, row[i], width[i], columns_[i].right);
-        }
-        endLine(text, line);
+        appendRow(text, row, width);
     }
     return text;
+}
+
+void TextTable::appendRow(std::string& text, const std::vector<std::string>& cells,
+                          const std::vector<int>& width) const {
+    std::string line;
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        if (width[i] > 0) {
+            line += line.empty() ? "" : kGap;
+            appendCell(line, cells[i], width[i], columns_[i].right);
+        }
+    }
+    endLine(text, line);
 }
 
 } // namespace pipenet

@@ -18,11 +18,14 @@ public:
     /// Adds a row with one cell a column, UTF-8; control characters are shown as blanks.
     void add(std::vector<std::string> cells);
 
-    /// Titles, a rule and the rows, each line ended; no blanks at line ends.
+    /// Titles, a rule and the rows, each line ended; no blanks at line ends. A column
+    /// without a title and without content is left out.
     std::string text() const;
 
 private:
     std::vector<int> widths() const;
+    void appendRow(std::string& text, const std::vector<std::string>& cells,
+                   const std::vector<int>& width) const;
 
     std::vector<Column> columns_;
     std::vector<std::vector<std::string>> rows_;

@@ -28,8 +28,8 @@ public:
 
     /// Makes an open document the current one and its database the working one; the lock is taken
     /// when it is not kNone. eInvalidInput for a foreign pointer.
-    Acad::ErrorStatus setCurDocument(AcApDocument* document,
-                                     AcAp::DocLockMode mode = AcAp::kNone, bool activate = false);
+    Acad::ErrorStatus setCurDocument(AcApDocument* document, AcAp::DocLockMode mode = AcAp::kNone,
+                                     bool activate = false);
     Acad::ErrorStatus activateDocument(AcApDocument* document);
 
     /// Takes a lock. The process has one user and one thread, so a lock is always had; it must be

@@ -18,10 +18,9 @@ AcAp::DocLockMode AcApDocument::lockMode() const {
         return AcAp::kNotLocked;
     }
     // From the weakest to the strongest.
-    constexpr AcAp::DocLockMode kOrder[] = {AcAp::kNone,      AcAp::kNotLocked,
-                                            AcAp::kRead,      AcAp::kAutoWrite,
-                                            AcAp::kProtectedAutoWrite, AcAp::kWrite,
-                                            AcAp::kXWrite};
+    constexpr AcAp::DocLockMode kOrder[] = {
+        AcAp::kNone,  AcAp::kNotLocked, AcAp::kRead, AcAp::kAutoWrite, AcAp::kProtectedAutoWrite,
+        AcAp::kWrite, AcAp::kXWrite};
     const auto rank = [&](AcAp::DocLockMode mode) {
         return std::find(std::begin(kOrder), std::end(kOrder), mode) - std::begin(kOrder);
     };

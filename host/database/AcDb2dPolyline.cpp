@@ -44,8 +44,8 @@ host_db::CurvePath AcDb2dPolyline::path() const {
     drawn.reserve(vertices_.size());
     for (const Vertex& vertex : vertices_) {
         if ((vertex.flags & kFrameVertex) == 0) {
-            drawn.push_back({toWorld * AcGePoint3d(vertex.point.x, vertex.point.y, elevation_),
-                             vertex.bulge});
+            drawn.push_back(
+                {toWorld * AcGePoint3d(vertex.point.x, vertex.point.y, elevation_), vertex.bulge});
         }
     }
     return host_db::polylinePath(drawn, closed_, normal_);

@@ -13,8 +13,8 @@ public:
     /// In the plane of the world's X and Y axes.
     AcDbArc(const AcGePoint3d& center, double radius, double startAngle, double endAngle);
     /// `center` in world coordinates; `normal` need not be of length one.
-    AcDbArc(const AcGePoint3d& center, const AcGeVector3d& normal, double radius,
-            double startAngle, double endAngle);
+    AcDbArc(const AcGePoint3d& center, const AcGeVector3d& normal, double radius, double startAngle,
+            double endAngle);
     AcRxObject* clone() const override;
 
     AcGePoint3d center() const { return center_; }

@@ -39,9 +39,10 @@ public:
     /// references and true arcs included, attributes and their definitions not. eInvalidExtents for
     /// an empty, unknown or endlessly nested definition; `extents` is untouched then. A definition
     /// that contains itself counts without its inner self. Cost: one visit for each entity that the
-    /// definition shows, at most 4 million.
-    Acad::ErrorStatus geomExtentsBestFit(AcDbExtents& extents, const AcGeMatrix3d& transform =
-                                                                   AcGeMatrix3d::kIdentity) const;
+    /// definition shows, of repeated definitions at most host_db::kMaxRepeatedVisits.
+    Acad::ErrorStatus
+    geomExtentsBestFit(AcDbExtents& extents,
+                       const AcGeMatrix3d& transform = AcGeMatrix3d::kIdentity) const;
     bool addExtents(const AcGeMatrix3d& transform, AcDbExtents& box) const override;
 
     /// Adds an attribute to a reference that is in a database and open for write; the database

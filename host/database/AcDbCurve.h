@@ -44,8 +44,8 @@ public:
 protected:
     AcDbCurve() = default;
     AcDbCurve(const AcDbCurve&) = default;
-    /// What the curve's parameter is: the piece's own (an angle, a knot value), the vertex index plus
-    /// the part of the segment, or the length.
+    /// What the curve's parameter is: the piece's own (an angle, a knot value), the vertex index
+    /// plus the part of the segment, or the length.
     enum class ParamStyle { Local, Vertex, Length };
     virtual ParamStyle paramStyle() const { return ParamStyle::Local; }
 

@@ -122,8 +122,7 @@ Acad::ErrorStatus AcDbDatabase::getSymbolTable(AcDbDimStyleTable*& table,
     return acdbOpenObject(table, dimStyleTable_, mode);
 }
 
-Acad::ErrorStatus AcDbDatabase::getSymbolTable(AcDbRegAppTable*& table,
-                                               AcDb::OpenMode mode) const {
+Acad::ErrorStatus AcDbDatabase::getSymbolTable(AcDbRegAppTable*& table, AcDb::OpenMode mode) const {
     return acdbOpenObject(table, regAppTable_, mode);
 }
 
@@ -150,8 +149,7 @@ Acad::ErrorStatus AcDbDatabase::getDimStyleTable(AcDbDimStyleTable*& table,
     return getSymbolTable(table, mode);
 }
 
-Acad::ErrorStatus AcDbDatabase::getRegAppTable(AcDbRegAppTable*& table,
-                                               AcDb::OpenMode mode) const {
+Acad::ErrorStatus AcDbDatabase::getRegAppTable(AcDbRegAppTable*& table, AcDb::OpenMode mode) const {
     return getSymbolTable(table, mode);
 }
 

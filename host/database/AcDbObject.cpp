@@ -53,8 +53,7 @@ std::size_t storedSize(const host_db::ResultItem& item) {
 bool isXdata(const host_db::ResultItems& items) {
     return !items.empty() && isSection(items.front()) &&
            std::all_of(items.begin(), items.end(), [](const host_db::ResultItem& item) {
-               return item.type >= AcDb::kDxfXDAsciiString &&
-                      item.type <= AcDb::kDxfXDInteger32 &&
+               return item.type >= AcDb::kDxfXDAsciiString && item.type <= AcDb::kDxfXDInteger32 &&
                       host_db::valueKind(item.type) != host_db::ValueKind::Unknown;
            });
 }

@@ -102,7 +102,7 @@ protected:
     Acad::ErrorStatus prepareWrite();
 
     /// Sets one field under prepareWrite.
-    template <typename Field, typename Value>
+    template<typename Field, typename Value>
     Acad::ErrorStatus change(Field& field, const Value& value) {
         const Acad::ErrorStatus status = prepareWrite();
         if (status == Acad::eOk) {

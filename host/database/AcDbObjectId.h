@@ -44,7 +44,7 @@ private:
 
 using AcDbObjectIdArray = AcArray<AcDbObjectId>;
 
-template <>
+template<>
 struct std::hash<AcDbObjectId> {
     std::size_t operator()(const AcDbObjectId& id) const noexcept {
         return static_cast<std::size_t>(static_cast<std::uint64_t>(id.asOldId()) *

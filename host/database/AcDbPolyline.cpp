@@ -48,8 +48,7 @@ Acad::ErrorStatus AcDbPolyline::getBulgeAt(unsigned int index, double& bulge) co
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbPolyline::getWidthsAt(unsigned int index, double& start,
-                                            double& end) const {
+Acad::ErrorStatus AcDbPolyline::getWidthsAt(unsigned int index, double& start, double& end) const {
     if (index >= numVerts()) {
         return Acad::eInvalidIndex;
     }
@@ -178,8 +177,8 @@ host_db::CurvePath AcDbPolyline::path() const {
     std::vector<host_db::PathVertex> vertices;
     vertices.reserve(vertices_.size());
     for (const Vertex& vertex : vertices_) {
-        vertices.push_back({toWorld * AcGePoint3d(vertex.point.x, vertex.point.y, elevation_),
-                            vertex.bulge});
+        vertices.push_back(
+            {toWorld * AcGePoint3d(vertex.point.x, vertex.point.y, elevation_), vertex.bulge});
     }
     return host_db::polylinePath(vertices, closed_, normal_);
 }

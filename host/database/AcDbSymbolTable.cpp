@@ -71,7 +71,8 @@ Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbObjectId& id,
         return Acad::eKeyNotFound;
     }
     const std::vector<AcDbObjectId>& ids = named->second;
-    auto it = std::find_if(ids.begin(), ids.end(), [](AcDbObjectId each) { return each.isValid(); });
+    auto it =
+        std::find_if(ids.begin(), ids.end(), [](AcDbObjectId each) { return each.isValid(); });
     if (it == ids.end()) {
         if (!getErased || ids.empty()) {
             return Acad::eKeyNotFound;

@@ -136,8 +136,8 @@ bool AcDbText::addExtents(const AcGeMatrix3d& transform, AcDbExtents& box) const
     for (const double x : {left, left + local.width}) {
         for (const double y : {bottom, bottom + local.height}) {
             const double slanted = x + y * slope;
-            box.addPoint(toWorld * AcGePoint3d(mirroredX_ ? -slanted : slanted,
-                                               mirroredY_ ? -y : y, 0.0));
+            box.addPoint(toWorld *
+                         AcGePoint3d(mirroredX_ ? -slanted : slanted, mirroredY_ ? -y : y, 0.0));
         }
     }
     return true;

@@ -48,7 +48,12 @@ enum TextHorzMode {
 
 enum TextVertMode { kTextBase = 0, kTextBottom = 1, kTextVertMid = 2, kTextTop = 3 };
 
-enum Poly2dType { k2dSimplePoly = 0, k2dFitCurvePoly = 1, k2dQuadSplinePoly = 2, k2dCubicSplinePoly = 3 };
+enum Poly2dType {
+    k2dSimplePoly = 0,
+    k2dFitCurvePoly = 1,
+    k2dQuadSplinePoly = 2,
+    k2dCubicSplinePoly = 3
+};
 
 enum Poly3dType { k3dSimplePoly = 0, k3dQuadSplinePoly = 1, k3dCubicSplinePoly = 2 };
 

@@ -72,9 +72,11 @@ private:
             return true;
         }
         work_.push_back({step.block, {}, true});
-        visits_ += block->entityIds().size() + 1;
-        if (visits_ > kMaxBlockVisits) {
-            return false;
+        if (!seen_.insert(step.block).second) {
+            repeated_ += block->entityIds().size() + 1;
+            if (repeated_ > kMaxRepeatedVisits) {
+                return false;
+            }
         }
         for (const AcDbObjectId id : block->entityIds()) {
             if (const auto* entity = peek<AcDbEntity>(id)) {
@@ -96,7 +98,8 @@ private:
     AcDbExtents& box_;
     std::vector<Step> work_;
     std::unordered_set<AcDbObjectId> path_;
-    std::size_t visits_ = 0;
+    std::unordered_set<AcDbObjectId> seen_;
+    std::size_t repeated_ = 0;
     bool foundAny_ = false;
 };
 

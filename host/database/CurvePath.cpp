@@ -61,8 +61,7 @@ bool CurvePath::placeAtDistance(double distance, CurvePlace& place) const {
             const double local = std::visit(
                 [&](const auto& it) { return host_db::localAtLength(it, distance - before); },
                 pieces_[i]);
-            place = {i, distance == before + whole ? lastLocal(i)
-                                                   : std::min(local, lastLocal(i))};
+            place = {i, distance == before + whole ? lastLocal(i) : std::min(local, lastLocal(i))};
             return true;
         }
         before += whole;
@@ -93,12 +92,9 @@ void CurvePath::addExtents(const AcGeMatrix3d& transform, AcDbExtents& box) cons
 
 ArcPiece arcPieceOf(const AcGeCircArc3d& arc) {
     const AcGeVector3d across = arc.normal().crossProduct(arc.refVec());
-    return {arc.center(),
-            arc.refVec() * arc.radius(),
-            across * arc.radius(),
-            arc.startAng(),
-            arc.endAng(),
-            arc.startPoint(),
+    return {arc.center(),          arc.refVec() * arc.radius(),
+            across * arc.radius(), arc.startAng(),
+            arc.endAng(),          arc.startPoint(),
             arc.endPoint()};
 }
 

@@ -49,7 +49,7 @@ struct CurvePlace {
 /// entity is asked: points, lengths, nearest points, extents under a transform.
 class CurvePath {
 public:
-    void add(CurvePiece piece) { pieces_.push_back(std::move(piece)); }
+    void add(const CurvePiece& piece) { pieces_.push_back(piece); }
     bool isEmpty() const { return pieces_.empty(); }
     std::size_t size() const { return pieces_.size(); }
     const CurvePiece& operator[](std::size_t index) const { return pieces_[index]; }

@@ -48,19 +48,19 @@ std::vector<double> breaksOf(const SplinePiece& piece) {
 }
 
 /// The answers for pieces that have no closed form.
-template <typename Piece>
+template<typename Piece>
 double numericLengthTo(const Piece& piece, double local) {
     return lengthOver([&](double t) { return derivativeAt(piece, t).length(); }, breaksOf(piece),
                       local);
 }
 
-template <typename Piece>
+template<typename Piece>
 double numericLocalAtLength(const Piece& piece, double length) {
     return paramAtLength([&](double t) { return numericLengthTo(piece, t); }, firstLocal(piece),
                          lastLocal(piece), length);
 }
 
-template <typename Piece>
+template<typename Piece>
 double numericClosest(const Piece& piece, const AcGePoint3d& point) {
     return leastOver([&](double t) { return (pointAt(piece, t) - point).lengthSqrd(); },
                      breaksOf(piece));
@@ -169,9 +169,8 @@ double localAtLength(const SplinePiece& piece, double length) {
 double closestLocal(const SegmentPiece& piece, const AcGePoint3d& point) {
     const AcGeVector3d along = piece.end - piece.start;
     const double squared = along.lengthSqrd();
-    return squared == 0.0
-               ? 0.0
-               : std::clamp((point - piece.start).dotProduct(along) / squared, 0.0, 1.0);
+    return squared == 0.0 ? 0.0
+                          : std::clamp((point - piece.start).dotProduct(along) / squared, 0.0, 1.0);
 }
 
 double closestLocal(const ArcPiece& piece, const AcGePoint3d& point) {

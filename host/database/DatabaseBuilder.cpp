@@ -36,8 +36,7 @@ bool DatabaseBuilder::claimHandle(std::uint64_t handle) {
 }
 
 AcDbObjectId DatabaseBuilder::idForHandle(std::uint64_t handle) {
-    return handle == 0 ? AcDbObjectId()
-                       : database_.idAt(database_.objects_.reserve(handle));
+    return handle == 0 ? AcDbObjectId() : database_.idAt(database_.objects_.reserve(handle));
 }
 
 std::uint32_t DatabaseBuilder::application(const wchar_t* name) {
@@ -193,8 +192,7 @@ AcDbObjectId DatabaseBuilder::makeRecord(Table table, const wchar_t* name) {
     return addRecord(table, std::move(record), name, 0, header);
 }
 
-AcDbObjectId DatabaseBuilder::addBlock(const wchar_t* name, int flags,
-                                       const ObjectHeader& header) {
+AcDbObjectId DatabaseBuilder::addBlock(const wchar_t* name, int flags, const ObjectHeader& header) {
     return addRecord(Table::Block, std::make_unique<AcDbBlockTableRecord>(), name, flags, header);
 }
 
@@ -219,8 +217,7 @@ void DatabaseBuilder::setLayout(AcDbObjectId block, AcDbObjectId layout) {
 }
 
 void DatabaseBuilder::dress(AcDbEntity& entity, const EntityHeader& header) {
-    entity.layerId_ =
-        header.layer.isNull() ? ensureRecord(Table::Layer, L"0") : header.layer;
+    entity.layerId_ = header.layer.isNull() ? ensureRecord(Table::Layer, L"0") : header.layer;
     entity.linetypeId_ = header.linetype;
     entity.colorIndex_ = header.color;
     entity.visibility_ = header.invisible ? AcDb::kInvisible : AcDb::kVisible;

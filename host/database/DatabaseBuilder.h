@@ -99,7 +99,8 @@ public:
     void setBlockOrigin(AcDbObjectId block, const AcGePoint3d& origin);
     /// Names the definitions that are spaces: model space first, then the layouts' in their file
     /// order. finish() makes a model space and a paper space when none were named: definitions
-    /// `*Model_Space` and `*Paper_Space` and further ones `*Paper_Space0`, ... count in table order.
+    /// `*Model_Space` and `*Paper_Space` and further ones `*Paper_Space0`, ... count in table
+    /// order.
     void setSpaces(std::span<const AcDbObjectId> blocks);
     /// The layout object of a space.
     void setLayout(AcDbObjectId block, AcDbObjectId layout);
@@ -132,7 +133,7 @@ public:
 
 private:
     AcDbObject* object(AcDbObjectId id) const;
-    template <typename T>
+    template<typename T>
     T* objectAs(AcDbObjectId id) const {
         return T::cast(object(id));
     }

@@ -8,13 +8,13 @@ namespace host_db {
 
 DrawingSource::~DrawingSource() = default;
 
-bool DrawingSource::firstXdataString(const host_dxf::SourceRange& range,
-                                     const wchar_t* application, CString& text) const {
+bool DrawingSource::firstXdataString(const host_dxf::SourceRange& range, const wchar_t* application,
+                                     CString& text) const {
     resbuf* chain = readXdata(range);
     const resbuf* item = chain;
     const auto isSection = [](const resbuf* it) { return it->restype == AcDb::kDxfRegAppName; };
-    while (item != nullptr && !(isSection(item) && host_text::compareNoCase(
-                                                       item->resval.rstring, application) == 0)) {
+    while (item != nullptr &&
+           !(isSection(item) && host_text::compareNoCase(item->resval.rstring, application) == 0)) {
         item = item->rbnext;
     }
     const bool found = item != nullptr;

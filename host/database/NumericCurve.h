@@ -16,7 +16,7 @@ namespace host_db {
 inline constexpr int kProbes = 32;
 
 /// The parameter in [low, high] at which `value`, which has one least place there, is least.
-template <typename Value>
+template<typename Value>
 double leastWithin(const Value& value, double low, double high) {
     constexpr double kGolden = 0.61803398874989484820;
     double a = high - kGolden * (high - low);
@@ -42,7 +42,7 @@ double leastWithin(const Value& value, double low, double high) {
 }
 
 /// The parameter at which `value` is least over all breaks; the first of equal ones.
-template <typename Value>
+template<typename Value>
 double leastOver(const Value& value, const std::vector<double>& breaks) {
     std::vector<double> probes{breaks.front()};
     for (std::size_t i = 1; i < breaks.size(); ++i) {
@@ -83,7 +83,7 @@ double leastOver(const Value& value, const std::vector<double>& breaks) {
 
 /// Length of the curve from `low` to `high`, between which it is smooth; `speed` is the length of
 /// the derivative. Gauss's rule of five points on sixteen parts.
-template <typename Speed>
+template<typename Speed>
 double lengthBetween(const Speed& speed, double low, double high) {
     constexpr int kParts = 16;
     constexpr double kAt[] = {0.0, 0.53846931010568309104, 0.90617984593866399280};
@@ -95,15 +95,14 @@ double lengthBetween(const Speed& speed, double low, double high) {
         const double middle = low + half * (2.0 * part + 1.0);
         sum += kWeight[0] * speed(middle);
         for (int i = 1; i < 3; ++i) {
-            sum += kWeight[i] *
-                   (speed(middle - half * kAt[i]) + speed(middle + half * kAt[i]));
+            sum += kWeight[i] * (speed(middle - half * kAt[i]) + speed(middle + half * kAt[i]));
         }
     }
     return sum * half;
 }
 
 /// Length from the first break to `param`.
-template <typename Speed>
+template<typename Speed>
 double lengthOver(const Speed& speed, const std::vector<double>& breaks, double param) {
     double sum = 0.0;
     for (std::size_t i = 1; i < breaks.size() && breaks[i - 1] < param; ++i) {
@@ -113,7 +112,7 @@ double lengthOver(const Speed& speed, const std::vector<double>& breaks, double 
 }
 
 /// The parameter in [low, high] at which the growing function `length` reaches `wanted`.
-template <typename Length>
+template<typename Length>
 double paramAtLength(const Length& length, double low, double high, double wanted) {
     for (int i = 0; i < 200; ++i) {
         const double middle = low + (high - low) / 2.0;

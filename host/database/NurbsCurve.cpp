@@ -33,10 +33,10 @@ bool NurbsCurve::isValid() const {
         knots_.size() != points_.size() + static_cast<std::size_t>(degree_) + 1) {
         return false;
     }
-    const bool weighted = weights_.empty() ||
-                          (weights_.size() == points_.size() &&
-                           std::all_of(weights_.begin(), weights_.end(),
-                                       [](double weight) { return weight > 0.0; }));
+    const bool weighted =
+        weights_.empty() ||
+        (weights_.size() == points_.size() &&
+         std::all_of(weights_.begin(), weights_.end(), [](double weight) { return weight > 0.0; }));
     return weighted && std::is_sorted(knots_.begin(), knots_.end()) && startParam() < endParam();
 }
 

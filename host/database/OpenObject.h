@@ -26,7 +26,7 @@ Acad::ErrorStatus acdbOpenAcDbEntity(class AcDbEntity*& entity, AcDbObjectId id,
                                      AcDb::OpenMode mode, bool openErased = false);
 
 /// Opens the object under `id` as the class of `object`.
-template <typename T>
+template<typename T>
 Acad::ErrorStatus acdbOpenObject(T*& object, AcDbObjectId id, AcDb::OpenMode mode = AcDb::kForRead,
                                  bool openErased = false) {
     AcDbObject* opened = nullptr;
@@ -55,7 +55,7 @@ std::size_t openObjectCount();
 const AcDbObject* peekObject(AcDbObjectId id);
 
 /// The same, as a class of one's choice; nullptr when the object is of another class.
-template <typename T>
+template<typename T>
 const T* peek(AcDbObjectId id) {
     return T::cast(peekObject(id));
 }

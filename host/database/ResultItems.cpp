@@ -16,8 +16,8 @@ ResultItem itemOf(const resbuf& buffer) {
         item.value = buffer.resval.rreal;
         break;
     case ValueKind::Point:
-        item.value = AcGePoint3d(buffer.resval.rpoint[0], buffer.resval.rpoint[1],
-                                 buffer.resval.rpoint[2]);
+        item.value =
+            AcGePoint3d(buffer.resval.rpoint[0], buffer.resval.rpoint[1], buffer.resval.rpoint[2]);
         break;
     case ValueKind::Short:
         item.value = std::int64_t{buffer.resval.rint};

@@ -16,10 +16,10 @@ AcDbObjectId tableNamed(const ACHAR* name) {
     const struct {
         const ACHAR* name;
         AcDbObjectId id;
-    } tables[] = {{L"APPID", database->regAppTableId()},  {L"BLOCK", database->blockTableId()},
-                  {L"LAYER", database->layerTableId()},   {L"LTYPE", database->linetypeTableId()},
-                  {L"STYLE", database->textStyleTableId()},
-                  {L"DIMSTYLE", database->dimStyleTableId()}};
+    } tables[] = {
+        {L"APPID", database->regAppTableId()},    {L"BLOCK", database->blockTableId()},
+        {L"LAYER", database->layerTableId()},     {L"LTYPE", database->linetypeTableId()},
+        {L"STYLE", database->textStyleTableId()}, {L"DIMSTYLE", database->dimStyleTableId()}};
     for (const auto& table : tables) {
         if (host_text::compareNoCase(table.name, name) == 0) {
             return table.id;
@@ -38,9 +38,8 @@ int acdbRegApp(const ACHAR* name) {
 
 resbuf* acdbTblSearch(const ACHAR* table, const ACHAR* name, int /*setNext*/) {
     const auto* records = host_db::peek<AcDbSymbolTable>(tableNamed(table));
-    const auto* record = records == nullptr
-                             ? nullptr
-                             : host_db::peek<AcDbSymbolTableRecord>(records->find(name));
+    const auto* record =
+        records == nullptr ? nullptr : host_db::peek<AcDbSymbolTableRecord>(records->find(name));
     if (record == nullptr) {
         return nullptr;
     }

@@ -7,7 +7,7 @@
 namespace host_db {
 
 /// What the tables of one kind of record add to AcDbSymbolTable: typed look-up and adding.
-template <typename Record>
+template<typename Record>
 class SymbolTableOf : public AcDbSymbolTable {
 public:
     using AcDbSymbolTable::getAt;

@@ -14,16 +14,15 @@ struct CharacterRange {
 };
 
 /// Blocks whose characters fill a square, in ascending order.
-constexpr std::array kWide = {
-    CharacterRange{0x1100, 0x115F},   CharacterRange{0x2460, 0x24FF},
-    CharacterRange{0x2E80, 0x303E},   CharacterRange{0x3041, 0x33FF},
-    CharacterRange{0x3400, 0x4DBF},   CharacterRange{0x4E00, 0x9FFF},
-    CharacterRange{0xA000, 0xA4CF},   CharacterRange{0xA960, 0xA97F},
-    CharacterRange{0xAC00, 0xD7A3},   CharacterRange{0xF900, 0xFAFF},
-    CharacterRange{0xFE10, 0xFE19},   CharacterRange{0xFE30, 0xFE6F},
-    CharacterRange{0xFF01, 0xFF60},   CharacterRange{0xFFE0, 0xFFE6},
-    CharacterRange{0x1F300, 0x1F64F}, CharacterRange{0x1F900, 0x1F9FF},
-    CharacterRange{0x20000, 0x3FFFD}};
+constexpr std::array kWide = {CharacterRange{0x1100, 0x115F},   CharacterRange{0x2460, 0x24FF},
+                              CharacterRange{0x2E80, 0x303E},   CharacterRange{0x3041, 0x33FF},
+                              CharacterRange{0x3400, 0x4DBF},   CharacterRange{0x4E00, 0x9FFF},
+                              CharacterRange{0xA000, 0xA4CF},   CharacterRange{0xA960, 0xA97F},
+                              CharacterRange{0xAC00, 0xD7A3},   CharacterRange{0xF900, 0xFAFF},
+                              CharacterRange{0xFE10, 0xFE19},   CharacterRange{0xFE30, 0xFE6F},
+                              CharacterRange{0xFF01, 0xFF60},   CharacterRange{0xFFE0, 0xFFE6},
+                              CharacterRange{0x1F300, 0x1F64F}, CharacterRange{0x1F900, 0x1F9FF},
+                              CharacterRange{0x20000, 0x3FFFD}};
 
 /// Marks drawn over the character before, and characters that show nothing.
 constexpr std::array kWithoutWidth = {
@@ -32,7 +31,7 @@ constexpr std::array kWithoutWidth = {
     CharacterRange{0x20D0, 0x20FF}, CharacterRange{0xFE00, 0xFE0F}, CharacterRange{0xFE20, 0xFE2F},
     CharacterRange{0xFEFF, 0xFEFF}};
 
-template <std::size_t N>
+template<std::size_t N>
 bool isIn(const std::array<CharacterRange, N>& ranges, std::uint32_t character) {
     const auto range =
         std::lower_bound(ranges.begin(), ranges.end(), character,
@@ -46,12 +45,15 @@ struct AdvanceGroup {
     int advance;
 };
 
-constexpr std::array kAscii = {
-    AdvanceGroup{"ijl!'.,:;|`", 25}, AdvanceGroup{" I()[]{}ft-/\\\"", 35},
-    AdvanceGroup{"rs*^", 45},        AdvanceGroup{"acekvxyzJ?_", 55},
-    AdvanceGroup{"bdghnopqu0123456789L$#+<=>~F", 60},
-    AdvanceGroup{"ABEKPSTVXYZ&", 70}, AdvanceGroup{"CDGHNORUw", 75},
-    AdvanceGroup{"OQ%Mm@", 90},       AdvanceGroup{"W", 95}};
+constexpr std::array kAscii = {AdvanceGroup{"ijl!'.,:;|`", 25},
+                               AdvanceGroup{" I()[]{}ft-/\\\"", 35},
+                               AdvanceGroup{"rs*^", 45},
+                               AdvanceGroup{"acekvxyzJ?_", 55},
+                               AdvanceGroup{"bdghnopqu0123456789L$#+<=>~F", 60},
+                               AdvanceGroup{"ABEKPSTVXYZ&", 70},
+                               AdvanceGroup{"CDGHNORUw", 75},
+                               AdvanceGroup{"OQ%Mm@", 90},
+                               AdvanceGroup{"W", 95}};
 
 constexpr int kOtherAdvance = 60;
 
@@ -86,9 +88,9 @@ double codeAdvance(const wchar_t*& text) {
     }
     constexpr std::wstring_view kSwitches = L"uUoOkK";
     constexpr std::wstring_view kSymbols = L"cCdDpP";
-    const bool isKnown = code != L'\0' && (kSwitches.find(code) != std::wstring_view::npos ||
-                                           kSymbols.find(code) != std::wstring_view::npos ||
-                                           code == L'%');
+    const bool isKnown =
+        code != L'\0' && (kSwitches.find(code) != std::wstring_view::npos ||
+                          kSymbols.find(code) != std::wstring_view::npos || code == L'%');
     text += isKnown ? 3 : 1;
     if (isKnown && kSwitches.find(code) != std::wstring_view::npos) {
         return 0.0;

@@ -14,8 +14,7 @@ bool firstStringOfItems(const ResultItems& items, const wchar_t* application, CS
             if (inSection) {
                 return true;
             }
-            inSection =
-                host_text::compareNoCase(std::get<CString>(item.value), application) == 0;
+            inSection = host_text::compareNoCase(std::get<CString>(item.value), application) == 0;
             if (inSection) {
                 text.Empty();
             }

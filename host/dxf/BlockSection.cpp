@@ -17,8 +17,9 @@ void loadBlock(LoadContext& context, EntityLoader& loader, DxfRecord& record) {
     context.claimHandle(record);
     const AcDbObjectId block = context.definitionToFill(record);
     context.builder().setBlockOrigin(block, pointOf(record, 10));
-    FilePart part{FilePart::Kind::Block, std::string(record.text(2)), record.range,
-                  record.range.end, record.range.end, block};
+    FilePart part{FilePart::Kind::Block, std::string(record.text(2)),
+                  record.range,          record.range.end,
+                  record.range.end,      block};
     const std::size_t place = context.outline().parts.size();
     context.outline().parts.push_back(std::move(part));
     while (!reader.atRecord("ENDBLK")) {

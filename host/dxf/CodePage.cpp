@@ -16,8 +16,7 @@ constexpr unsigned firstUpper = 0x80;
 /// The system's converter from one code page to UTF-16, closed at the end of its scope.
 class Converter {
 public:
-    explicit Converter(const std::string& from)
-        : handle_(::iconv_open("UTF-16LE", from.c_str())) {}
+    explicit Converter(const std::string& from) : handle_(::iconv_open("UTF-16LE", from.c_str())) {}
     ~Converter() {
         if (isOpen()) {
             ::iconv_close(handle_);
@@ -63,9 +62,9 @@ struct NamedPage {
 };
 
 constexpr NamedPage namedPages[] = {
-    {"GB2312", "CP936"},      {"BIG5", "CP950"},     {"KSC5601", "CP949"},
-    {"JOHAB", "CP1361"},      {"DOS1361", "CP1361"}, {"MAC-ROMAN", "MACINTOSH"},
-    {"ANSI_65001", "UTF-8"},  {"UTF-8", "UTF-8"},    {"UTF8", "UTF-8"},
+    {"GB2312", "CP936"},         {"BIG5", "CP950"},         {"KSC5601", "CP949"},
+    {"JOHAB", "CP1361"},         {"DOS1361", "CP1361"},     {"MAC-ROMAN", "MACINTOSH"},
+    {"ANSI_65001", "UTF-8"},     {"UTF-8", "UTF-8"},        {"UTF8", "UTF-8"},
     {"ANSI_874", "WINDOWS-874"}, {"DOS874", "WINDOWS-874"}, {"ASCII", "CP1252"},
 };
 

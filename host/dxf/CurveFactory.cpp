@@ -25,10 +25,10 @@ std::unique_ptr<AcDbEntity> makeLine(const DxfRecord& record) {
 std::unique_ptr<AcDbEntity> makeArc(const DxfRecord& record) {
     const AcGeVector3d normal = extrusionOf(record);
     const double radius = record.real(40, 0.0);
-    return radius < 0.0 ? nullptr
-                        : std::make_unique<AcDbArc>(worldPoint(pointOf(record, 10), normal), normal,
-                                                    radius, angleOf(record, 50),
-                                                    angleOf(record, 51));
+    return radius < 0.0
+               ? nullptr
+               : std::make_unique<AcDbArc>(worldPoint(pointOf(record, 10), normal), normal, radius,
+                                           angleOf(record, 50), angleOf(record, 51));
 }
 
 std::unique_ptr<AcDbEntity> makeCircle(const DxfRecord& record) {

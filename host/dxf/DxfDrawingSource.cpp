@@ -13,12 +13,12 @@ constexpr int firstXdataCode = 1000;
 constexpr int lastXdataCode = 1071;
 constexpr int applicationCode = 1001;
 
-/// The next group of extended data; false where the data ends.
-bool nextXdata(TagCursor& cursor, DxfTag& tag) {
+/// The next group of extended data; false where the data ends. `step` is how the cursor goes on.
+bool nextXdata(TagCursor& cursor, DxfTag& tag, bool (TagCursor::*step)(DxfTag&)) {
     constexpr int comment = 999;
-    bool found = cursor.next(tag);
+    bool found = (cursor.*step)(tag);
     while (found && tag.code == comment) {
-        found = cursor.next(tag);
+        found = (cursor.*step)(tag);
     }
     return found && tag.code >= firstXdataCode && tag.code <= lastXdataCode;
 }
@@ -38,7 +38,10 @@ CString DxfDrawingSource::decoded(std::string_view bytes) const {
 }
 
 bool DxfDrawingSource::isApplication(std::string_view bytes, const wchar_t* application) const {
-    return host_text::compareNoCase(decoder_->decode(bytes).c_str(), application) == 0;
+    const auto known = applicationNames_.find(bytes);
+    return known != applicationNames_.end()
+               ? host_text::compareNoCase(known->second.c_str(), application) == 0
+               : host_text::compareNoCase(decoder_->decode(bytes).c_str(), application) == 0;
 }
 
 resbuf* DxfDrawingSource::readXdata(const SourceRange& range) const {
@@ -49,7 +52,7 @@ resbuf* DxfDrawingSource::readXdata(const SourceRange& range) const {
     ItemCollector items(*decoder_, noReferences);
     TagCursor cursor = cursorOver(range);
     DxfTag tag;
-    while (nextXdata(cursor, tag)) {
+    while (nextXdata(cursor, tag, &TagCursor::next)) {
         items.add(tag);
     }
     return host_db::chainOf(items.take());
@@ -63,7 +66,7 @@ bool DxfDrawingSource::firstXdataString(const SourceRange& range, const wchar_t*
     TagCursor cursor = cursorOver(range);
     DxfTag tag;
     bool inside = false;
-    while (nextXdata(cursor, tag)) {
+    while (nextXdata(cursor, tag, &TagCursor::nextUnparsed)) {
         if (tag.code == applicationCode) {
             if (inside) {
                 break;

@@ -7,7 +7,10 @@
 #include "dxf/TextDecoder.h"
 
 #include <memory>
+#include <string>
 #include <string_view>
+#include <unordered_map>
+#include <utility>
 
 namespace host_dxf {
 
@@ -29,6 +32,11 @@ public:
     const FileOutline& outline() const { return outline_; }
     void setOutline(FileOutline outline) { outline_ = std::move(outline); }
 
+    /// The decoded names of the file's applications by their bytes in the file, so that looking for
+    /// an application decodes no name. A name that is missing here is decoded each time.
+    using ApplicationNames = std::unordered_map<std::string_view, std::wstring>;
+    void setApplicationNames(ApplicationNames names) { applicationNames_ = std::move(names); }
+
 private:
     TagCursor cursorOver(const SourceRange& range) const;
     CString decoded(std::string_view bytes) const;
@@ -37,6 +45,7 @@ private:
     std::shared_ptr<const DxfSource> file_;
     std::shared_ptr<const TextDecoder> decoder_;
     FileOutline outline_;
+    ApplicationNames applicationNames_;
 };
 
 } // namespace host_dxf

@@ -26,7 +26,9 @@ const DxfTag* findIn(std::span<const DxfTag> tags, int code) {
     return nullptr;
 }
 
-const DxfTag* DxfRecord::find(int code) const { return findIn(tags, code); }
+const DxfTag* DxfRecord::find(int code) const {
+    return findIn(tags, code);
+}
 
 double DxfRecord::real(int code, double missing) const {
     const DxfTag* const tag = find(code);

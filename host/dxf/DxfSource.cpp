@@ -37,7 +37,9 @@ private:
     int descriptor_;
 };
 
-std::string systemMessage(int code) { return std::generic_category().message(code); }
+std::string systemMessage(int code) {
+    return std::generic_category().message(code);
+}
 
 /// Fills `buffer` from the file; gives the number of bytes the file still had, or -1 on an error.
 ssize_t readAll(int descriptor, char* buffer, std::size_t size) {

@@ -47,7 +47,9 @@ AcDb::Poly3dType spatialType(const DxfRecord& record) {
     return smoothing == cubicSmoothing ? AcDb::k3dCubicSplinePoly : AcDb::k3dSimplePoly;
 }
 
-int vertexFlags(const DxfRecord& vertex) { return static_cast<int>(vertex.integer(70, 0)); }
+int vertexFlags(const DxfRecord& vertex) {
+    return static_cast<int>(vertex.integer(70, 0));
+}
 
 /// The points that outline an entity which is not modelled; empty where they are not known.
 std::vector<AcGePoint3d> outlineOf(const DxfRecord& record) {
@@ -127,7 +129,7 @@ void EntityLoader::addPolyline(AcDbObjectId block) {
     LoadContext::requireAdded(id, record_);
 }
 
-template <typename Polyline, typename AddVertex>
+template<typename Polyline, typename AddVertex>
 std::unique_ptr<Polyline> EntityLoader::readVertices(std::unique_ptr<Polyline> polyline,
                                                      AddVertex addVertex) {
     while (context_.reader().atRecord("VERTEX")) {
@@ -147,9 +149,9 @@ std::unique_ptr<AcDbEntity> EntityLoader::flatPolyline() {
     const double startWidth = record_.real(40, 0.0);
     const double endWidth = record_.real(41, 0.0);
     return readVertices(std::move(polyline), [&](AcDb2dPolyline& target, const DxfRecord& vertex) {
-        target.appendVertex({pointOf(vertex, 10), vertex.real(42, 0.0),
-                             vertex.real(40, startWidth), vertex.real(41, endWidth),
-                             vertexFlags(vertex), LoadContext::ownHandle(vertex)});
+        target.appendVertex({pointOf(vertex, 10), vertex.real(42, 0.0), vertex.real(40, startWidth),
+                             vertex.real(41, endWidth), vertexFlags(vertex),
+                             LoadContext::ownHandle(vertex)});
     });
 }
 
@@ -167,29 +169,29 @@ std::unique_ptr<AcDbEntity> EntityLoader::meshPolyline() {
     constexpr int faceFlags = 128;
     constexpr int placeFlag = 64;
     std::vector<AcGePoint3d> points;
-    auto mesh = readVertices(
-        std::make_unique<AcDbUnknownEntity>(L"POLYLINE"),
-        [&points](AcDbUnknownEntity&, const DxfRecord& vertex) {
-            // A face of a polyface mesh is a vertex record too, but has no place.
-            if ((vertexFlags(vertex) & (faceFlags | placeFlag)) != faceFlags) {
-                points.push_back(pointOf(vertex, 10));
-            }
-        });
+    auto mesh = readVertices(std::make_unique<AcDbUnknownEntity>(L"POLYLINE"),
+                             [&points](AcDbUnknownEntity&, const DxfRecord& vertex) {
+                                 // A face of a polyface mesh is a vertex record too, but has no
+                                 // place.
+                                 if ((vertexFlags(vertex) & (faceFlags | placeFlag)) != faceFlags) {
+                                     points.push_back(pointOf(vertex, 10));
+                                 }
+                             });
     mesh->setOutline(std::move(points));
     return mesh;
 }
 
 void EntityLoader::addReference(AcDbObjectId block) {
-    const AcDbObjectId id = context_.builder().addEntity(block, makeReference(),
-                                                         context_.entityHeader(record_));
+    const AcDbObjectId id =
+        context_.builder().addEntity(block, makeReference(), context_.entityHeader(record_));
     LoadContext::requireAdded(id, record_);
     addAttributes(id);
 }
 
 std::unique_ptr<AcDbBlockReference> EntityLoader::makeReference() {
     const AcGeVector3d normal = extrusionOf(record_);
-    auto reference = std::make_unique<AcDbBlockReference>(
-        worldPoint(pointOf(record_, 10), normal), context_.block(record_.text(2)));
+    auto reference = std::make_unique<AcDbBlockReference>(worldPoint(pointOf(record_, 10), normal),
+                                                          context_.block(record_.text(2)));
     reference->setNormal(normal);
     reference->setScaleFactors(
         AcGeScale3d(record_.real(41, 1.0), record_.real(42, 1.0), record_.real(43, 1.0)));

@@ -30,7 +30,7 @@ public:
 
 private:
     void addPolyline(AcDbObjectId block);
-    template <typename Polyline, typename AddVertex>
+    template<typename Polyline, typename AddVertex>
     std::unique_ptr<Polyline> readVertices(std::unique_ptr<Polyline> polyline, AddVertex addVertex);
     std::unique_ptr<AcDbEntity> flatPolyline();
     std::unique_ptr<AcDbEntity> spatialPolyline();

@@ -30,14 +30,14 @@ struct HeaderVariable {
     SourceRange range;
 };
 
-/// How a drawing file is laid out. With the ranges of the objects it accounts for every byte: a file
-/// is its parts in their order, and each part its records in theirs.
+/// How a drawing file is laid out. With the ranges of the objects it accounts for every byte: a
+/// file is its parts in their order, and each part its records in theirs.
 struct FileOutline {
     std::vector<FilePart> parts; ///< in file order, a part before the parts inside it
     std::vector<HeaderVariable> variables;
-    std::size_t endOfFile = 0; ///< offset of the group 0 EOF
-    std::string version;       ///< $ACADVER, empty when the file has none
-    std::string codePage;      ///< $DWGCODEPAGE, empty when the file has none
+    std::size_t endOfFile = 0;    ///< offset of the group 0 EOF
+    std::string version;          ///< $ACADVER, empty when the file has none
+    std::string codePage;         ///< $DWGCODEPAGE, empty when the file has none
     std::uint64_t handleSeed = 0; ///< $HANDSEED, 0 when the file has none
 };
 

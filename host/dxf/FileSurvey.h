@@ -18,8 +18,8 @@ struct FileSurvey {
         std::uint64_t block = 0;
     };
 
-    std::string_view version;  ///< $ACADVER, empty when the file has none
-    std::string_view codePage; ///< $DWGCODEPAGE, empty when the file has none
+    std::string_view version;     ///< $ACADVER, empty when the file has none
+    std::string_view codePage;    ///< $DWGCODEPAGE, empty when the file has none
     std::uint64_t handleSeed = 0; ///< $HANDSEED, 0 when the file has none
     /// The greatest handle that any record has. New objects take handles above it, else one of them
     /// would bear the handle of an object further on.

@@ -72,6 +72,8 @@ host_db::ResultItem ItemCollector::itemOf(const DxfTag& tag) const {
     return item;
 }
 
-host_db::ResultItems ItemCollector::take() { return std::exchange(items_, {}); }
+host_db::ResultItems ItemCollector::take() {
+    return std::exchange(items_, {});
+}
 
 } // namespace host_dxf

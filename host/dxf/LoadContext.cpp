@@ -34,9 +34,9 @@ const DxfTag* handleTag(const DxfRecord& record) {
 
 } // namespace
 
-LoadContext::LoadContext(AcDbDatabase& database, DxfDrawingSource& source,
-                         const FileSurvey& survey)
-    : database_(database), survey_(survey), file_(source.file()), decoder_(source.decoder()), reader_(source.file()), builder_(database) {
+LoadContext::LoadContext(AcDbDatabase& database, DxfDrawingSource& source, const FileSurvey& survey)
+    : database_(database), survey_(survey), file_(source.file()), decoder_(source.decoder()),
+      reader_(source.file()), builder_(database) {
     builder_.setHandleSeed(std::max(survey.handleSeed, survey.highestHandle + 1));
     outline_.version = survey.version;
     outline_.codePage = survey.codePage;
@@ -71,11 +71,10 @@ void LoadContext::requireAdded(AcDbObjectId added, const DxfRecord& record) {
     }
     const DxfTag* const tag = handleTag(record);
     if (tag == nullptr) {
-        throw DxfFailure(record.position, "no handle is left for " +
-                                              quotedForMessage(record.type));
+        throw DxfFailure(record.position, "no handle is left for " + quotedForMessage(record.type));
     }
-    throw DxfFailure(tag->valuePosition(), "handle " + quotedForMessage(tag->text) +
-                                               " is used twice");
+    throw DxfFailure(tag->valuePosition(),
+                     "handle " + quotedForMessage(tag->text) + " is used twice");
 }
 
 host_db::ObjectHeader LoadContext::objectHeader(const DxfRecord& record) {
@@ -217,9 +216,8 @@ bool LoadContext::isSpace(AcDbObjectId block) const {
 AcDbObjectId LoadContext::definitionToFill(const DxfRecord& block) {
     const std::wstring name = blockName(block.text(2));
     const auto owner = blockRecords_.find(ownerHandle(block));
-    AcDbObjectId id = owner == blockRecords_.end()
-                          ? builder_.findRecord(Table::Block, name.c_str())
-                          : owner->second;
+    AcDbObjectId id = owner == blockRecords_.end() ? builder_.findRecord(Table::Block, name.c_str())
+                                                   : owner->second;
     if (!filled_.insert(id).second) {
         // A second definition of one name: references mean the first, its entities are kept.
         id = builder_.addBlock(name.c_str(), 0, {});
@@ -255,10 +253,17 @@ void LoadContext::noteLayout(std::uint64_t blockHandle, AcDbObjectId layout) {
     }
 }
 
+DxfDrawingSource::ApplicationNames LoadContext::applicationNames() const {
+    DxfDrawingSource::ApplicationNames names;
+    for (const auto& [bytes, number] : applications_) {
+        names.emplace(bytes, decode(bytes));
+    }
+    return names;
+}
+
 void LoadContext::finish() {
     completeBlocks();
-    const AcDbObjectId layer =
-        builder_.findRecord(Table::Layer, decode(currentLayer_).c_str());
+    const AcDbObjectId layer = builder_.findRecord(Table::Layer, decode(currentLayer_).c_str());
     if (!layer.isNull()) {
         builder_.setCurrentLayer(layer);
     }

@@ -73,6 +73,8 @@ public:
     AcDbObjectId namedObjects() const { return database_.namedObjectsDictionaryId(); }
     /// True the first time it is asked for a table.
     bool isFirstTable(Table table) { return tables_.insert(table).second; }
+    /// The applications met so far, decoded.
+    DxfDrawingSource::ApplicationNames applicationNames() const;
     /// To be called once, when all sections are read.
     void finish();
 

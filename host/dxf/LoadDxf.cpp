@@ -42,9 +42,11 @@ void loadSection(LoadContext& context) {
     }
     const std::string name(reader.peek().text);
     const std::size_t place = context.outline().parts.size();
-    context.outline().parts.push_back({FilePart::Kind::Section, name,
+    context.outline().parts.push_back({FilePart::Kind::Section,
+                                       name,
                                        {head.begin, head.end, head.line, 0},
-                                       reader.peek().end, reader.peek().end,
+                                       reader.peek().end,
+                                       reader.peek().end,
                                        AcDbObjectId::kNull});
     reader.skip();
     loaderOf(name)(context);
@@ -94,6 +96,7 @@ std::unique_ptr<AcDbDatabase> loadFrom(const std::shared_ptr<const DxfSource>& f
     context.builder().setSource(std::move(source));
     loadSections(context);
     shared.setOutline(std::move(context.outline()));
+    shared.setApplicationNames(context.applicationNames());
     return database;
 }
 

@@ -42,8 +42,8 @@ private:
     AcDbObjectId add(std::unique_ptr<AcDbObject> object) {
         const AcDbObjectId owner =
             context_.builder().idForHandle(LoadContext::ownerHandle(record_));
-        const AcDbObjectId id = context_.builder().addObject(std::move(object), owner,
-                                                             context_.objectHeader(record_));
+        const AcDbObjectId id =
+            context_.builder().addObject(std::move(object), owner, context_.objectHeader(record_));
         LoadContext::requireAdded(id, record_);
         return id;
     }
@@ -124,6 +124,8 @@ private:
 
 } // namespace
 
-void loadObjects(LoadContext& context) { ObjectLoader(context).load(); }
+void loadObjects(LoadContext& context) {
+    ObjectLoader(context).load();
+}
 
 } // namespace host_dxf

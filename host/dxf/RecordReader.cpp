@@ -37,8 +37,7 @@ private:
 
     void noteFirstApplication(const DxfTag& tag) {
         if (record_.applications.size() == 1) {
-            record_.range.xdataOffset =
-                static_cast<std::uint32_t>(tag.begin - record_.range.begin);
+            record_.range.xdataOffset = static_cast<std::uint32_t>(tag.begin - record_.range.begin);
         }
     }
 
@@ -75,7 +74,9 @@ private:
     bool inExtensionDictionary_ = false;
 };
 
-RecordReader::RecordReader(const DxfSource& source) : cursor_(source) { advance(); }
+RecordReader::RecordReader(const DxfSource& source) : cursor_(source) {
+    advance();
+}
 
 RecordReader::RecordReader(const DxfSource& source, const FilePosition& start)
     : cursor_(source, start.offset, source.bytes().size(), start.line) {
@@ -122,8 +123,8 @@ void RecordReader::failExpecting(const std::string& expected) const {
     if (next_.code == endOfFile) {
         throw DxfFailure(next_.position(), "the file ends, expected " + expected);
     }
-    const std::string found = next_.code == 0 ? quotedForMessage(next_.text)
-                                              : "group " + std::to_string(next_.code);
+    const std::string found =
+        next_.code == 0 ? quotedForMessage(next_.text) : "group " + std::to_string(next_.code);
     throw DxfFailure(next_.position(), "expected " + expected + ", found " + found);
 }
 

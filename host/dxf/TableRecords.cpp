@@ -33,8 +33,8 @@ std::unique_ptr<AcDbSymbolTableRecord> makeLayer(LoadContext& context, const Dxf
     }
     // A layer that is switched off has its colour negated.
     layer->setIsOff(color < 0);
-    layer->setLinetypeObjectId(context.builder().findRecord(
-        Table::Linetype, context.decode(record.text(6)).c_str()));
+    layer->setLinetypeObjectId(
+        context.builder().findRecord(Table::Linetype, context.decode(record.text(6)).c_str()));
     return layer;
 }
 

@@ -21,8 +21,9 @@ public:
         if (name.empty()) {
             throw DxfFailure(record_.position, "a TABLE without a name (group 2)");
         }
-        FilePart part{FilePart::Kind::Table, name, record_.range, record_.range.end,
-                      record_.range.end, AcDbObjectId::kNull};
+        FilePart part{FilePart::Kind::Table, name,
+                      record_.range,         record_.range.end,
+                      record_.range.end,     AcDbObjectId::kNull};
         if (enters_) {
             adopt(name);
         }

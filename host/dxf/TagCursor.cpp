@@ -11,7 +11,7 @@ namespace host_dxf {
 
 namespace {
 
-template <class T>
+template<class T>
 T littleEndian(std::string_view bytes) {
     std::uint64_t value = 0;
     for (std::size_t i = 0; i < sizeof(T); ++i) {
@@ -27,7 +27,9 @@ double littleEndianReal(std::string_view bytes) {
     return value;
 }
 
-std::string groupName(int code) { return "group " + std::to_string(code); }
+std::string groupName(int code) {
+    return "group " + std::to_string(code);
+}
 
 } // namespace
 
@@ -53,15 +55,16 @@ bool TagCursor::nextUnparsed(DxfTag& tag) {
     return source_.isText() ? nextText(tag) : nextBinary(tag);
 }
 
-FilePosition TagCursor::position() const { return {source_.isText() ? line_ : 0, offset_}; }
+FilePosition TagCursor::position() const {
+    return {source_.isText() ? line_ : 0, offset_};
+}
 
 std::string_view TagCursor::takeLine() {
     const char* const start = bytes_.data() + offset_;
     const std::size_t left = bytes_.size() - offset_;
     const void* const found = std::memchr(start, source_.lineEnd(), left);
     const std::size_t length =
-        found == nullptr ? left
-                         : static_cast<std::size_t>(static_cast<const char*>(found) - start);
+        found == nullptr ? left : static_cast<std::size_t>(static_cast<const char*>(found) - start);
     offset_ += found == nullptr ? left : length + 1;
     ++line_;
     const bool carriageReturn = length > 0 && start[length - 1] == '\r';
@@ -78,8 +81,8 @@ int TagCursor::parseCode(std::string_view line) const {
         code <= std::numeric_limits<std::int16_t>::max()) {
         return static_cast<int>(code);
     }
-    throw DxfFailure({line_ - 1, offset_}, "expected a group code, found " +
-                                               quotedForMessage(line));
+    throw DxfFailure({line_ - 1, offset_},
+                     "expected a group code, found " + quotedForMessage(line));
 }
 
 bool TagCursor::nextText(DxfTag& tag) {

@@ -15,8 +15,8 @@ namespace host_dxf {
 /// escapes of the format (\U+XXXX, \M+nXXXX, ^J). Any thread may decode at any time.
 class TextDecoder {
 public:
-    /// `dwgCodePage` is the value of $DWGCODEPAGE, empty when the drawing has none; `utf8` says that
-    /// the drawing's version stores UTF-8 whatever its code page is.
+    /// `dwgCodePage` is the value of $DWGCODEPAGE, empty when the drawing has none; `utf8` says
+    /// that the drawing's version stores UTF-8 whatever its code page is.
     TextDecoder(std::string_view dwgCodePage, bool utf8);
 
     /// The text that `bytes` stands for. What is no valid character gives U+FFFD; a zero byte too,

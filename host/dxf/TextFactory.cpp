@@ -47,7 +47,7 @@ void fillText(LoadContext& context, const DxfRecord& record, int verticalCode, A
 constexpr int textVerticalCode = 73;
 constexpr int attributeVerticalCode = 74;
 
-template <typename Attribute>
+template<typename Attribute>
 std::unique_ptr<Attribute> makeTagged(LoadContext& context, const DxfRecord& record) {
     auto attribute = std::make_unique<Attribute>();
     fillText(context, record, attributeVerticalCode, *attribute);

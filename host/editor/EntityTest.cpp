@@ -18,7 +18,7 @@ namespace {
 using host_db::peek;
 
 /// A test made of a plain function.
-template <typename Function>
+template<typename Function>
 class FunctionTest : public EntityTest {
 public:
     explicit FunctionTest(Function function) : function_(std::move(function)) {}
@@ -28,7 +28,7 @@ private:
     Function function_;
 };
 
-template <typename Function>
+template<typename Function>
 std::shared_ptr<const EntityTest> testOf(Function function) {
     return std::make_shared<FunctionTest<Function>>(std::move(function));
 }
@@ -47,7 +47,7 @@ std::unordered_set<AcDbObjectId> recordsLike(AcDbObjectId tableId, const WildCar
     return ids;
 }
 
-template <typename IdOf>
+template<typename IdOf>
 std::shared_ptr<const EntityTest> recordTest(AcDbObjectId table, const WildCard& pattern,
                                              IdOf idOf) {
     return testOf([ids = recordsLike(table, pattern), idOf](const AcDbEntity& entity) {
@@ -105,11 +105,11 @@ struct ComparisonName {
 };
 
 constexpr ComparisonName kComparisons[] = {
-    {L"=", Comparison::Equal},      {L"!=", Comparison::NotEqual},
-    {L"/=", Comparison::NotEqual},  {L"<>", Comparison::NotEqual},
-    {L"<", Comparison::Less},       {L"<=", Comparison::LessEqual},
-    {L">", Comparison::Greater},    {L">=", Comparison::GreaterEqual},
-    {L"&", Comparison::AnyBit},     {L"&=", Comparison::AllBits},
+    {L"=", Comparison::Equal},     {L"!=", Comparison::NotEqual},
+    {L"/=", Comparison::NotEqual}, {L"<>", Comparison::NotEqual},
+    {L"<", Comparison::Less},      {L"<=", Comparison::LessEqual},
+    {L">", Comparison::Greater},   {L">=", Comparison::GreaterEqual},
+    {L"&", Comparison::AnyBit},    {L"&=", Comparison::AllBits},
     {L"*", Comparison::Any}};
 
 bool holds(Comparison comparison, int number, int wanted) {
@@ -143,9 +143,8 @@ std::shared_ptr<const EntityTest> textTest(const resbuf& item, const AcDbDatabas
     const WildCard pattern(text);
     switch (item.restype) {
     case AcDb::kDxfStart:
-        return testOf([pattern](const AcDbEntity& entity) {
-            return pattern.matches(entity.dxfTypeName());
-        });
+        return testOf(
+            [pattern](const AcDbEntity& entity) { return pattern.matches(entity.dxfTypeName()); });
     case AcDb::kDxfBlockName:
         return recordTest(database.blockTableId(), pattern, blockOf);
     case AcDb::kDxfHandle:

@@ -26,7 +26,17 @@ public:
 std::shared_ptr<const EntityTest> textTest(const resbuf& item, const AcDbDatabase& database);
 
 /// How a number is compared with the filter's.
-enum class Comparison { Equal, NotEqual, Less, LessEqual, Greater, GreaterEqual, AnyBit, AllBits, Any };
+enum class Comparison {
+    Equal,
+    NotEqual,
+    Less,
+    LessEqual,
+    Greater,
+    GreaterEqual,
+    AnyBit,
+    AllBits,
+    Any
+};
 
 /// The comparison of an operator's text; false for another text.
 bool findComparison(std::wstring_view text, Comparison& comparison);

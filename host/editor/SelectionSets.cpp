@@ -74,7 +74,7 @@ bool isAllMode(const ACHAR* mode) {
                                host_text::compareNoCase(mode, L"_X") == 0);
 }
 
-template <typename Length>
+template<typename Length>
 int lengthOf(const ads_name name, Length* length) {
     const SelectionSet* set = setOf(name);
     if (set == nullptr || length == nullptr) {

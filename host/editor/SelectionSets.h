@@ -8,10 +8,10 @@
 /// current drawing that passes `filter`, in drawing order: model space, then the layouts in their
 /// file order; not the insides of block definitions; erased ones never. nullptr passes everything.
 ///
-/// The filter is a chain of conditions, all of which must hold, for which see host_ed::EntityFilter.
-/// RTNORM with a set that the caller frees (acedSSFree). RTERROR, with `set` zeroed: nothing was
-/// found, the filter is malformed, no drawing is open, 128 sets are in use, another mode. `point1`
-/// and `point2` belong to other modes and must be nullptr for "X".
+/// The filter is a chain of conditions, all of which must hold, for which see
+/// host_ed::EntityFilter. RTNORM with a set that the caller frees (acedSSFree). RTERROR, with `set`
+/// zeroed: nothing was found, the filter is malformed, no drawing is open, 128 sets are in use,
+/// another mode. `point1` and `point2` belong to other modes and must be nullptr for "X".
 int acedSSGet(const ACHAR* mode, const void* point1, const void* point2, const resbuf* filter,
               ads_name set);
 

@@ -27,7 +27,7 @@ public:
     AcArray(AcArray&& other) noexcept : growLength_(other.growLength_) { swap(other); }
     ~AcArray() {
         host_storage::destroy(data_, 0, length_);
-        host_storage::resize(data_, 0, sizeof(T));
+        host_storage::release(data_);
     }
 
     /// Becomes a copy of the contents; new storage is taken only if the physical length here is

@@ -21,7 +21,7 @@ template<class TYPE, class ARG_TYPE = const TYPE&>
 class CArray : public CObject {
 public:
     CArray() = default;
-    ~CArray() override { SetSize(0, -1); }
+    ~CArray() override { releaseAll(); }
 
     INT_PTR GetSize() const { return size_; }
     INT_PTR GetCount() const { return size_; }
@@ -162,10 +162,12 @@ private:
         capacity_ = capacity;
     }
 
-    void releaseAll() {
+    void releaseAll() noexcept {
         host_storage::destroy(data_, 0, size_);
+        host_storage::release(data_);
+        data_ = nullptr;
         size_ = 0;
-        setCapacity(0);
+        capacity_ = 0;
     }
 
     /// Makes room for `needed` elements. The first storage is exact unless `growBy_` is greater.

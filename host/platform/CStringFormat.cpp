@@ -122,7 +122,8 @@ Conversion readConversion(const wchar_t*& format, Arguments& arguments) {
 }
 
 std::string numberFormat(const Conversion& conversion, const char* size) {
-    std::string format = "%" + conversion.flags;
+    std::string format = "%";
+    format += conversion.flags;
     if (conversion.width > 0) {
         format += std::to_string(conversion.width);
     }

@@ -16,11 +16,16 @@
 /// must not point into itself.
 namespace host_storage {
 
+/// Frees storage; null is allowed.
+inline void release(void* storage) noexcept {
+    std::free(storage);
+}
+
 /// Brings storage to `count` elements of `elementSize` bytes, keeping the bytes that fit; 0 frees
 /// it. The old pointer is void afterwards. Throws CMemoryException, leaving the old storage alone.
 inline void* resize(void* storage, std::size_t count, std::size_t elementSize) {
     if (count == 0) {
-        std::free(storage);
+        release(storage);
         return nullptr;
     }
     if (count >

@@ -3,6 +3,8 @@
 #include "frame/FlowKind.h"
 #include "frame/GravitySearchObject.h"
 #include "gravity/GetGravityNetwork.h"
+#include "pressure/GetPressureNetwork.h"
+#include "pressure/PressureSearchObject.h"
 #include "records/XdataKeys.h"
 
 namespace {
@@ -36,10 +38,14 @@ int SearchGravity(SearchObject*& object, AcDbObjectId& startId, AcDbObjectId& en
     return 1;
 }
 
-/// Pressure networks are not searched yet, so the request ends as a failed search does.
-int SearchPressure(SearchObject*& object) {
-    object = nullptr;
-    return 0;
+int SearchPressure(SearchObject*& object, AcDbObjectId& startId, AcGePoint3d& point) {
+    auto* network = new PressureSearchObject;
+    object = network;
+    if (GetPressureNetwork(network->segs, startId, point, network->rootSeg) == 0) {
+        DeleteResult(object);
+        return 0;
+    }
+    return 1;
 }
 
 } // namespace
@@ -54,7 +60,7 @@ int GetSearchInformation(SearchObject*& object, AcDbObjectId& startId, AcDbObjec
     case 1:
         return SearchGravity(object, startId, endId, point);
     case 0:
-        return SearchPressure(object);
+        return SearchPressure(object, startId, point);
     default:
         return 1;
     }

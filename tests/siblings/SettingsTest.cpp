@@ -233,6 +233,14 @@ TEST_F(SettingsTest, ChangedFileIsSeen) {
     EXPECT_EQ(GetVZDrawScale(), 1000.0);
 }
 
+TEST_F(SettingsTest, FileRewrittenFasterThanItsTimesTellIsSeen) {
+    for (int i = 0; i < 30; ++i) {
+        const int digit = 1 + i % 9;
+        file("DrawScale = " + std::to_string(digit) + "\n");
+        ASSERT_EQ(GetVZDrawScale(), digit);
+    }
+}
+
 TEST_F(SettingsTest, ChangedFileIsSeenInTheMidstOfManyCalls) {
     file("DrawScale = 1\n");
     for (int i = 0; i < 10000; ++i) {

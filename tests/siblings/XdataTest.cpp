@@ -202,7 +202,12 @@ TEST_F(XdataTest, SettingOnAnOpenObject) {
 
     ASSERT_EQ(acdbOpenObject(opened, line, AcDb::kForRead), Acad::eOk);
     EXPECT_EQ(SetXdata(opened, size, L"500"), 0);
+    EXPECT_EQ(SetXdata(opened, system, L"污水"), 0);
     opened->close();
+    AcDbRegAppTable* table = nullptr;
+    ASSERT_EQ(database()->getRegAppTable(table, AcDb::kForRead), Acad::eOk);
+    EXPECT_FALSE(table->has(system)); // what cannot be written registers nothing
+    table->close();
     EXPECT_EQ(dump(), L"1001:管径;1000:400;");
 }
 

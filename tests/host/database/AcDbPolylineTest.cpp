@@ -10,17 +10,18 @@ namespace {
 constexpr double kPi = std::numbers::pi;
 
 /// A half turn below the chord, a leg to the right, a quarter turn.
-AcDbPolyline sample() {
-    AcDbPolyline polyline;
-    polyline.addVertexAt(0, {0.0, 0.0}, 1.0);
-    polyline.addVertexAt(1, {2.0, 0.0});
-    polyline.addVertexAt(2, {5.0, 0.0}, std::tan(kPi / 8.0));
-    polyline.addVertexAt(3, {6.0, 1.0});
-    return polyline;
-}
+class Sample : public AcDbPolyline {
+public:
+    Sample() {
+        addVertexAt(0, {0.0, 0.0}, 1.0);
+        addVertexAt(1, {2.0, 0.0});
+        addVertexAt(2, {5.0, 0.0}, std::tan(kPi / 8.0));
+        addVertexAt(3, {6.0, 1.0});
+    }
+};
 
 TEST(AcDbPolylineTest, SegmentTypes) {
-    AcDbPolyline polyline = sample();
+    Sample polyline;
     EXPECT_EQ(polyline.numVerts(), 4U);
     EXPECT_EQ(polyline.segType(0), AcDbPolyline::kArc);
     EXPECT_EQ(polyline.segType(1), AcDbPolyline::kLine);
@@ -37,7 +38,7 @@ TEST(AcDbPolylineTest, SegmentTypes) {
 
 TEST(AcDbPolylineTest, AnArcRunsFromItsFirstToItsSecondVertex) {
     AcGeCircArc3d arc;
-    ASSERT_EQ(sample().getArcSegAt(0, arc), Acad::eOk);
+    ASSERT_EQ(Sample().getArcSegAt(0, arc), Acad::eOk);
     expectPoint(arc.center(), 1.0, 0.0, 0.0);
     EXPECT_NEAR(arc.radius(), 1.0, 1e-12);
     expectPoint(arc.startPoint(), 0.0, 0.0, 0.0, 0.0);
@@ -64,16 +65,16 @@ TEST(AcDbPolylineTest, ANegativeBulgeFlipsTheNormal) {
 TEST(AcDbPolylineTest, SegmentsOfTheWrongTypeAreRefused) {
     AcGeCircArc3d arc;
     AcGeLineSeg3d line;
-    EXPECT_EQ(sample().getArcSegAt(1, arc), Acad::eInvalidInput);
-    EXPECT_EQ(sample().getLineSegAt(0, line), Acad::eInvalidInput);
-    EXPECT_EQ(sample().getArcSegAt(9, arc), Acad::eInvalidIndex);
-    ASSERT_EQ(sample().getLineSegAt(1, line), Acad::eOk);
+    EXPECT_EQ(Sample().getArcSegAt(1, arc), Acad::eInvalidInput);
+    EXPECT_EQ(Sample().getLineSegAt(0, line), Acad::eInvalidInput);
+    EXPECT_EQ(Sample().getArcSegAt(9, arc), Acad::eInvalidIndex);
+    ASSERT_EQ(Sample().getLineSegAt(1, line), Acad::eOk);
     expectPoint(line.startPoint(), 2.0, 0.0, 0.0);
     expectPoint(line.endPoint(), 5.0, 0.0, 0.0);
 }
 
 TEST(AcDbPolylineTest, LengthParametersAndExtents) {
-    const AcDbPolyline polyline = sample();
+    const Sample polyline;
     EXPECT_NEAR(polyline.curveLength(), kPi + 3.0 + kPi / 2.0, 1e-12);
     AcGePoint3d point;
     ASSERT_EQ(polyline.getPointAtParam(0.5, point), Acad::eOk);
@@ -94,7 +95,7 @@ TEST(AcDbPolylineTest, LengthParametersAndExtents) {
 }
 
 TEST(AcDbPolylineTest, AClosedOneEndsWhereItStarts) {
-    AcDbPolyline polyline = sample();
+    Sample polyline;
     AcGePoint3d point;
     polyline.getEndPoint(point);
     expectPoint(point, 6.0, 1.0, 0.0);
@@ -119,7 +120,7 @@ TEST(AcDbPolylineTest, VerticesStandInItsOwnPlane) {
 }
 
 TEST(AcDbPolylineTest, VerticesAreInsertedChangedAndRemoved) {
-    AcDbPolyline polyline = sample();
+    Sample polyline;
     EXPECT_EQ(polyline.addVertexAt(9, {0.0, 0.0}), Acad::eInvalidIndex);
     ASSERT_EQ(polyline.addVertexAt(1, {1.0, 5.0}, 0.5, 0.2, -4.0), Acad::eOk);
     EXPECT_EQ(polyline.numVerts(), 5U);

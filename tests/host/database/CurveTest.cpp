@@ -147,9 +147,9 @@ TEST(AcDbEllipseTest, HasTrueEndsLengthAndExtents) {
 
 TEST(AcDbSplineTest, AClampedSplineRunsThroughItsFirstAndLastControlPoint) {
     // One Bezier piece: the parabola x = 2t, y = 4 t (1 - t).
-    const AcDbSpline spline(host_db::NurbsCurve(
-        2, {0.0, 0.0, 0.0, 1.0, 1.0, 1.0},
-        {{0.0, 0.0, 0.0}, {1.0, 2.0, 0.0}, {2.0, 0.0, 0.0}}, {}));
+    const AcDbSpline spline(host_db::NurbsCurve(2, {0.0, 0.0, 0.0, 1.0, 1.0, 1.0},
+                                                {{0.0, 0.0, 0.0}, {1.0, 2.0, 0.0}, {2.0, 0.0, 0.0}},
+                                                {}));
     AcGePoint3d point;
     spline.getStartPoint(point);
     expectPoint(point, 0.0, 0.0, 0.0);
@@ -180,9 +180,9 @@ TEST(AcDbSplineTest, AnUnclampedSplineEndsInsideItsPolygon) {
 
 TEST(AcDbSplineTest, WeightsMakeACircle) {
     const double w = std::sqrt(0.5);
-    const AcDbSpline quarter(host_db::NurbsCurve(
-        2, {0.0, 0.0, 0.0, 1.0, 1.0, 1.0},
-        {{1.0, 0.0, 0.0}, {1.0, 1.0, 0.0}, {0.0, 1.0, 0.0}}, {1.0, w, 1.0}));
+    const AcDbSpline quarter(
+        host_db::NurbsCurve(2, {0.0, 0.0, 0.0, 1.0, 1.0, 1.0},
+                            {{1.0, 0.0, 0.0}, {1.0, 1.0, 0.0}, {0.0, 1.0, 0.0}}, {1.0, w, 1.0}));
     AcGePoint3d point;
     quarter.getPointAtParam(0.5, point);
     expectPoint(point, w, w, 0.0);

@@ -66,7 +66,7 @@ protected:
         return addRecord<AcDbBlockTable>(std::move(record));
     }
 
-    template <typename Table, typename Record>
+    template<typename Table, typename Record>
     AcDbObjectId addRecord(std::unique_ptr<Record> record) {
         Table* table = nullptr;
         EXPECT_EQ(database_->getSymbolTable(table, AcDb::kForWrite), Acad::eOk);

@@ -20,7 +20,9 @@ TextFile& TextFile::group(int code, double value) {
     return group(code, std::string_view(digits, static_cast<std::size_t>(end - digits)));
 }
 
-TextFile& TextFile::section(std::string_view name) { return group(0, "SECTION").group(2, name); }
+TextFile& TextFile::section(std::string_view name) {
+    return group(0, "SECTION").group(2, name);
+}
 
 TextFile& TextFile::raw(std::string_view bytes) {
     bytes_ += bytes;

@@ -392,7 +392,8 @@ TEST(LoadEntities, OtherEntitiesKeepWhatAllEntitiesHave) {
     CString layer;
     hatch->layer(layer);
     EXPECT_STREQ(layer.GetString(), L"FILL");
-    EXPECT_EQ(dxf_test::xdataLines(*hatch), (std::vector<std::wstring>{L"1001=KEY", L"1000=value"}));
+    EXPECT_EQ(dxf_test::xdataLines(*hatch),
+              (std::vector<std::wstring>{L"1001=KEY", L"1000=value"}));
     const auto* const solid = drawing.modelEntity<AcDbUnknownEntity>(1);
     ASSERT_NE(solid, nullptr);
     ASSERT_EQ(solid->outline().size(), 2U);

@@ -165,8 +165,13 @@ TextFile withEntitiesAndObjects() {
         file.group(100, "AcDbPlotSettings").group(1, "page").group(100, "AcDbLayout");
         file.group(1, layout.name).group(70, "1").group(71, "0").group(330, layout.block);
     }
-    return file.endSection().section("MINE").group(1, "free").group(0, "THING").group(5, "61")
-        .endSection().endOfFile();
+    return file.endSection()
+        .section("MINE")
+        .group(1, "free")
+        .group(0, "THING")
+        .group(5, "61")
+        .endSection()
+        .endOfFile();
 }
 
 TEST(LoadStructure, SpacesHoldTheirEntitiesModelSpaceFirstThenLayoutsInFileOrder) {
@@ -289,10 +294,10 @@ TEST(LoadStructure, OutlineAccountsForEveryByteOfTheFile) {
     EXPECT_EQ(outline.endOfFile + std::string("0\nEOF\n").size(), file.bytes().size());
     ASSERT_EQ(outline.variables.size(), 4U);
     EXPECT_EQ(outline.variables[1].name, "$DWGCODEPAGE");
-    EXPECT_EQ(file.bytes().substr(outline.variables[1].range.begin,
-                                  outline.variables[1].range.end -
-                                      outline.variables[1].range.begin),
-              "9\n$DWGCODEPAGE\n3\nANSI_936\n");
+    EXPECT_EQ(
+        file.bytes().substr(outline.variables[1].range.begin,
+                            outline.variables[1].range.end - outline.variables[1].range.begin),
+        "9\n$DWGCODEPAGE\n3\nANSI_936\n");
     EXPECT_EQ(outline.version, "AC1015");
     EXPECT_EQ(outline.handleSeed, 0x1000U);
 }
@@ -373,9 +378,8 @@ TEST(LoadXdata, EveryKindOfItem) {
     const auto* const line = drawing.modelEntity<AcDbLine>(0);
     ASSERT_NE(line, nullptr);
     const std::vector<std::wstring> expected = {
-        L"1001=APP",  L"1000=text",  L"1002={",       L"1003=0",      L"1004=1 255",
-        L"1005=1F",   L"1010=1,2,3", L"1040=0.5",     L"1041=-1.5",   L"1042=2",
-        L"1070=-3",   L"1071=70000", L"1002=}",       L"1011=7,8,0"};
+        L"1001=APP", L"1000=text", L"1002={", L"1003=0",  L"1004=1 255", L"1005=1F", L"1010=1,2,3",
+        L"1040=0.5", L"1041=-1.5", L"1042=2", L"1070=-3", L"1071=70000", L"1002=}",  L"1011=7,8,0"};
     EXPECT_EQ(xdataLines(*line), expected);
 }
 
@@ -414,8 +418,8 @@ TEST(LoadXdata, ApplicationsByNameInTheDrawingsOwnEncoding) {
         EXPECT_EQ(xdataLines(*line, L"\x7BA1\x9053\x7CFB\x7EDF"),
                   (std::vector<std::wstring>{L"1001=\x7BA1\x9053\x7CFB\x7EDF", L"1070=1",
                                              L"1000=\x6C61\x6C34", L"1000=later"}));
-        EXPECT_TRUE(contains(recordNames(drawing.database().regAppTableId()),
-                             L"\x7BA1\x9053\x7CFB\x7EDF"))
+        EXPECT_TRUE(
+            contains(recordNames(drawing.database().regAppTableId()), L"\x7BA1\x9053\x7CFB\x7EDF"))
             << "registered although the drawing has no such table";
     }
 }

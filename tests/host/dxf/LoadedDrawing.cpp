@@ -69,7 +69,9 @@ const host_dxf::DxfDrawingSource& LoadedDrawing::source() const {
     return dynamic_cast<const host_dxf::DxfDrawingSource&>(*database_->source());
 }
 
-const host_dxf::FileOutline& LoadedDrawing::outline() const { return source().outline(); }
+const host_dxf::FileOutline& LoadedDrawing::outline() const {
+    return source().outline();
+}
 
 std::vector<AcDbObjectId> LoadedDrawing::entitiesOf(AcDbObjectId block) const {
     const auto* const record = host_db::peek<AcDbBlockTableRecord>(block);

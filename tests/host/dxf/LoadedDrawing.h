@@ -27,7 +27,7 @@ public:
     AcDbObjectId block(const wchar_t* name) const;
     /// The entity at an index of model space; nullptr, with the test failed, when there is no such
     /// entity or it is of another class.
-    template <typename T>
+    template<typename T>
     const T* modelEntity(std::size_t index) const {
         return host_db::peek<T>(modelEntityId(index));
     }

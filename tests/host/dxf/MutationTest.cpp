@@ -139,7 +139,9 @@ TEST(Mutation, SeedsThemselvesAreRead) {
               2U);
 }
 
-TEST(Mutation, DamagedTextFilesGiveADrawingOrOneLine) { mutate(textSeed(), 1, 2000); }
+TEST(Mutation, DamagedTextFilesGiveADrawingOrOneLine) {
+    mutate(textSeed(), 1, 2000);
+}
 
 TEST(Mutation, DamagedBinaryFilesGiveADrawingOrOneLine) {
     mutate(binarySeed(BinaryFile::Codes::Wide), 2, 3000);

@@ -1,5 +1,5 @@
-#include "DxfFile.h"
 #include "dxf/TagCursor.h"
+#include "DxfFile.h"
 
 #include <gtest/gtest.h>
 
@@ -115,10 +115,10 @@ TEST(TagCursor, TypesFollowTheGroupCode) {
     const auto tags = tagsOf(*source);
     ASSERT_EQ(tags.size(), 14U);
     using host_dxf::ValueKind;
-    const ValueKind kinds[] = {ValueKind::Text,  ValueKind::Handle,  ValueKind::Real,
-                               ValueKind::Int16, ValueKind::Int32,   ValueKind::Int64,
-                               ValueKind::Bool,  ValueKind::Chunk,   ValueKind::Handle,
-                               ValueKind::Chunk, ValueKind::Real,    ValueKind::Int32,
+    const ValueKind kinds[] = {ValueKind::Text,    ValueKind::Handle,     ValueKind::Real,
+                               ValueKind::Int16,   ValueKind::Int32,      ValueKind::Int64,
+                               ValueKind::Bool,    ValueKind::Chunk,      ValueKind::Handle,
+                               ValueKind::Chunk,   ValueKind::Real,       ValueKind::Int32,
                                ValueKind::Comment, ValueKind::Unspecified};
     for (std::size_t i = 0; i < tags.size(); ++i) {
         EXPECT_EQ(tags[i].kind, kinds[i]) << "group " << tags[i].code;
@@ -144,10 +144,11 @@ TEST(TagCursor, DamagedNumbersNameTheirLine) {
     const struct {
         const char* value;
         const char* code;
-    } cases[] = {{"abc", "10"},  {"", "10"},       {"1.0x", "10"}, {"inf", "40"}, {"nan", "40"},
-                 {"1e999", "40"}, {"0x10", "40"},  {"seven", "70"}, {"", "70"},   {"7.5", "70"},
-                 {"--1", "90"},  {"1 2", "10"},    {"ABC", "310"}, {"zz", "1004"},
-                 {"99999999999999999999", "160"}};
+    } cases[] = {{"abc", "10"},  {"", "10"},      {"1.0x", "10"},
+                 {"inf", "40"},  {"nan", "40"},   {"1e999", "40"},
+                 {"0x10", "40"}, {"seven", "70"}, {"", "70"},
+                 {"7.5", "70"},  {"--1", "90"},   {"1 2", "10"},
+                 {"ABC", "310"}, {"zz", "1004"},  {"99999999999999999999", "160"}};
     for (const auto& damaged : cases) {
         const Failure failure = failureOf(std::string("0\nLINE\n") + damaged.code + "\n" +
                                           damaged.value + "\n0\nEOF\n");
@@ -175,8 +176,8 @@ TEST(TagCursor, CodeWithoutValueIsAnError) {
 TEST(TagCursor, MessagesShowNoRawBytes) {
     const Failure failure = failureOf("\xFF\xD8\x1b[2J" + std::string(100, 'x') + "\n1\n");
     EXPECT_EQ(failure.line, 1U);
-    EXPECT_EQ(failure.cause, "expected a group code, found \"...[2J" + std::string(34, 'x') +
-                                 "...\"");
+    EXPECT_EQ(failure.cause,
+              "expected a group code, found \"...[2J" + std::string(34, 'x') + "...\"");
 }
 
 TEST(TagCursor, ByteOrderMarkIsNoPartOfTheFirstCode) {
@@ -270,7 +271,8 @@ TEST(TagCursor, BinaryRefusesWhatIsNoNumberAndCodesWithoutAType) {
                                     .bytes();
     EXPECT_EQ(failureOf(endless).cause, "group 40 needs a finite number");
     EXPECT_EQ(failureOf(endless).offset, 26U);
-    const std::string unknown = BinaryFile(BinaryFile::Codes::Wide).text(0, "A").text(85, "").bytes();
+    const std::string unknown =
+        BinaryFile(BinaryFile::Codes::Wide).text(0, "A").text(85, "").bytes();
     EXPECT_EQ(failureOf(unknown).cause, "unknown group 85");
 }
 

@@ -54,7 +54,8 @@ TEST(TextDecoder, KnowsTheCodePagesOfOlderDrawings) {
 
 TEST(TextDecoder, AsciiStaysAsciiInEveryPage) {
     const std::string ascii = "AZaz09 \\~{}|[]_";
-    for (const char* page : {"ANSI_932", "ANSI_936", "ANSI_949", "ANSI_950", "johab", "ANSI_1252"}) {
+    for (const char* page :
+         {"ANSI_932", "ANSI_936", "ANSI_949", "ANSI_950", "johab", "ANSI_1252"}) {
         EXPECT_EQ(decoded(page, ascii + "\xFF").substr(0, ascii.size()),
                   std::wstring(ascii.begin(), ascii.end()))
             << page;
@@ -77,11 +78,18 @@ TEST(TextDecoder, DecodesUtf8WhenTheVersionSaysSo) {
 }
 
 TEST(TextDecoder, BadBytesBecomeTheReplacementCharacter) {
-    EXPECT_EQ(decoded("ANSI_1252", "a\x81" "b"), L"a\xFFFD" L"b");
+    EXPECT_EQ(decoded("ANSI_1252", "a\x81"
+                                   "b"),
+              L"a\xFFFD"
+              L"b");
     EXPECT_EQ(decoded("ANSI_936", "a\xCE"), L"a\xFFFD") << "half a character at the end";
     EXPECT_EQ(decoded("ANSI_936", "\xCE\"x"), L"\xFFFD\"x") << "the ASCII byte behind is kept";
-    EXPECT_EQ(TextDecoder("", true).decode("a\xFF" "b"), L"a\xFFFD" L"b");
-    EXPECT_EQ(TextDecoder("", true).decode(std::string_view("a\0b", 3)), L"a\xFFFD" L"b");
+    EXPECT_EQ(TextDecoder("", true).decode("a\xFF"
+                                           "b"),
+              L"a\xFFFD"
+              L"b");
+    EXPECT_EQ(TextDecoder("", true).decode(std::string_view("a\0b", 3)), L"a\xFFFD"
+                                                                         L"b");
 }
 
 TEST(TextDecoder, UnicodeEscapesStandInEveryPage) {

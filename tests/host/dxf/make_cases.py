@@ -1,16 +1,14 @@
-"""Writes one drawing in every version and form, by a writer that is not the one under test.
+"""Writes a drawing of one version and form, by a writer that is not the one under test.
 
-Usage: make_cases.py FOLDER. Leaves FOLDER/<version>_<form>.dxf for the versions R12 to R2018, the
-forms text and binary; up to R2004 texts are in code page 936, later in UTF-8.
+Usage: make_cases.py FILE VERSION FORM, VERSION from R12 to R2018, FORM text or binary. Texts are in
+code page 936 up to R2004, in UTF-8 later.
 """
 
 import sys
-from pathlib import Path
 
 import ezdxf
 from ezdxf.enums import TextEntityAlignment
 
-VERSIONS = ["R12", "R2000", "R2004", "R2007", "R2010", "R2013", "R2018"]
 KEY = "管道系统"
 NUMBER = "管井编号"
 
@@ -27,7 +25,7 @@ def fill(doc, version):
     line.set_xdata(KEY, [(1000, "污水"), (1070, 7), (1040, 0.25)])
     line.set_xdata("PLAIN", [(1000, "plain text"), (1071, 100000)])
     space.add_arc((3, 4), 2.5, 30, 120)
-    space.add_circle((0, 0), 1, dxfattribs={"extrusion": (0, 0, -1), "center": (5, 6, 7)})
+    space.add_circle((5, 6, 7), 1, dxfattribs={"extrusion": (0, 0, -1)})
     reference = space.add_blockref(
         "检查井", (10, 20), dxfattribs={"xscale": 2, "yscale": 3, "rotation": 90, "layer": "污水管"}
     )
@@ -50,18 +48,16 @@ def fill(doc, version):
     doc.layout("Layout1").add_point((1, 1))
 
 
-def main(folder):
-    for version in VERSIONS:
-        doc = ezdxf.new(version, setup=True)
-        doc.header["$DWGCODEPAGE"] = "ANSI_936"
-        doc.encoding = "utf8" if version >= "R2007" else "gbk"
-        fill(doc, version)
-        auditor = doc.audit()
-        if auditor.errors:
-            raise SystemExit(f"{version}: {auditor.errors}")
-        doc.saveas(Path(folder) / f"{version}_text.dxf")
-        doc.saveas(Path(folder) / f"{version}_binary.dxf", fmt="bin")
+def main(file, version, form):
+    doc = ezdxf.new(version, setup=True)
+    doc.header["$DWGCODEPAGE"] = "ANSI_936"
+    doc.encoding = "utf8" if version >= "R2007" else "gbk"
+    fill(doc, version)
+    auditor = doc.audit()
+    if auditor.errors:
+        raise SystemExit(f"{version}: {auditor.errors}")
+    doc.saveas(file, fmt={"text": "asc", "binary": "bin"}[form])
 
 
 if __name__ == "__main__":
-    main(sys.argv[1])
+    main(*sys.argv[1:])

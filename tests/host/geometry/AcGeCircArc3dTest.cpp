@@ -112,16 +112,18 @@ TEST(BulgeArc, MoreThanHalfACircle) {
 }
 
 TEST(BulgeArc, GivesBackItsVeryEnds) {
-    const AcGePoint3d start(1.0e7 / 3.0, 4.0e6 / 7.0, 0.1);
-    const AcGePoint3d end(1.0e7 / 3.0 + 13.7, 4.0e6 / 7.0 - 2.9, 0.1);
-    for (const double bulge : {0.01, -0.3, 0.77, -1.0, 5.0}) {
-        const AcGeCircArc3d arc = AcGeCircArc3d::fromBulge(start, end, bulge, up);
-        EXPECT_TRUE(same(arc.startPoint(), start));
-        EXPECT_TRUE(same(arc.endPoint(), end));
-        EXPECT_TRUE(same(arc.evalPoint(arc.startAng()), start));
-        EXPECT_TRUE(same(arc.evalPoint(arc.endAng()), end));
-        EXPECT_EQ(arc.isOn(start), 1);
-        EXPECT_EQ(arc.isOn(end), 1);
+    for (const double x : {1.0e7 / 3.0, 0.1, -0.003}) {
+        const AcGePoint3d start(x, 4.0e-3 / 7.0, 0.1);
+        const AcGePoint3d end(x + 13.7, 4.0e-3 / 7.0 - 2.9, 0.1);
+        for (const double bulge : {0.01, -0.3, 0.77, -1.0, 5.0}) {
+            const AcGeCircArc3d arc = AcGeCircArc3d::fromBulge(start, end, bulge, up);
+            EXPECT_TRUE(same(arc.startPoint(), start));
+            EXPECT_TRUE(same(arc.endPoint(), end));
+            EXPECT_TRUE(same(arc.evalPoint(arc.startAng()), start));
+            EXPECT_TRUE(same(arc.evalPoint(arc.endAng()), end));
+            EXPECT_EQ(arc.isOn(start), 1);
+            EXPECT_EQ(arc.isOn(end), 1);
+        }
     }
 }
 
@@ -213,6 +215,11 @@ TEST(Arc, ThePointClosestToTheCentreIsTheStart) {
     EXPECT_TRUE(same(arc.closestPointTo({10.0, 20.0, 99.0}), arc.startPoint()));
     EXPECT_EQ(arc.paramOf(arc.center()), pi / 2.0);
     EXPECT_NEAR(arc.distanceTo(arc.center()), 5.0, 1.0e-14);
+    const AcGeCircArc3d half(arc.center(), up, AcGeVector3d::kXAxis, 5.0, -pi / 2.0, pi / 2.0);
+    EXPECT_TRUE(same(half.closestPointTo(half.center()), half.startPoint()));
+    EXPECT_TRUE(same(half.closestPointTo({10.0 + 5.0e-11, 20.0, 3.0}), half.startPoint()))
+        << "a point that meets the centre";
+    EXPECT_TRUE(near(half.closestPointTo({10.001, 20.0, 3.0}), AcGePoint3d(15.0, 20.0, 3.0)));
 }
 
 TEST(Arc, IsOnHasTheToleranceAtItsEndsAndBesideIt) {

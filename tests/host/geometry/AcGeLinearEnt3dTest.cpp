@@ -210,6 +210,17 @@ TEST(SegmentMeeting, TheClosestApproachDecidesInSpace) {
     EXPECT_TRUE(near(point, AcGePoint3d(5.0, 0.0, 0.3))) << "on the first";
 }
 
+// The unbounded lines cross at (12, 0), two beyond the first one's end (10, 0). That end is
+// 0.2 / sqrt(1.01) = 0.199 away from the other, which leans by a tenth.
+TEST(SegmentMeeting, TheClosestApproachIsThatOfTheBoundedPieces) {
+    AcGePoint3d point;
+    const AcGeLineSeg3d line = segment(0.0, 0.0, 10.0, 0.0);
+    const AcGeLineSeg3d leaning = segment(8.0, 0.4, 12.0, 0.0);
+    EXPECT_EQ(line.intersectWith(leaning, point, AcGeTol().setEqualPoint(0.198)), 0);
+    EXPECT_EQ(line.intersectWith(leaning, point, AcGeTol().setEqualPoint(0.2)), 1);
+    EXPECT_TRUE(same(point, {10.0, 0.0, 0.0}));
+}
+
 TEST(SegmentMeeting, ParallelAndColinearOnesNeverMeet) {
     AcGePoint3d point;
     const AcGeLineSeg3d line = segment(0.0, 0.0, 10.0, 0.0);

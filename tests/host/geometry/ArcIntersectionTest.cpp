@@ -129,6 +129,26 @@ TEST(ArcWithLine, ATangentFromTheArcsEndMeetsIt) {
     }
 }
 
+// As before, but leaning inwards by a little. Circle and line then cross at the arc's end and again
+// beyond it, 2 * 50 * lean away, where there is no arc. The crossing is badly conditioned: near the
+// origin its rounding is far above the tolerance of 1e-10, while the end itself is exact.
+TEST(ArcWithLine, AGrazingLineFromTheArcsEndMeetsItThere) {
+    for (int i = 0; i < 60; ++i) {
+        const double angle = 0.1 + i * 0.1;
+        const double lean = 1.0e-5 + i * 1.0e-6;
+        const AcGeVector3d out(std::cos(angle), std::sin(angle), 0.0);
+        const AcGeVector3d ahead(-out.y, out.x, 0.0);
+        const AcGePoint3d center(0.1 * i, -0.3, 0.0);
+        const AcGePoint3d end = center + out * 50.0;
+        const AcGeCircArc3d bend =
+            AcGeCircArc3d::fromBulge(center - ahead * 50.0, end, std::sqrt(2.0) - 1.0, up);
+        const AcGeLineSeg3d straight(end, (ahead - out * lean) * 80.0);
+        const Meeting meeting = meet(bend, straight);
+        ASSERT_EQ(meeting.n, 1) << i;
+        ASSERT_LE(meeting.p1.distanceTo(end), 2.0e-10) << i;
+    }
+}
+
 TEST(ArcWithLine, SurveyCoordinates) {
     const double x = 1.0e7;
     const double y = 9.0e6;

@@ -83,6 +83,7 @@ TEST(CString, MayBeMovedBitwise) {
 TEST(CString, CopiesInSeveralThreads) {
     const CString source(L"counted");
     std::vector<std::thread> threads;
+    threads.reserve(4);
     for (int i = 0; i < 4; ++i) {
         threads.emplace_back([source] {
             for (int round = 0; round < 20'000; ++round) {

@@ -1,0 +1,66 @@
+// Puts meter and valve wells onto the segments that they lie on.
+
+#include "pressure/PressureNetworkSearch.h"
+#include "records/PipeBox.h"
+
+namespace tkvlt {
+
+namespace {
+
+const wchar_t* const kMeterWellBlock = L"VLT_WELL_15";
+const wchar_t* const kValveWellBlock = L"VLT_WELL_05";
+
+/// A well's rim may miss a straight segment by this much. An arc allows for nothing.
+constexpr double kStraightMargin = 0.0001;
+
+PlanBox CurveBox(const PressureSeg& seg) {
+    if (seg.isArc != 0) {
+        return CircleBox(seg.arc);
+    }
+    PlanBox box = PlanBox::Of(seg.line.startPoint());
+    box.Include(PlanBox::Of(seg.line.endPoint()));
+    return box;
+}
+
+bool LiesOn(const PressureSeg& seg, const _Block& well) {
+    if (seg.isArc == 0) {
+        return seg.line.distanceTo(well.position) <= well.radius + kStraightMargin;
+    }
+    return seg.arc.distanceTo(well.position) < well.radius;
+}
+
+} // namespace
+
+int PressureNetworkSearch::AttachWells() {
+    KeepMetersAndValves();
+    for (int s = 0; s < static_cast<int>(segs.GetSize()); ++s) {
+        PressureSeg& seg = segs.ElementAt(s);
+        const double reach = candidates_->LargestWellRadius() + kStraightMargin;
+        for (const int w : candidates_->WellsIn(CurveBox(seg).Widened(reach))) {
+            const _Block& well = wellPool[w];
+            if (!LiesOn(seg, well)) {
+                continue;
+            }
+            if (well.note.Compare(kMeterWellBlock) == 0) {
+                seg.InsertMeterWell(well.position, well.id);
+            } else {
+                seg.InsertValveWell(well.position, well.id);
+            }
+            wellPool.Remove(w);
+        }
+    }
+    return 1;
+}
+
+/// The kind of a well is the name of its block definition. Wells of any other name leave the pool.
+void PressureNetworkSearch::KeepMetersAndValves() {
+    for (int i = 0; i < wellPool.Size(); ++i) {
+        _Block& well = wellPool[i];
+        GetBlockRefName(well.id, well.note);
+        if (well.note.Compare(kMeterWellBlock) != 0 && well.note.Compare(kValveWellBlock) != 0) {
+            wellPool.Remove(i);
+        }
+    }
+}
+
+} // namespace tkvlt

@@ -1,0 +1,107 @@
+// Makes the piece of the picked pipe that lies nearest the pick the root segment and starts the
+// walk.
+
+#include "pressure/PressureNetworkSearch.h"
+#include "records/RoundingNoise.h"
+#include "records/XdataKeys.h"
+
+namespace tkvlt {
+
+namespace {
+
+double DistanceToCurve(const _Pipe& pipe, const AcGePoint3d& point) {
+    return pipe.isArc != 0 ? pipe.arc.distanceTo(point) : pipe.line.distanceTo(point);
+}
+
+double NoiseOfDistance(const _Pipe& pipe, const AcGePoint3d& point) {
+    return pipe.isArc != 0
+               ? RoundingNoise({point, pipe.startPoint, pipe.endPoint, pipe.arc.center()})
+               : RoundingNoise({point, pipe.startPoint, pipe.endPoint});
+}
+
+} // namespace
+
+int PressureNetworkSearch::BuildSegments() {
+    const int piece = FindRootPiece();
+    if (piece < 0) {
+        return 0;
+    }
+    PressureSeg root;
+    AdoptPipe(root, piece);
+    const bool startIsNearer =
+        pickedPoint.distanceTo(root.endPoint) > pickedPoint.distanceTo(root.startPoint);
+    root.reversed = startIsNearer ? 0 : 1;
+    ReadSegAttributes(root);
+    segs.Add(root);
+    pipePool.Remove(piece);
+    rootSeg = 0;
+    WalkFromSeg(0);
+    return 1;
+}
+
+/// The piece of the picked pipe nearest to the pick; of equally near ones the first in the pool.
+/// What rounding may hide counts as equally near, since the pieces of a cut arc lie on one circle.
+int PressureNetworkSearch::FindRootPiece() const {
+    double best = 1e24;
+    int index = -1;
+    for (int i = 0; i < pipePool.Size(); ++i) {
+        if (!pipePool.Has(i) || pipePool[i].id != pickedId) {
+            continue;
+        }
+        const double distance = DistanceToCurve(pipePool[i], pickedPoint);
+        if (distance < best - NoiseOfDistance(pipePool[i], pickedPoint)) {
+            best = distance;
+            index = i;
+        }
+    }
+    return index;
+}
+
+void PressureNetworkSearch::AdoptPipe(PressureSeg& seg, int pipe) const {
+    const _Pipe& adopted = pipePool[pipe];
+    seg.orientationFlags.Add(adopted.orientationFlag);
+    seg.pipeIds.append(adopted.id);
+    seg.startPoint = adopted.startPoint;
+    seg.endPoint = adopted.endPoint;
+    seg.isArc = adopted.isArc;
+    seg.arc = adopted.arc;
+    seg.line = adopted.line;
+}
+
+/// The elevations follow the walk and not the water: the one at the entity's end nearer to the
+/// begin point is the segment's start. A piece of a cut pipe has those of the whole entity.
+int PressureNetworkSearch::ReadSegAttributes(PressureSeg& seg) {
+    if (seg.pipeIds.isEmpty()) {
+        return 1;
+    }
+    CString diameter;
+    CString slope;
+    CString startElevation;
+    CString endElevation;
+    AcGePoint3d curveStart;
+    AcGePoint3d curveEnd;
+    AcDbObject* object = nullptr;
+    if (acdbOpenAcDbObject(object, seg.pipeIds.at(0), AcDb::kForRead, AcDbCurve::desc(), false) ==
+        Acad::eOk) {
+        auto* curve = static_cast<AcDbCurve*>(object);
+        curve->getStartPoint(curveStart);
+        curve->getEndPoint(curveEnd);
+        ReadXdata(object, xdata::kDiameter, diameter);
+        ReadXdata(object, xdata::kFlow, seg.flowText);
+        ReadXdata(object, xdata::kSlope, slope);
+        ReadXdata(object, xdata::kStartElevation, startElevation);
+        ReadXdata(object, xdata::kEndElevation, endElevation);
+        ReadXdata(object, xdata::kMaterial, seg.material);
+        object->close();
+    }
+    seg.systemName = systemName;
+    const AcGePoint3d begin = seg.GetBeginPoint();
+    const bool beginsAtStart = curveEnd.distanceTo(begin) > curveStart.distanceTo(begin);
+    seg.diameter = IntegerPrefix(diameter);
+    seg.slope = NumberPrefix(slope);
+    seg.endElevation = NumberPrefix(beginsAtStart ? endElevation : startElevation);
+    seg.startElevation = NumberPrefix(beginsAtStart ? startElevation : endElevation);
+    return 1;
+}
+
+} // namespace tkvlt

@@ -1,0 +1,138 @@
+#include "pressure/PressureCandidates.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numeric>
+
+#include "pressure/PressureNetworkSearch.h"
+#include "records/BoxGrid.h"
+#include "records/Candidates.h"
+#include "records/PipeBox.h"
+
+namespace tkvlt {
+
+namespace {
+
+double LargestRadius(const RecordPool<_Block>& wells) {
+    double largest = 0.0;
+    for (const int i : AllPresent(wells)) {
+        // A radius that is not a number can pass nowhere, but then every distance must be looked
+        // at.
+        largest = std::isnan(wells[i].radius) ? std::numeric_limits<double>::infinity()
+                                              : std::max(largest, wells[i].radius);
+    }
+    return largest;
+}
+
+/// Hands out every entry that is present, as the rules are worded.
+class PlainPressureCandidates final : public PressureCandidates {
+public:
+    explicit PlainPressureCandidates(const PressureNetworkSearch& search) : search_(search) {}
+
+    std::vector<int> PipesReachingInto(const PlanBox& /*box*/) const override {
+        return AllPresent(search_.pipePool);
+    }
+    void PieceAdded(int /*pipe*/) override {}
+    void PipesPrepared() override {}
+    std::vector<int> PipesWithEndIn(const PlanBox& /*box*/) const override {
+        return AllPresent(search_.pipePool);
+    }
+    std::vector<int> WellsIn(const PlanBox& /*box*/) const override {
+        return AllPresent(search_.wellPool);
+    }
+    double LargestWellRadius() const override { return LargestRadius(search_.wellPool); }
+    void SegsBuilt() override {}
+    std::vector<int> SegsEndingIn(const PlanBox& /*box*/) const override {
+        std::vector<int> all(static_cast<std::size_t>(search_.segs.GetSize()));
+        std::iota(all.begin(), all.end(), 0);
+        return all;
+    }
+
+private:
+    const PressureNetworkSearch& search_;
+};
+
+/// Finds candidates through trees over what stays and a grid over the pieces that come and go.
+class IndexedPressureCandidates final : public PressureCandidates {
+public:
+    explicit IndexedPressureCandidates(const PressureNetworkSearch& search)
+        : search_(search), largestRadius_(LargestRadius(search.wellPool)) {
+        std::vector<PlanBox> curves;
+        for (int i = 0; i < search_.pipePool.Size(); ++i) {
+            curves.push_back(PipeBox(search_.pipePool[i]));
+        }
+        pipeCurves_ = BoxTree(curves);
+        std::vector<PlanBox> positions;
+        for (int i = 0; i < search_.wellPool.Size(); ++i) {
+            positions.push_back(PlanBox::Of(search_.wellPool[i].position));
+        }
+        wells_ = BoxTree(positions);
+    }
+
+    std::vector<int> PipesReachingInto(const PlanBox& box) const override {
+        std::vector<int> pipes = Collected(pipeCurves_, box);
+        pieces_.Collect(box, pipes);
+        return PresentInOrder(std::move(pipes), search_.pipePool);
+    }
+
+    void PieceAdded(int pipe) override { pieces_.Add(pipe, PipeBox(search_.pipePool[pipe])); }
+
+    void PipesPrepared() override {
+        std::vector<PlanBox> ends;
+        for (int i = 0; i < search_.pipePool.Size(); ++i) {
+            ends.push_back(PlanBox::Of(search_.pipePool[i].startPoint));
+            ends.push_back(PlanBox::Of(search_.pipePool[i].endPoint));
+        }
+        pipeEnds_ = BoxTree(ends);
+    }
+
+    std::vector<int> PipesWithEndIn(const PlanBox& box) const override {
+        std::vector<int> pipes = Collected(pipeEnds_, box);
+        for (int& pipe : pipes) {
+            pipe /= 2; // two ends a pipe
+        }
+        return PresentInOrder(std::move(pipes), search_.pipePool);
+    }
+
+    std::vector<int> WellsIn(const PlanBox& box) const override {
+        return PresentInOrder(Collected(wells_, box), search_.wellPool);
+    }
+
+    double LargestWellRadius() const override { return largestRadius_; }
+
+    void SegsBuilt() override {
+        std::vector<PlanBox> points;
+        for (int i = 0; i < static_cast<int>(search_.segs.GetSize()); ++i) {
+            points.push_back(PlanBox::Of(search_.segs.ElementAt(i).GetSearchPoint()));
+        }
+        searchPoints_ = BoxTree(points);
+    }
+
+    std::vector<int> SegsEndingIn(const PlanBox& box) const override {
+        std::vector<int> indices = Collected(searchPoints_, box);
+        SortUnique(indices);
+        return indices;
+    }
+
+private:
+    const PressureNetworkSearch& search_;
+    double largestRadius_; // wells only leave, so it stays a bound
+    BoxTree pipeCurves_;
+    BoxGrid pieces_{50.0};
+    BoxTree pipeEnds_;
+    BoxTree wells_;
+    BoxTree searchPoints_;
+};
+
+} // namespace
+
+std::unique_ptr<PressureCandidates> MakePressureCandidates(const PressureNetworkSearch& search,
+                                                           CandidateMode mode) {
+    if (mode == CandidateMode::kPlainScan) {
+        return std::make_unique<PlainPressureCandidates>(search);
+    }
+    return std::make_unique<IndexedPressureCandidates>(search);
+}
+
+} // namespace tkvlt

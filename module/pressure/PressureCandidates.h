@@ -1,0 +1,42 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "records/CandidateMode.h"
+#include "records/PlanBox.h"
+
+namespace tkvlt {
+
+class PressureNetworkSearch;
+
+/// Answers which pool entries and segments of a pressure search can matter at a place. Whatever
+/// could pass a rule's test there is among the answers, in pool order and without what has been
+/// taken; the test itself stays with the rule. All boxes are in plan.
+class PressureCandidates {
+public:
+    virtual ~PressureCandidates() = default;
+
+    /// Pipes whose curve or chord may reach into `box`, pieces included. Before `PipesPrepared`.
+    virtual std::vector<int> PipesReachingInto(const PlanBox& box) const = 0;
+    /// The pool got the piece `pipe` at its end.
+    virtual void PieceAdded(int pipe) = 0;
+    /// From here on the pipes of the pool stay as they are.
+    virtual void PipesPrepared() = 0;
+    /// Pipes with their start or end point in `box`. After `PipesPrepared`.
+    virtual std::vector<int> PipesWithEndIn(const PlanBox& box) const = 0;
+    /// Wells with their position in `box`.
+    virtual std::vector<int> WellsIn(const PlanBox& box) const = 0;
+    /// No well's radius is larger; 0.0 for none.
+    virtual double LargestWellRadius() const = 0;
+    /// The segments are complete.
+    virtual void SegsBuilt() = 0;
+    /// Segments with their search point in `box`. After `SegsBuilt`.
+    virtual std::vector<int> SegsEndingIn(const PlanBox& box) const = 0;
+};
+
+/// A source over the pools of `search` as they stand. The search must outlive it.
+std::unique_ptr<PressureCandidates> MakePressureCandidates(const PressureNetworkSearch& search,
+                                                           CandidateMode mode);
+
+} // namespace tkvlt

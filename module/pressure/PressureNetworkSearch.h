@@ -1,0 +1,98 @@
+#pragma once
+
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include "pressure/PressureCandidates.h"
+#include "pressure/PressureSeg.h"
+#include "records/Block.h"
+#include "records/Candidates.h"
+#include "records/Pipe.h"
+#include "records/RecordPool.h"
+
+namespace tkvlt {
+
+/// The working context of one pressure search.
+///
+/// A search takes the pipes of the picked system and all wells of the drawing into pools, cuts the
+/// pipes where they cross, and walks outward from the picked pipe: at each segment's far end the
+/// pipes in reach hang on it as children, and a single child that continues the segment is merged
+/// into it. All state of a search lives here, for the length of one call.
+class PressureNetworkSearch {
+public:
+    /// @param segs, rootSeg the caller's; both must outlive the search.
+    PressureNetworkSearch(CArray<PressureSeg, PressureSeg&>& segs, AcDbObjectId pickedId,
+                          AcGePoint3d pickedPoint, int& rootSeg,
+                          CandidateMode mode = CandidateModeFromEnvironment());
+
+    // Each operation returns nonzero for success.
+
+    /// The whole search; stops at the first step that fails, without undoing anything.
+    int Run();
+    int ReadSystemName();
+    int CollectEntities();
+    int FindPickedPipe();
+    /// Cuts pipes at their crossings and, in any length mode but 0, moves pipe ends to well
+    /// centres.
+    int PreparePipes();
+    int BuildSegments();
+    /// 0 when two segments end less than one drawing unit apart: the network closes on itself.
+    int CheckNoLoops();
+    /// Puts meters and valves onto the segments that they lie on.
+    int AttachWells();
+
+    CArray<PressureSeg, PressureSeg&>& segs; ///< the caller's; appended to, never emptied
+    int& rootSeg;
+    AcDbObjectId pickedId;
+    AcGePoint3d pickedPoint;
+    RecordPool<_Pipe> pipePool;  ///< pipes still to be placed in a segment
+    RecordPool<_Block> wellPool; ///< wells of all systems; `AttachWells` consumes it
+    RecordPool<_Block>
+        outflowPool; ///< blocks whose temporary outflow flag is "0"; no step reads it
+    CString systemName;
+    double dwgScale;
+    double breakDist;
+    int lengthMode;
+
+private:
+    struct Crossing {
+        bool hit = false;
+        AcGePoint3d point;
+    };
+    /// A cut that was made: which piece of which entity, and where.
+    struct Cut {
+        AcGePoint3d startPoint;
+        AcGePoint3d endPoint;
+        AcGePoint3d cutPoint;
+    };
+    using CutsByEntity = std::unordered_map<AcDbObjectId, std::vector<Cut>>;
+
+    void AddToPool(const AcDbObjectId& id);
+
+    void SplitCrossings();
+    void SplitPipe(int pipe, CutsByEntity& cuts);
+    Crossing CrossingOf(const _Pipe& first, const _Pipe& second) const;
+    bool IsCutBy(const _Pipe& pipe, const AcGePoint3d& point, const CutsByEntity& cuts) const;
+    int CutPipe(int pipe, const AcGePoint3d& point, CutsByEntity& cuts);
+
+    void SnapEndsToWells();
+    void SnapPipe(_Pipe& pipe);
+    std::vector<int> WellsAtEnds(const _Pipe& pipe) const;
+
+    int FindRootPiece() const;
+    void AdoptPipe(PressureSeg& seg, int pipe) const;
+    int ReadSegAttributes(PressureSeg& seg);
+    int WalkFromSeg(int k);
+    void AdoptPipesInReach(int k);
+    double WellRadiusAt(const AcGePoint3d& point, const CString& system) const;
+    bool MergeOnlyChild(int k);
+    bool Continue(const PressureSeg& seg, const PressureSeg& child) const;
+
+    void KeepMetersAndValves();
+
+    CandidateMode candidateMode_;
+    std::unique_ptr<PressureCandidates> candidates_;
+};
+
+} // namespace tkvlt

@@ -1,0 +1,89 @@
+// Moves each pipe end that lies at a well of the system to that well's centre.
+
+#include <algorithm>
+
+#include "pressure/PressureNetworkSearch.h"
+
+namespace tkvlt {
+
+namespace {
+
+/// A pipe end is at a well when it is nearer to its position than this many radii.
+constexpr double kAtWell = 1.1;
+
+void MoveEnd(_Pipe& pipe, const AcGePoint3d& position) {
+    if (pipe.isArc == 0) {
+        pipe.line.set(pipe.startPoint, position);
+    } else {
+        pipe.arc.set(pipe.startPoint, pipe.endPoint, position);
+    }
+    pipe.endPoint = position;
+}
+
+void MoveStart(_Pipe& pipe, const AcGePoint3d& position) {
+    if (pipe.isArc == 0) {
+        pipe.line.set(position, pipe.endPoint);
+    } else {
+        pipe.arc.set(position, pipe.startPoint, pipe.endPoint);
+    }
+    pipe.startPoint = position;
+}
+
+} // namespace
+
+void PressureNetworkSearch::SnapEndsToWells() {
+    if (lengthMode == 0) {
+        return;
+    }
+    for (int i = 0; i < pipePool.Size(); ++i) {
+        if (pipePool.Has(i)) {
+            SnapPipe(pipePool[i]);
+        }
+    }
+}
+
+std::vector<int> PressureNetworkSearch::WellsAtEnds(const _Pipe& pipe) const {
+    const double reach = candidates_->LargestWellRadius() * kAtWell;
+    std::vector<int> wells = candidates_->WellsIn(PlanBox::Around(pipe.startPoint, reach));
+    const std::vector<int> atEnd = candidates_->WellsIn(PlanBox::Around(pipe.endPoint, reach));
+    wells.insert(wells.end(), atEnd.begin(), atEnd.end());
+    SortUnique(wells);
+    return wells;
+}
+
+/// Each end moves once, to the first well in pool order that it lies at; wells behind that one are
+/// tested against the moved end. A pipe with both ends at one well stays as it is from there on.
+void PressureNetworkSearch::SnapPipe(_Pipe& pipe) {
+    bool startDone = false;
+    bool endDone = false;
+    std::vector<int> wells = WellsAtEnds(pipe);
+    for (std::size_t n = 0; n < wells.size() && !(startDone && endDone); ++n) {
+        const int w = wells[n];
+        const _Block& well = wellPool[w];
+        if (well.systemName.Compare(systemName) != 0) {
+            continue;
+        }
+        const bool nearStart = pipe.startPoint.distanceTo(well.position) < well.radius * kAtWell;
+        const bool nearEnd = pipe.endPoint.distanceTo(well.position) < well.radius * kAtWell;
+        if (nearStart && nearEnd) {
+            return;
+        }
+        if ((!nearStart && !nearEnd) || (nearStart && startDone) || (nearEnd && endDone)) {
+            continue;
+        }
+        if (nearEnd) {
+            MoveEnd(pipe, well.position);
+            endDone = true;
+        } else {
+            MoveStart(pipe, well.position);
+            startDone = true;
+        }
+        // The moved end lies at other wells now; those behind this one count.
+        wells = WellsAtEnds(pipe);
+        n = static_cast<std::size_t>(std::upper_bound(wells.begin(), wells.end(), w) -
+                                     wells.begin()) -
+            1;
+    }
+}
+
+} // namespace tkvlt

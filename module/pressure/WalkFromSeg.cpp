@@ -1,0 +1,139 @@
+// Moves pipes out of the pool into the tree of segments, outward from a segment's search point: the
+// pipes in reach become its children, a single child that continues it is merged into it, and then
+// each child is walked from in turn.
+
+#include <algorithm>
+
+#include "pressure/PressureNetworkSearch.h"
+
+namespace tkvlt {
+
+namespace {
+
+/// Margin beyond a well's radius within which a search point still lies in the well.
+constexpr double kInWellMargin = 0.0001;
+
+/// Arcs with centres nearer than this, in drawing units, are on one circle.
+constexpr double kOneCircle = 1.0;
+
+struct NearestEnd {
+    double distance;
+    bool isEnd;
+};
+
+NearestEnd NearestEndOf(const _Pipe& pipe, const AcGePoint3d& point) {
+    NearestEnd nearest{1e19, false};
+    const double fromStart = pipe.startPoint.distanceTo(point);
+    const double fromEnd = pipe.endPoint.distanceTo(point);
+    if (nearest.distance > fromStart) {
+        nearest = {fromStart, false};
+    }
+    if (nearest.distance > fromEnd) {
+        nearest = {fromEnd, true};
+    }
+    return nearest;
+}
+
+} // namespace
+
+int PressureNetworkSearch::WalkFromSeg(int k) {
+    struct Level {
+        int seg;
+        int nextChild;
+    };
+    // An explicit stack: a network may be as deep as it has segments. After a merge the merged
+    // segment is looked around once more; children that have been walked have nothing left to adopt
+    // or merge, so none is walked twice.
+    const auto visit = [this](int seg) {
+        do {
+            AdoptPipesInReach(seg);
+        } while (MergeOnlyChild(seg));
+        return Level{seg, 0};
+    };
+    std::vector<Level> levels{visit(k)};
+    while (!levels.empty()) {
+        Level& level = levels.back();
+        const CArray<int, int>& children = segs.ElementAt(level.seg).children;
+        if (level.nextChild < static_cast<int>(children.GetSize())) {
+            const int child = children.GetAt(level.nextChild++);
+            levels.push_back(visit(child));
+        } else {
+            levels.pop_back();
+        }
+    }
+    return 1;
+}
+
+/// The radius of the first well of the system that holds `point`; 0.0 outside any.
+double PressureNetworkSearch::WellRadiusAt(const AcGePoint3d& point, const CString& system) const {
+    const double reach = candidates_->LargestWellRadius() + kInWellMargin;
+    for (const int i : candidates_->WellsIn(PlanBox::Around(point, reach))) {
+        const _Block& well = wellPool[i];
+        if (well.systemName.Compare(system) == 0 &&
+            well.position.distanceTo(point) <= well.radius + kInWellMargin) {
+            return well.radius;
+        }
+    }
+    return 0.0;
+}
+
+void PressureNetworkSearch::AdoptPipesInReach(int k) {
+    const AcGePoint3d searchPoint = segs.ElementAt(k).GetSearchPoint();
+    const double wellRadius = WellRadiusAt(searchPoint, segs.ElementAt(k).systemName);
+    const double reach = breakDist * dwgScale * 2.0 * 2.0;
+    for (const int i :
+         candidates_->PipesWithEndIn(PlanBox::Around(searchPoint, wellRadius + reach))) {
+        const NearestEnd nearest = NearestEndOf(pipePool[i], searchPoint);
+        if (nearest.distance - wellRadius > reach) {
+            continue;
+        }
+        PressureSeg child;
+        AdoptPipe(child, i);
+        child.reversed = nearest.isEnd ? 1 : 0;
+        child.parent = k;
+        ReadSegAttributes(child);
+        segs.ElementAt(k).children.Add(static_cast<int>(segs.GetSize()));
+        segs.Add(child);
+        pipePool.Remove(i);
+    }
+}
+
+/// Geometry alone decides: the child's own texts are dropped. The ends are written in walking order
+/// whatever `reversed` says, so a reversed segment comes out turned round.
+bool PressureNetworkSearch::MergeOnlyChild(int k) {
+    if (segs.ElementAt(k).children.GetSize() != 1) {
+        return false;
+    }
+    const int c = segs.ElementAt(k).children.GetAt(0);
+    PressureSeg& seg = segs.ElementAt(k);
+    PressureSeg& child = segs.ElementAt(c);
+    if (!Continue(seg, child)) {
+        return false;
+    }
+    const AcGePoint3d begin = seg.GetBeginPoint();
+    const AcGePoint3d far = child.GetSearchPoint();
+    if (seg.isArc == 0) {
+        seg.line.set(far, begin);
+    } else {
+        seg.arc.set(far, seg.GetSearchPoint(), begin);
+    }
+    seg.startPoint = begin;
+    seg.endPoint = far;
+    for (int i = 0; i < child.pipeIds.length(); ++i) {
+        seg.pipeIds.append(child.pipeIds.at(i));
+    }
+    seg.orientationFlags.Append(child.orientationFlags);
+    seg.children.RemoveAll();
+    segs.RemoveAt(c);
+    return true;
+}
+
+bool PressureNetworkSearch::Continue(const PressureSeg& seg, const PressureSeg& child) const {
+    if (seg.isArc == 0 && child.isArc == 0) {
+        return seg.line.isParallelTo(child.line) != 0;
+    }
+    return seg.isArc != 0 && child.isArc != 0 &&
+           seg.arc.center().distanceTo(child.arc.center()) < kOneCircle;
+}
+
+} // namespace tkvlt

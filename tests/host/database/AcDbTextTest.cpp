@@ -1,0 +1,120 @@
+#include "database/AcDbText.h"
+
+#include "database/TextMetrics.h"
+#include "host/database/DatabaseFixture.h"
+
+#include <cmath>
+#include <numbers>
+
+namespace {
+
+constexpr double kPi = std::numbers::pi;
+
+AcDbExtents boxOf(const AcDbText& text) {
+    AcDbExtents box;
+    EXPECT_EQ(text.getGeomExtents(box), Acad::eOk);
+    return box;
+}
+
+TEST(TextMetricsTest, AWideCharacterTakesAFullEm) {
+    for (const wchar_t wide : {L'水', L'管', L'、', L'Ｗ', L'あ', L'한', L'①', wchar_t{0x20001}}) {
+        EXPECT_TRUE(host_db::isWideCharacter(wide)) << static_cast<int>(wide);
+        EXPECT_EQ(host_db::textAdvance(wide), 1.0);
+    }
+    for (const wchar_t narrow : {L'W', L'é', L'Ω', L'Ж', L'φ'}) {
+        EXPECT_FALSE(host_db::isWideCharacter(narrow));
+        EXPECT_LT(host_db::textAdvance(narrow), 1.0);
+    }
+    EXPECT_DOUBLE_EQ(host_db::textWidth(L"污水"), 2.0);
+}
+
+TEST(TextMetricsTest, EveryVisibleAsciiCharacterHasItsAdvance) {
+    for (wchar_t c = L' '; c <= L'~'; ++c) {
+        EXPECT_GE(host_db::textAdvance(c), 0.25) << static_cast<int>(c);
+        EXPECT_LE(host_db::textAdvance(c), 0.95) << static_cast<int>(c);
+    }
+    EXPECT_DOUBLE_EQ(host_db::textAdvance(L'i'), 0.25);
+    EXPECT_DOUBLE_EQ(host_db::textAdvance(L'W'), 0.95);
+    EXPECT_DOUBLE_EQ(host_db::textAdvance(L'0'), 0.6);
+    EXPECT_DOUBLE_EQ(host_db::textAdvance(L'Ω'), 0.6);
+    EXPECT_DOUBLE_EQ(host_db::textAdvance(wchar_t{0x301}), 0.0);
+    EXPECT_DOUBLE_EQ(host_db::textWidth(L"100"), 1.8);
+    EXPECT_DOUBLE_EQ(host_db::textWidth(L""), 0.0);
+    EXPECT_DOUBLE_EQ(host_db::textWidth(nullptr), 0.0);
+}
+
+TEST(TextMetricsTest, TheDrawingsOwnCodesCountAsWhatTheyShow) {
+    EXPECT_DOUBLE_EQ(host_db::textWidth(L"%%c100"), 2.4);
+    EXPECT_DOUBLE_EQ(host_db::textWidth(L"%%u100%%u"), 1.8);
+    EXPECT_DOUBLE_EQ(host_db::textWidth(L"%%048"), 0.6);
+    EXPECT_DOUBLE_EQ(host_db::textWidth(L"%%%"), 0.9);
+    EXPECT_DOUBLE_EQ(host_db::textWidth(L"%%"), 1.8);
+}
+
+TEST(AcDbTextTest, WidthIsAdvanceTimesHeightTimesFactor) {
+    AcDbText text({10.0, 20.0, 1.0}, L"污水", AcDbObjectId(), 3.0);
+    text.setWidthFactor(0.5);
+    expectBox(boxOf(text), {10.0, 20.0, 1.0}, {13.0, 23.0, 1.0});
+}
+
+TEST(AcDbTextTest, ACloneMeasuredUnturnedLeavesTheTextAsItWas) {
+    const AcDbText text({0.0, 0.0, 0.0}, L"水水", AcDbObjectId(), 1.0, kPi / 2.0);
+    expectBox(boxOf(text), {-1.0, 0.0, 0.0}, {0.0, 2.0, 0.0});
+    const std::unique_ptr<AcRxObject> copy(text.clone());
+    auto* unturned = AcDbText::cast(copy.get());
+    ASSERT_NE(unturned, nullptr);
+    EXPECT_EQ(unturned->setRotation(0.0), Acad::eOk);
+    expectBox(boxOf(*unturned), {0.0, 0.0, 0.0}, {2.0, 1.0, 0.0});
+    EXPECT_DOUBLE_EQ(text.rotation(), kPi / 2.0);
+}
+
+TEST(AcDbTextTest, AlignmentShiftsTheBox) {
+    AcDbText text({100.0, 100.0, 0.0}, L"水水", AcDbObjectId(), 2.0);
+    text.setAlignmentPoint({10.0, 10.0, 0.0});
+    expectBox(boxOf(text), {100.0, 100.0, 0.0}, {104.0, 102.0, 0.0});
+    text.setHorizontalMode(AcDb::kTextCenter);
+    expectBox(boxOf(text), {8.0, 10.0, 0.0}, {12.0, 12.0, 0.0});
+    text.setHorizontalMode(AcDb::kTextRight);
+    text.setVerticalMode(AcDb::kTextTop);
+    expectBox(boxOf(text), {6.0, 8.0, 0.0}, {10.0, 10.0, 0.0});
+    text.setHorizontalMode(AcDb::kTextMid);
+    text.setVerticalMode(AcDb::kTextBase);
+    expectBox(boxOf(text), {8.0, 9.0, 0.0}, {12.0, 11.0, 0.0});
+    text.setHorizontalMode(AcDb::kTextLeft);
+    text.setVerticalMode(AcDb::kTextVertMid);
+    expectBox(boxOf(text), {10.0, 9.0, 0.0}, {14.0, 11.0, 0.0});
+}
+
+TEST(AcDbTextTest, FittedTextRunsBetweenItsTwoPoints) {
+    AcDbText text({0.0, 0.0, 0.0}, L"水水", AcDbObjectId(), 2.0);
+    text.setAlignmentPoint({0.0, 8.0, 0.0});
+    text.setHorizontalMode(AcDb::kTextFit);
+    expectBox(boxOf(text), {-2.0, 0.0, 0.0}, {0.0, 8.0, 0.0});
+    // Aligned text keeps its shape: twice as wide, so twice as high.
+    text.setHorizontalMode(AcDb::kTextAlign);
+    expectBox(boxOf(text), {-4.0, 0.0, 0.0}, {0.0, 8.0, 0.0});
+}
+
+TEST(AcDbTextTest, SlantAndEmptyText) {
+    AcDbText text({0.0, 0.0, 0.0}, L"水", AcDbObjectId(), 1.0);
+    text.setOblique(kPi / 4.0);
+    expectBox(boxOf(text), {0.0, 0.0, 0.0}, {2.0, 1.0, 0.0});
+    text.setTextString(L"");
+    text.setOblique(0.0);
+    expectBox(boxOf(text), {0.0, 0.0, 0.0}, {0.0, 1.0, 0.0});
+}
+
+TEST(AcDbTextTest, FieldsReadBack) {
+    AcDbText text;
+    text.setTextString(L"井");
+    text.setVerticalMode(AcDb::kTextTop);
+    ACHAR* copy = text.textString();
+    EXPECT_STREQ(copy, L"井");
+    acutDelString(copy);
+    EXPECT_EQ(text.verticalMode(), 3);
+    EXPECT_EQ(text.horizontalMode(), 0);
+    EXPECT_EQ(text.widthFactor(), 1.0);
+    EXPECT_STREQ(text.dxfTypeName(), L"TEXT");
+}
+
+} // namespace

@@ -1,0 +1,241 @@
+#include "host/database/DatabaseFixture.h"
+
+#include "database/DatabaseBuilder.h"
+#include "database/SymbolTableSearch.h"
+#include "database/XdataText.h"
+
+#include <map>
+#include <string>
+
+namespace {
+
+/// A file of which each object's extended data are told beforehand, under the place of its bytes.
+class ToldSource : public host_db::DrawingSource {
+public:
+    explicit ToldSource(int* reads) : reads_(reads) {}
+
+    void tell(std::size_t begin, host_db::ResultItems items) { told_[begin] = std::move(items); }
+
+    resbuf* readXdata(const host_dxf::SourceRange& range) const override {
+        ++*reads_;
+        const auto it = told_.find(range.begin);
+        return it == told_.end() ? nullptr : host_db::chainOf(it->second);
+    }
+
+private:
+    int* reads_;
+    std::map<std::size_t, host_db::ResultItems> told_;
+};
+
+class XdataTest : public DatabaseFixture {
+protected:
+    AcDbLine* openLine(AcDb::OpenMode mode) {
+        AcDbLine* line = nullptr;
+        EXPECT_EQ(acdbOpenObject(line, id_, mode), Acad::eOk);
+        return line;
+    }
+
+    /// Sets a chain on the line and releases it.
+    Acad::ErrorStatus set(resbuf* chain) {
+        AcDbLine* line = openLine(AcDb::kForWrite);
+        const Acad::ErrorStatus status = line->setXData(chain);
+        line->close();
+        acutRelRb(chain);
+        return status;
+    }
+
+    /// The whole data as one text: names in braces, strings as they stand, others as a dash.
+    std::wstring all(const ACHAR* application = nullptr) {
+        AcDbLine* line = openLine(AcDb::kForRead);
+        resbuf* chain = line->xData(application);
+        line->close();
+        std::wstring text;
+        for (const resbuf* it = chain; it != nullptr; it = it->rbnext) {
+            const bool isText = it->restype == 1000 || it->restype == 1001;
+            const std::wstring value = isText ? it->resval.rstring : L"-";
+            text += it->restype == 1001 ? L"{" + value + L"}" : value + L";";
+        }
+        acutRelRb(chain);
+        return text;
+    }
+
+    AcDbObjectId id_ = addLine();
+};
+
+TEST_F(XdataTest, IsKeptForEachApplication) {
+    ASSERT_EQ(acdbRegApp(L"管道系统"), RTNORM);
+    ASSERT_EQ(acdbRegApp(L"管径"), RTNORM);
+    EXPECT_EQ(all(), L"");
+    ASSERT_EQ(set(acutBuildList(1001, L"管道系统", 1000, L"污水", 1070, 3, 0)), Acad::eOk);
+    ASSERT_EQ(set(acutBuildList(1001, L"管径", 1000, L"300", 0)), Acad::eOk);
+    EXPECT_EQ(all(), L"{管道系统}污水;-;{管径}300;");
+    EXPECT_EQ(all(L"管径"), L"{管径}300;");
+    EXPECT_EQ(all(L"管材"), L"");
+    ASSERT_EQ(set(acutBuildList(1001, L"管道系统", 1000, L"雨水", 0)), Acad::eOk);
+    EXPECT_EQ(all(), L"{管径}300;{管道系统}雨水;");
+}
+
+TEST_F(XdataTest, ANameAloneTakesTheApplicationsDataAway) {
+    acdbRegApp(L"A");
+    acdbRegApp(L"B");
+    set(acutBuildList(1001, L"A", 1000, L"1", 1001, L"B", 1000, L"2", 0));
+    ASSERT_EQ(set(acutBuildList(1001, L"a", 0)), Acad::eOk);
+    EXPECT_EQ(all(), L"{B}2;");
+    const host_db::XdataApplications& applications = database().applications();
+    AcDbLine* line = openLine(AcDb::kForRead);
+    EXPECT_FALSE(line->hasXdataOf(applications.find(L"A")));
+    EXPECT_TRUE(line->hasXdataOf(applications.find(L"b")));
+    line->close();
+}
+
+TEST_F(XdataTest, BadChainsChangeNothing) {
+    acdbRegApp(L"A");
+    ASSERT_EQ(set(acutBuildList(1001, L"A", 1000, L"1", 0)), Acad::eOk);
+    EXPECT_EQ(set(acutBuildList(1000, L"x", 0)), Acad::eInvalidResBuf);
+    EXPECT_EQ(set(acutBuildList(1001, L"A", 8, L"x", 0)), Acad::eInvalidResBuf);
+    EXPECT_EQ(set(nullptr), Acad::eInvalidResBuf);
+    EXPECT_EQ(set(acutBuildList(1001, L"Unknown", 1000, L"x", 0)), Acad::eRegappIdNotFound);
+    const std::wstring tooLong(8200, L'x');
+    EXPECT_EQ(set(acutBuildList(1001, L"A", 1000, tooLong.c_str(), 0)), Acad::eXdataSizeExceeded);
+    AcDbLine* line = openLine(AcDb::kForRead);
+    resbuf* chain = acutBuildList(1001, L"A", 1000, L"2", 0);
+    EXPECT_EQ(line->setXData(chain), Acad::eNotOpenForWrite);
+    acutRelRb(chain);
+    line->close();
+    EXPECT_EQ(all(), L"{A}1;");
+}
+
+TEST_F(XdataTest, ACloneCarriesItIntoAnotherDrawing) {
+    acdbRegApp(L"A");
+    set(acutBuildList(1001, L"A", 1000, L"1", 0));
+    AcDbLine* line = openLine(AcDb::kForRead);
+    std::unique_ptr<AcDbEntity> copy(AcDbEntity::cast(line->clone()));
+    line->close();
+    const AcDbDatabase other;
+    const AcDbObjectId added = addTo(other.modelSpaceId(), std::move(copy));
+    const auto* there = host_db::peek<AcDbLine>(added);
+    ASSERT_NE(there, nullptr);
+    CString text;
+    bool hasApp = false;
+    EXPECT_TRUE(host_db::firstXdataString(*there, L"A", text, hasApp));
+    EXPECT_EQ(text, L"1");
+    EXPECT_TRUE(there->hasXdataOf(other.applications().find(L"A")));
+    const auto* table = host_db::peek<AcDbRegAppTable>(other.regAppTableId());
+    EXPECT_TRUE(table->has(L"a"));
+}
+
+TEST_F(XdataTest, FirstTextOfAnApplication) {
+    for (const ACHAR* name : {L"A", L"B", L"C"}) {
+        acdbRegApp(name);
+    }
+    set(acutBuildList(1001, L"A", 1070, 5, 1000, L"first", 1000, L"second", 1001, L"B", 1070, 1,
+                      1001, L"A", 1000, L"later", 0));
+    const auto* line = host_db::peek<AcDbLine>(id_);
+    CString text = L"before";
+    bool hasApp = true;
+    EXPECT_FALSE(host_db::firstXdataString(*line, L"C", text, hasApp));
+    EXPECT_FALSE(hasApp);
+    EXPECT_EQ(text, L"before");
+    EXPECT_TRUE(host_db::firstXdataString(*line, L"a", text, hasApp));
+    EXPECT_TRUE(hasApp);
+    EXPECT_EQ(text, L"first");
+    EXPECT_TRUE(host_db::firstXdataString(*line, L"B", text, hasApp));
+    EXPECT_TRUE(hasApp);
+    EXPECT_TRUE(text.IsEmpty());
+    EXPECT_EQ(all(L"A"), L"{A}-;first;second;");
+}
+
+/// A drawing read from a file: one line whose data stand in the file's bytes.
+class XdataFromFileTest : public ::testing::Test {
+protected:
+    XdataFromFileTest() {
+        host_db::DatabaseBuilder builder(database_);
+        auto source = std::make_unique<ToldSource>(&reads_);
+        source->tell(100, {{1001, CString(L"A")},
+                           {1070, std::int64_t{3}},
+                           {1001, CString(L"B")},
+                           {1000, CString(L"b1")},
+                           {1001, CString(L"b")},
+                           {1000, CString(L"b2")}});
+        builder.setSource(std::move(source));
+        const std::uint32_t used[] = {builder.application(L"B"), builder.application(L"A")};
+        builder.application(L"Unused");
+        host_db::EntityHeader header;
+        header.handle = 0x2A;
+        header.source = {100, 200, 7, 30};
+        header.applicationSet = builder.applicationSet(used);
+        id_ = builder.addEntity(builder.ensureBlock(L"*Model_Space"), std::make_unique<AcDbLine>(),
+                                header);
+        builder.finish();
+    }
+
+    const AcDbLine& line() { return *host_db::peek<AcDbLine>(id_); }
+
+    int reads_ = 0;
+    AcDbDatabase database_{false};
+    AcDbObjectId id_;
+};
+
+TEST_F(XdataFromFileTest, WhatAnObjectCarriesIsKnownWithoutReading) {
+    const host_db::XdataApplications& applications = database_.applications();
+    EXPECT_TRUE(line().hasXdataOf(applications.find(L"a")));
+    EXPECT_TRUE(line().hasXdataOf(applications.find(L"B")));
+    EXPECT_FALSE(line().hasXdataOf(applications.find(L"Unused")));
+    EXPECT_FALSE(line().hasXdataOf(host_db::XdataApplications::kNone));
+    CString text = L"before";
+    bool hasApp = true;
+    EXPECT_FALSE(host_db::firstXdataString(line(), L"Unused", text, hasApp));
+    EXPECT_FALSE(host_db::firstXdataString(line(), L"Never", text, hasApp));
+    EXPECT_EQ(reads_, 0);
+    EXPECT_EQ(text, L"before");
+}
+
+TEST_F(XdataFromFileTest, TheFirstSectionOfAnApplicationCounts) {
+    CString text = L"before";
+    bool hasApp = false;
+    EXPECT_TRUE(host_db::firstXdataString(line(), L"b", text, hasApp));
+    EXPECT_EQ(text, L"b1");
+    EXPECT_TRUE(host_db::firstXdataString(line(), L"A", text, hasApp));
+    EXPECT_TRUE(text.IsEmpty());
+    resbuf* chain = line().xData(L"B");
+    ASSERT_NE(chain, nullptr);
+    EXPECT_STREQ(chain->rbnext->resval.rstring, L"b1");
+    EXPECT_EQ(chain->rbnext->rbnext, nullptr);
+    acutRelRb(chain);
+}
+
+TEST_F(XdataFromFileTest, SettingKeepsOtherApplicationsAndMarksTheObject) {
+    EXPECT_FALSE(line().isModified());
+    EXPECT_FALSE(line().isNewObject());
+    AcDbLine* opened = nullptr;
+    ASSERT_EQ(acdbOpenObject(opened, id_, AcDb::kForWrite), Acad::eOk);
+    EXPECT_FALSE(opened->isModified());
+    resbuf* chain = acutBuildList(1001, L"B", 1000, L"new", 0);
+    EXPECT_EQ(opened->setXData(chain), Acad::eOk);
+    acutRelRb(chain);
+    opened->close();
+    EXPECT_TRUE(line().isModified());
+    const int before = reads_;
+    CString text;
+    bool hasApp = false;
+    EXPECT_TRUE(host_db::firstXdataString(line(), L"B", text, hasApp));
+    EXPECT_EQ(text, L"new");
+    EXPECT_TRUE(host_db::firstXdataString(line(), L"A", text, hasApp));
+    EXPECT_EQ(reads_, before);
+}
+
+TEST(XdataApplicationsTest, EqualSetsAreOne) {
+    host_db::XdataApplications applications;
+    const std::uint32_t a = applications.add(L"Ärger");
+    EXPECT_EQ(applications.add(L"äRGER"), a);
+    EXPECT_EQ(applications.name(a), L"Ärger");
+    const std::uint32_t b = applications.add(L"B");
+    const std::uint32_t forward[] = {a, b};
+    const std::uint32_t backward[] = {b, a, b};
+    EXPECT_EQ(applications.setOf(forward), applications.setOf(backward));
+    EXPECT_EQ(applications.setOf({}), 0U);
+    EXPECT_EQ(applications.setCount(), 2U);
+    EXPECT_EQ(applications.find(L"C"), host_db::XdataApplications::kNone);
+}
+
+} // namespace

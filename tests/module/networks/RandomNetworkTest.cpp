@@ -1,0 +1,221 @@
+// Crowded random drawings: the two ways of finding candidates give the same results to the last
+// bit, and a drawing that is moved or turned gives the same graph.
+
+#include "gravity/GravityNetworkSearch.h"
+#include "module/networks/NetworkDump.h"
+#include "module/networks/RandomDrawing.h"
+
+#include <gtest/gtest.h>
+
+namespace module_tests {
+
+namespace {
+
+using tkvlt::CandidateMode;
+using tkvlt::GravityNetworkSearch;
+
+constexpr std::uint32_t kDrawings = 1200;
+
+/// How often a thing was met, so that a test can see that it met it at all.
+struct Met {
+    int success = 0;
+    int cycles = 0;
+    int partial = 0; ///< failed with more than a root in the result
+    int merges = 0;
+    int chains = 0; ///< segments of several pipes
+    int tanks = 0;
+    int paths = 0;
+    int oneSided = 0;
+    int twoSided = 0;
+};
+
+struct Outcome {
+    int result;
+    int abortFlag;
+    GravitySearchObject network;
+};
+
+void run(Outcome& outcome, CandidateMode mode, AcDbObjectId start, AcDbObjectId end,
+         AcGePoint3d pick) {
+    GravityNetworkSearch search(&outcome.network, start, end, pick, mode);
+    outcome.result = search.Run();
+    outcome.abortFlag = search.abortFlag;
+}
+
+void count(const Outcome& outcome, Met& met) {
+    met.success += outcome.result;
+    met.cycles += outcome.abortFlag;
+    met.partial += outcome.result == 0 && outcome.network.segs.GetSize() > 0 ? 1 : 0;
+    met.paths += outcome.network.pathSegs.GetSize() > 0 ? 1 : 0;
+    for (INT_PTR i = 0; i < outcome.network.wells.GetSize(); ++i) {
+        met.merges += outcome.network.wells.GetAt(i).mergedEntities.length();
+        met.tanks += outcome.network.wells.GetAt(i).isWell == 0 ? 1 : 0;
+    }
+    for (INT_PTR i = 0; i < outcome.network.segs.GetSize(); ++i) {
+        met.chains += outcome.network.segs.GetAt(i).pipeIds.length() > 1 ? 1 : 0;
+    }
+}
+
+/// The entity behind an entity as the end of a path; none for every third.
+AcDbObjectId endFor(const std::vector<AcDbObjectId>& ids, std::size_t start, std::uint32_t seed) {
+    return (start + seed) % 3 == 0 ? AcDbObjectId() : ids[(start * 7 + 3) % ids.size()];
+}
+
+/// Of each drawing every fourth entity is searched from, another quarter in each drawing.
+constexpr std::size_t kStep = 4;
+
+void compareSearches(const std::vector<AcDbObjectId>& ids, std::uint32_t seed, Met& met) {
+    for (std::size_t i = seed % kStep; i < ids.size(); i += kStep) {
+        SCOPED_TRACE("start " + std::to_string(i));
+        const AcDbObjectId end = endFor(ids, i, seed);
+        const AcGePoint3d pick(12.0, 12.0, 0.0);
+        Outcome plain;
+        Outcome indexed;
+        run(plain, CandidateMode::kPlainScan, ids[i], end, pick);
+        run(indexed, CandidateMode::kIndexed, ids[i], end, pick);
+        ASSERT_EQ(plain.result, indexed.result);
+        ASSERT_EQ(plain.abortFlag, indexed.abortFlag);
+        ASSERT_EQ(dump(plain.network), dump(indexed.network));
+        count(plain, met);
+    }
+}
+
+int buildSingle(CandidateMode mode, const AcDbObjectId& pipe, GravitySeg& seg) {
+    AcDbObjectId none;
+    AcGePoint3d origin;
+    GravityNetworkSearch search(nullptr, none, none, origin, mode);
+    search.CollectEntitiesOnly();
+    return search.BuildSinglePipeSeg(seg, pipe, kSewer);
+}
+
+void compareSingles(const std::vector<AcDbObjectId>& ids, std::uint32_t seed, Met& met) {
+    for (std::size_t i = (seed + 1) % kStep; i < ids.size(); i += kStep) {
+        SCOPED_TRACE("pipe " + std::to_string(i));
+        GravitySeg plain;
+        GravitySeg indexed;
+        const int result = buildSingle(CandidateMode::kPlainScan, ids[i], plain);
+        ASSERT_EQ(result, buildSingle(CandidateMode::kIndexed, ids[i], indexed));
+        ASSERT_EQ(dump(plain), dump(indexed));
+        met.twoSided += result == 1 ? 1 : 0;
+        met.oneSided += result == 2 ? 1 : 0;
+    }
+}
+
+} // namespace
+
+TEST(RandomNetworkTest, IndexAndPlainScanGiveTheSameToTheLastBit) {
+    Met met;
+    for (std::uint32_t seed = 0; seed < kDrawings; ++seed) {
+        SCOPED_TRACE("drawing " + std::to_string(seed));
+        DrawingBuilder drawing;
+        drawing.setLengthMode(static_cast<int>(seed % 2));
+        const std::vector<AcDbObjectId> ids = RandomDrawing(seed).draw(drawing);
+        compareSearches(ids, seed, met);
+        compareSingles(ids, seed, met);
+        if (::testing::Test::HasFatalFailure()) {
+            return;
+        }
+    }
+    RecordProperty("success", met.success);
+    RecordProperty("cycles", met.cycles);
+    RecordProperty("partial", met.partial);
+    RecordProperty("merges", met.merges);
+    RecordProperty("chains", met.chains);
+    RecordProperty("tanks", met.tanks);
+    RecordProperty("paths", met.paths);
+    RecordProperty("oneSided", met.oneSided);
+    RecordProperty("twoSided", met.twoSided);
+    EXPECT_GT(met.success, 500);
+    EXPECT_GT(met.cycles, 500);
+    EXPECT_GT(met.partial, 500);
+    EXPECT_GT(met.merges, 500);
+    EXPECT_GT(met.chains, 500);
+    EXPECT_GT(met.tanks, 200);
+    EXPECT_GT(met.paths, 200);
+    EXPECT_GT(met.oneSided, 200);
+    EXPECT_GT(met.twoSided, 500);
+}
+
+/// A pipe from (-1e9, 5) to (1e9, 5), drawn 2e-7 too high for the slanted one that ends at (0, 5).
+/// At such coordinates rounding hides up to 4.8e-7, so the two cross, whichever way pipes are
+/// found.
+TEST(RandomNetworkTest, IndexFindsWhatRoundingOfLargeCoordinatesHides) {
+    for (const CandidateMode mode : {CandidateMode::kPlainScan, CandidateMode::kIndexed}) {
+        DrawingBuilder drawing;
+        const AcDbObjectId start = drawing.addWell({-20, 0, 0});
+        drawing.addPipe({-19.6, 0.1, 0}, {0, 5, 0});
+        drawing.addPipe({-1e9, 5 + 2e-7, 0}, {1e9, 5 + 2e-7, 0});
+        drawing.addWell({1e9, 5 + 2e-7, 0}, {.diameter = L"10"});
+        Outcome outcome;
+        run(outcome, mode, start, {}, {});
+        EXPECT_EQ(outcome.result, 1) << (mode == CandidateMode::kIndexed ? "index" : "plain scan");
+    }
+}
+
+/// The same in a drawing that lies high: the height is the largest coordinate.
+TEST(RandomNetworkTest, IndexFindsWhatRoundingOfLargeHeightsHides) {
+    constexpr double height = 1e9;
+    for (const CandidateMode mode : {CandidateMode::kPlainScan, CandidateMode::kIndexed}) {
+        DrawingBuilder drawing;
+        const AcDbObjectId start = drawing.addWell({-20, 0, height});
+        drawing.addPipe({-19.6, 0.1, height}, {0, 5, height});
+        drawing.addPipe({-60, 5 + 2e-7, height}, {60, 5 + 2e-7, height});
+        drawing.addWell({60, 5 + 2e-7, height});
+        Outcome outcome;
+        run(outcome, mode, start, {}, {});
+        EXPECT_EQ(outcome.result, 1) << (mode == CandidateMode::kIndexed ? "index" : "plain scan");
+    }
+}
+
+namespace {
+
+/// The graphs from every fourth entity of a drawing that is moved.
+std::vector<std::string> graphs(std::uint32_t seed, const Motion& motion,
+                                std::vector<double>& lengths) {
+    DrawingBuilder drawing;
+    const std::vector<AcDbObjectId> ids = RandomDrawing(seed).draw(drawing, motion);
+    std::vector<std::string> all;
+    for (std::size_t i = seed % kStep; i < ids.size(); i += kStep) {
+        Outcome outcome;
+        run(outcome, CandidateMode::kIndexed, ids[i], endFor(ids, i, seed),
+            motion({12.0, 12.0, 0.0}));
+        all.push_back(std::to_string(outcome.result) + " " + dumpGraph(outcome.network));
+        for (INT_PTR k = 0; k < outcome.network.segs.GetSize(); ++k) {
+            lengths.push_back(outcome.network.segs.GetAt(k).length);
+        }
+    }
+    return all;
+}
+
+void expectSameGraphs(const Motion& motion) {
+    for (std::uint32_t seed = 0; seed < 300; ++seed) {
+        SCOPED_TRACE("drawing " + std::to_string(seed));
+        std::vector<double> lengths;
+        std::vector<double> movedLengths;
+        ASSERT_EQ(graphs(seed, {}, lengths), graphs(seed, motion, movedLengths));
+        ASSERT_EQ(lengths.size(), movedLengths.size());
+        for (std::size_t i = 0; i < lengths.size(); ++i) {
+            ASSERT_NEAR(lengths[i], movedLengths[i], 1e-7);
+        }
+    }
+}
+
+} // namespace
+
+TEST(RandomNetworkTest, MovedByWholeNumbersADrawingKeepsItsGraph) {
+    expectSameGraphs({.quarterTurns = 0, .shiftX = 1024.0, .shiftY = -333.0});
+}
+
+TEST(RandomNetworkTest, MovedToSurveyCoordinatesADrawingKeepsItsGraph) {
+    expectSameGraphs({.quarterTurns = 0, .shiftX = 500000.0, .shiftY = 3400000.0});
+}
+
+TEST(RandomNetworkTest, TurnedByAQuarterADrawingKeepsItsGraph) {
+    expectSameGraphs({.quarterTurns = 1});
+}
+
+TEST(RandomNetworkTest, TurnedRoundADrawingKeepsItsGraph) {
+    expectSameGraphs({.quarterTurns = 2});
+}
+
+} // namespace module_tests
