@@ -65,9 +65,19 @@ MAIN = [
     ("603", (28.0, 54.0), (28.0, 26.0), 100, 94.500, 94.300),
     ("604", (90.0, 24.0), (90.0, 54.0), 100, 94.100, 94.250),
     ("605", (124.0, 54.0), (124.0, 80.0), 100, 94.100, 94.300)]
+# Two arcs round (178, 34) with a radius of 12, by a quarter of a turn and by 53.13 degrees, and a
+# last piece of 605 beyond a gap of 0.2. They were drawn after everything else: handle, start, end,
+# bulge, diameter, flow, elevations at both ends.
+EXTENSIONS = [
+    ("606", (178.0, 46.0), (190.0, 34.0), 1.0 - math.sqrt(2.0), 150, "SE", 93.800, 93.700),
+    ("607", (185.2, 24.4), (190.0, 34.0), math.sqrt(5.0) - 2.0, 150, "ES", 93.640, 93.700),
+    ("608", (124.0, 87.0), (124.0, 80.2), 0.0, 100, "ES", 94.350, 94.300)]
 MAIN_WELLS = [
     ("611", "J1", (14.0, 54.0), VALVE), ("612", "J2", (60.0, 54.0), VALVE),
     ("613", "J3", (28.0, 40.0), METER), ("614", "J4", (90.0, 38.0), METER)]
+EXTENSION_WELLS = [
+    ("615", "J5", (187.6, 41.2), VALVE), ("616", "J6", (124.0, 84.0), METER),
+    ("617", "J7", (189.52, 30.64), METER)]
 
 
 class Town:
@@ -201,8 +211,18 @@ class Town:
             data = {"diameter": diameter, "material": "球墨铸铁", "slope": 0.0, "flow": "SE",
                     "start": high, "end": low}
             self.network.pipe(handle, "给水", [start, end], data)
-        for handle, number, point, block in MAIN_WELLS:
+        self.main_wells(MAIN_WELLS)
+
+    def main_wells(self, table):
+        for handle, number, point, block in table:
             self.network.well(handle, "给水", number, point, 0.8, block)
+
+    def extensions(self):
+        for handle, start, end, bulge, diameter, flow, first, last in EXTENSIONS:
+            data = {"diameter": diameter, "material": "球墨铸铁", "slope": 0.0, "flow": flow,
+                    "start": first, "end": last}
+            self.network.pipe(handle, "给水", [(*start, bulge), (*end, 0.0)], data, bool(bulge))
+        self.main_wells(EXTENSION_WELLS)
 
     # -- what is no network --------------------------------------------------------------------
 
@@ -239,25 +259,36 @@ def turned(piece):
     return [(*p, b) for p, b in zip(points, bulges)]
 
 
+# The main as the search should see it from its western end, worked out by hand: cut where a branch
+# leaves it, and grown together where a pipe goes straight on or round the same circle. A piece has
+# the elevations of the whole 601: the one of the end that is nearer to where the piece begins comes
+# first. Columns: pipes, flags (0 for a piece), from, to, parent, valves, meters, reversed, length,
+# elevations at both ends.
+MAIN_RUNS = [
+    (["601"], [0], (6.0, 54.0), (28.0, 54.0), None, ["611"], [], 0, 22.0, 94.6, 94.0),
+    (["601"], [0], (28.0, 54.0), (90.0, 54.0), 0, ["612"], [], 0, 62.0, 94.6, 94.0),
+    (["603"], [1], (28.0, 54.0), (28.0, 26.0), 0, [], ["613"], 0, 28.0, 94.5, 94.3),
+    (["601"], [0], (90.0, 54.0), (124.0, 54.0), 1, [], [], 0, 34.0, 94.0, 94.6),
+    (["604"], [1], (90.0, 54.0), (90.0, 24.0), 1, [], ["614"], 1, 30.0, 94.25, 94.1),
+    (["601"], [0], (124.0, 54.0), (150.0, 54.0), 3, [], [], 0, 26.0, 94.0, 94.6),
+    (["605", "608"], [1, 1], (124.0, 54.0), (124.0, 87.0), 3, [], ["616"], 0, 33.0, 94.1, 94.3),
+    (["602"], [1], (150.0, 54.0), (178.0, 46.0), 5, [], [], 0, 29.120440, 94.0, 93.8),
+    (["606", "607"], [1, 1], (178.0, 46.0), (185.2, 24.4), 7, ["615"], ["617"], 0, 29.977099,
+     93.8, 93.7)]
+ARCS = ("606",)
+
+
 def pressure_truth():
-    """The main as the search should see it from its western end: cut where a branch leaves it."""
-    return {"pick": {"pipe": "601", "point": [6.0, 54.0]}, "runs": [
-        {"pipe": "601", "from": [6.0, 54.0], "to": [28.0, 54.0], "parent": None, "valves": ["611"],
-         "meters": []},
-        {"pipe": "601", "from": [28.0, 54.0], "to": [90.0, 54.0], "parent": 0, "valves": ["612"],
-         "meters": []},
-        {"pipe": "603", "from": [28.0, 54.0], "to": [28.0, 26.0], "parent": 0, "valves": [],
-         "meters": ["613"]},
-        {"pipe": "601", "from": [90.0, 54.0], "to": [124.0, 54.0], "parent": 1, "valves": [],
-         "meters": []},
-        {"pipe": "604", "from": [90.0, 54.0], "to": [90.0, 24.0], "parent": 1, "valves": [],
-         "meters": ["614"]},
-        {"pipe": "601", "from": [124.0, 54.0], "to": [150.0, 54.0], "parent": 3, "valves": [],
-         "meters": []},
-        {"pipe": "605", "from": [124.0, 54.0], "to": [124.0, 80.0], "parent": 3, "valves": [],
-         "meters": []},
-        {"pipe": "602", "from": [150.0, 54.0], "to": [178.0, 46.0], "parent": 5, "valves": [],
-         "meters": []}]}
+    runs = []
+    for (pipes, flags, begin, end, parent, valves, meters, turned, length, first,
+         last) in MAIN_RUNS:
+        wide = 200 if pipes == ["601"] else 150 if pipes[0] in ("602", "606") else 100
+        runs.append({"pipe": pipes[0], "pipes": pipes, "flags": flags, "from": list(begin),
+                     "to": list(end), "parent": parent, "valves": valves, "meters": meters,
+                     "reversed": turned, "isArc": int(pipes[0] in ARCS), "length": length,
+                     "startElevation": first, "endElevation": last, "diameter": wide,
+                     "material": "球墨铸铁", "slope": 0.0, "flow": "SE"})
+    return {"pick": {"pipe": "601", "point": [6.0, 54.0]}, "result": 1, "runs": runs}
 
 
 def main():
@@ -273,6 +304,7 @@ def main():
     town.surroundings()
     town.numbers()
     town.network.drawing.shuffle(18)
+    town.extensions()
     town.network.write(os.path.join(folder, "town.dxf"), os.path.join(folder, "town.truth.json"),
                        pressure=[pressure_truth()])
 

@@ -88,9 +88,9 @@ protected:
     std::map<std::string, const json*> edgeOfPipe; ///< by the first of its pipes
 
 private:
-    /// The truth has the number of a node's first block; W15A is the one block that merges.
+    /// The truth has the number of a node's first block; W15A is the only other block of a node.
     static std::string numberOf(const std::string& handle, const json& node) {
-        return handle == "115A" ? "W15A" : node["number"].get<std::string>();
+        return handle != node["handles"][0] ? "W15A" : node["number"].get<std::string>();
     }
 
     std::size_t countOf(const char* list, const std::string& system) const {
