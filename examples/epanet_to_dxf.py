@@ -159,12 +159,12 @@ class Tree:
         return names
 
     def ring(self, start, end):
-        """The links of the tree on the way from one node to another."""
+        """The links of the tree on the way from one node to another: back, then onward."""
         out, home = self.way_back(start), self.way_back(end)
         while out and home and out[-1] == home[-1]:
             out.pop()
             home.pop()
-        return out + home[::-1]
+        return out, home[::-1]
 
 
 class SupplyConverter(Converter):
@@ -283,11 +283,15 @@ class SupplyConverter(Converter):
         for name, link in self.model.links.items():
             if name in self.tree.ends:
                 continue
-            ring = [name, *self.tree.ring(link["ends"][1], link["ends"][0])]
+            back, onward = self.tree.ring(link["ends"][1], link["ends"][0])
+            pipes = list(self.handles[name])
+            for one in back:
+                pipes += self.handles[one][::-1]
+            for one in onward:
+                pipes += self.handles[one]
             loops.append({"nodes": list(link["ends"]),
                           "points": [list(self.model.point(node)) for node in link["ends"]],
-                          "pipes": [handle for one in ring for handle in self.handles[one]],
-                          "links": ring})
+                          "pipes": pipes, "links": [name, *back, *onward]})
         return loops
 
     def pick(self):

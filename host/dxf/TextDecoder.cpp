@@ -30,7 +30,7 @@ long fourHexDigits(std::wstring_view text, std::size_t position) {
     return value;
 }
 
-/// The value of the \U+XXXX at the start of `text`, -1 when there is none.
+/// The value of the \U+hhhh at the start of `text`, -1 when there is none.
 long unicodeEscape(std::wstring_view text) {
     return text.starts_with(L"\\U+") ? fourHexDigits(text, 3) : -1;
 }

@@ -12,7 +12,7 @@
 namespace host_dxf {
 
 /// Turns text values of one drawing into wide text: the bytes by the drawing's encoding, then the
-/// escapes of the format (\U+XXXX, \M+nXXXX, ^J). Any thread may decode at any time.
+/// escapes of the format (\U+hhhh, \M+nhhhh, ^J). Any thread may decode at any time.
 class TextDecoder {
 public:
     /// `dwgCodePage` is the value of $DWGCODEPAGE, empty when the drawing has none; `utf8` says

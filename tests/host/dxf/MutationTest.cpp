@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
 #include <random>
 
 using dxf_test::BinaryFile;
@@ -146,6 +148,13 @@ TEST(Mutation, DamagedTextFilesGiveADrawingOrOneLine) {
 TEST(Mutation, DamagedBinaryFilesGiveADrawingOrOneLine) {
     mutate(binarySeed(BinaryFile::Codes::Wide), 2, 3000);
     mutate(binarySeed(BinaryFile::Codes::Short), 3, 3000);
+}
+
+TEST(Mutation, DamagedExampleDrawingGivesADrawingOrOneLine) {
+    std::ifstream file(TKVLT_EXAMPLES_DIR "/town.dxf", std::ios::binary);
+    const std::string town{std::istreambuf_iterator<char>(file), {}};
+    ASSERT_GT(town.size(), 10000U);
+    mutate(town, 4, 200);
 }
 
 TEST(Mutation, FileCutAtAnyPlaceIsRefused) {
