@@ -35,4 +35,41 @@ Json gravitySegJson(const GravitySeg& seg) {
             {"annotateVector", vectorJson(seg.annotateVector)}};
 }
 
+namespace {
+
+Json fittingsJson(const AcDbObjectIdArray& ids, const CArray<AcGePoint3d, AcGePoint3d>& points) {
+    Json fittings = Json::array();
+    for (int i = 0; i < ids.length(); ++i) {
+        fittings.push_back({{"entity", idJson(ids[i])}, {"point", pointJson(points[i])}});
+    }
+    return fittings;
+}
+
+} // namespace
+
+Json pressureSegJson(PressureSeg& seg) {
+    return {{"pipes", idsJson(seg.pipeIds)},
+            {"orientationFlags", indicesJson(seg.orientationFlags)},
+            {"startPoint", pointJson(seg.startPoint)},
+            {"endPoint", pointJson(seg.endPoint)},
+            {"beginPoint", pointJson(seg.GetBeginPoint())},
+            {"searchPoint", pointJson(seg.GetSearchPoint())},
+            {"parent", seg.parent},
+            {"children", indicesJson(seg.children)},
+            {"reversed", seg.reversed},
+            {"valves", fittingsJson(seg.valveIds, seg.valvePoints)},
+            {"meters", fittingsJson(seg.meterIds, seg.meterPoints)},
+            {"startElevation", seg.startElevation},
+            {"endElevation", seg.endElevation},
+            {"slope", seg.slope},
+            {"diameter", seg.diameter},
+            {"flowText", textJson(seg.flowText)},
+            {"material", textJson(seg.material)},
+            {"systemName", textJson(seg.systemName)},
+            {"isArc", seg.isArc},
+            {"length", seg.GetLength()},
+            {"annotatePoint", pointJson(seg.GetAnnoatePoint())},
+            {"annotateVector", vectorJson(seg.GetAnnnotateVector())}};
+}
+
 } // namespace pipenet

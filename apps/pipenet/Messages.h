@@ -46,6 +46,8 @@ inline constexpr Message kBadSettingsLine{
     207, "{}:{}: the line is neither blank, nor a comment, nor 'key = value'"};
 
 inline constexpr Message kUnwritable{301, "{}: cannot be written: {}"};
+inline constexpr Message kNoPressurePicture{
+    303, "{}: not written: pictures show gravity networks only, leave out --svg"};
 inline constexpr Message kOutput{302, "standard output: cannot be written"};
 
 inline constexpr Message kNothingToPick{
@@ -60,8 +62,12 @@ inline constexpr Message kUnknownSystem{
          "under pressure; check its entry and GroupType in {}"};
 inline constexpr Message kPressure{
     404,
-    "no network from {}: its system '{}' is a pressure system, and this build searches gravity "
-    "networks only; check GroupType in {} if that should be a gravity system"};
+    "no network from {}: its system '{}' is a pressure system, and such a network is read from "
+    "one of its pipes; check that --start is a pipe longer than 1 drawing unit"};
+inline constexpr Message kClosed{
+    416,
+    "no network from {}: the network of '{}' closes on itself: two of its {} segments, at pipes "
+    "{} and {}, end at one place near {:.6g}, {:.6g}; check the pipes there, or open the loop"};
 inline constexpr Message kSameEnds{
     405, "no path in a network from {}: start and end are the same entity; check --end"};
 inline constexpr Message kEndWithoutSystem{
@@ -106,9 +112,6 @@ inline constexpr Message kSegmentUnknownSystem{
     422,
     "no segment at {}: the settings do not say whether its system '{}' flows by gravity or under "
     "pressure; check its entry and GroupType in {}"};
-inline constexpr Message kSegmentPressure{
-    423, "no segment at {}: its system '{}' is a pressure system, and this build knows gravity "
-         "segments only; check GroupType in {} if that should be a gravity system"};
 inline constexpr Message kSegmentShort{424, "no segment at {}: the pipe measures {} in drawing "
                                             "units, and only pipes longer than 1 take part; "
                                             "check its ends"};

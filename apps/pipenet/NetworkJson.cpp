@@ -10,7 +10,7 @@ namespace {
 
 /// Record by record, so that a large network never stands in memory as one JSON value.
 template<class Records, class Write>
-void appendRecords(std::string& out, const Records& records, const Write& write) {
+void appendRecords(std::string& out, Records& records, const Write& write) {
     out += '[';
     for (INT_PTR i = 0; i < records.GetSize(); ++i) {
         if (i > 0) {
@@ -34,11 +34,21 @@ std::string gravityJson(int result, const GravitySearchObject& network) {
     return out + "}\n";
 }
 
+std::string pressureJson(int result, PressureSearchObject& network) {
+    std::string out = fmt::format(R"({{"result":{},"kind":"pressure","rootSeg":{},"segs":)", result,
+                                  network.rootSeg);
+    appendRecords(out, network.segs, pressureSegJson);
+    return out + "}\n";
+}
+
 } // namespace
 
 std::string networkJson(const SearchOutcome& outcome) {
     if (const GravitySearchObject* network = gravityNetwork(outcome)) {
         return gravityJson(outcome.result, *network);
+    }
+    if (PressureSearchObject* network = pressureNetwork(outcome)) {
+        return pressureJson(outcome.result, *network);
     }
     std::string out;
     appendJson(out, {{"result", outcome.result}, {"kind", nullptr}});

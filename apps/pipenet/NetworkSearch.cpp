@@ -1,7 +1,6 @@
 #include "NetworkSearch.h"
 
 #include "NearestEntity.h"
-#include "Systems.h"
 
 namespace pipenet {
 
@@ -18,9 +17,6 @@ SearchRequest searchRequest(const Drawing& drawing, const Options& options) {
 
 SearchOutcome searchNetwork(const SearchRequest& request) {
     SearchOutcome outcome;
-    if (PelGetDirectionSytle(systemNameOf(request.start)) == kPressureFlow) {
-        return outcome;
-    }
     AcDbObjectId start = request.start;
     AcDbObjectId end = request.end;
     SearchObject* object = nullptr;
@@ -37,6 +33,10 @@ SearchOutcome searchNetwork(const SearchRequest& request) {
 
 GravitySearchObject* gravityNetwork(const SearchOutcome& outcome) {
     return dynamic_cast<GravitySearchObject*>(outcome.object.get());
+}
+
+PressureSearchObject* pressureNetwork(const SearchOutcome& outcome) {
+    return dynamic_cast<PressureSearchObject*>(outcome.object.get());
 }
 
 } // namespace pipenet

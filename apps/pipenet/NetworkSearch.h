@@ -24,11 +24,13 @@ struct SearchOutcome {
 /// The request of the command line. Throws Failure for an unknown handle.
 SearchRequest searchRequest(const Drawing& drawing, const Options& options);
 
-/// Asks the module. This program shows gravity networks only, so a pressure system is refused
-/// without asking.
+/// Asks the module.
 SearchOutcome searchNetwork(const SearchRequest& request);
 
 /// The gravity network of an outcome; null when it holds none.
 GravitySearchObject* gravityNetwork(const SearchOutcome& outcome);
+
+/// The pressure network of an outcome; null when it holds none.
+PressureSearchObject* pressureNetwork(const SearchOutcome& outcome);
 
 } // namespace pipenet

@@ -8,6 +8,8 @@
 #include "Systems.h"
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace pipenet {
 
@@ -108,6 +110,45 @@ std::string gravityCause(const SearchRequest& request) {
                                 : unreachedEnd(request, tried.network);
 }
 
+/// Two segments that end less than one drawing unit apart, which closes a network on itself.
+struct ClosingPair {
+    INT_PTR first = -1; ///< -1 when there is none
+    INT_PTR second = -1;
+};
+
+/// Sweeps over the ends from left to right, so that only near ones are compared.
+ClosingPair closingPair(PressureSearchObject& network) {
+    std::vector<std::pair<double, INT_PTR>> ends;
+    for (INT_PTR i = 0; i < network.segs.GetSize(); ++i) {
+        ends.emplace_back(network.segs[i].GetSearchPoint().x, i);
+    }
+    std::sort(ends.begin(), ends.end());
+    for (std::size_t a = 0; a < ends.size(); ++a) {
+        const AcGePoint3d place = network.segs[ends[a].second].GetSearchPoint();
+        for (std::size_t b = a + 1; b < ends.size() && ends[b].first - ends[a].first < 1.0; ++b) {
+            if (place.distanceTo(network.segs[ends[b].second].GetSearchPoint()) < 1.0) {
+                return {ends[a].second, ends[b].second};
+            }
+        }
+    }
+    return {};
+}
+
+std::string pressureCause(const SearchRequest& request) {
+    const std::string start = nameOf(request.start);
+    const std::string system = utf8(systemNameOf(request.start));
+    PressureSearchObject tried;
+    GetPressureNetwork(tried.segs, request.start, request.point, tried.rootSeg);
+    const ClosingPair pair = closingPair(tried);
+    if (pair.first < 0) {
+        return textOf(kPressure, start, system);
+    }
+    PressureSeg& first = tried.segs[pair.first];
+    const AcGePoint3d place = first.GetSearchPoint();
+    return textOf(kClosed, start, system, tried.segs.GetSize(), handleText(first.pipeIds[0]),
+                  handleText(tried.segs[pair.second].pipeIds[0]), place.x, place.y);
+}
+
 } // namespace
 
 std::string refusalOf(const Drawing& drawing, const SearchRequest& request,
@@ -127,7 +168,7 @@ std::string refusalOf(const Drawing& drawing, const SearchRequest& request,
     case kGravityFlow:
         return gravityCause(request);
     case kPressureFlow:
-        return textOf(kPressure, start, utf8(system), pipeSystemsFile());
+        return pressureCause(request);
     default:
         return textOf(kUnknownSystem, start, utf8(system), pipeSystemsFile());
     }
@@ -140,8 +181,7 @@ std::string segmentRefusal(const AcDbObjectId& pipe, int kind) {
         return textOf(kNoPipe, name);
     }
     if (kind != kGravityFlow) {
-        return textOf(kind == kPressureFlow ? kSegmentPressure : kSegmentUnknownSystem, name,
-                      system, pipeSystemsFile());
+        return textOf(kSegmentUnknownSystem, name, system, pipeSystemsFile());
     }
     if (const double length = pipeLength(pipe); length <= 1.0) {
         return textOf(kSegmentShort, name, length);

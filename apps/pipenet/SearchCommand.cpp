@@ -1,8 +1,10 @@
 #include "SearchCommand.h"
 
+#include "Failure.h"
 #include "NetworkJson.h"
 #include "NetworkSearch.h"
 #include "NetworkTable.h"
+#include "PressureTable.h"
 #include "Progress.h"
 #include "Refusal.h"
 #include "svg/NetworkPicture.h"
@@ -16,6 +18,9 @@ namespace {
 std::string outcomeTable(const SearchOutcome& outcome) {
     if (const GravitySearchObject* network = gravityNetwork(outcome)) {
         return networkTable(*network);
+    }
+    if (PressureSearchObject* network = pressureNetwork(outcome)) {
+        return pressureTable(*network);
     }
     return fmt::format("No network (result {})\n", outcome.result);
 }
@@ -37,6 +42,9 @@ Answer runSearch(const Drawing& drawing, const Options& options) {
     }
     answer.isJson = options.format == Format::json;
     answer.text = answer.isJson ? networkJson(outcome) : outcomeTable(outcome);
+    if (pressureNetwork(outcome) != nullptr && !options.svg.empty()) {
+        throw Failure(messages::kNoPressurePicture, options.svg);
+    }
     const GravitySearchObject* network = gravityNetwork(outcome);
     if (network != nullptr && !options.svg.empty()) {
         const Progress progress("drawing " + options.svg);

@@ -3,6 +3,8 @@
 #include "gravity/GravityNetworkSearch.h"
 #include "JsonRecords.h"
 #include "NetworkTable.h"
+#include "pressure/BuildSingleSeg.h"
+#include "PressureTable.h"
 #include "Progress.h"
 #include "records/XdataKeys.h"
 #include "Refusal.h"
@@ -17,6 +19,7 @@ struct SegmentOutcome {
     int result = 0;
     int kind = -1; ///< flow kind of the pipe's system
     GravitySeg gravity;
+    PressureSeg pressure;
 };
 
 int buildGravity(GravitySeg& seg, const AcDbObjectId& pipe, const CString& system) {
@@ -33,20 +36,26 @@ void buildSegment(SegmentOutcome& outcome, const AcDbObjectId& pipe) {
     outcome.kind = PelGetDirectionSytle(system);
     if (outcome.kind == kGravityFlow) {
         outcome.result = buildGravity(outcome.gravity, pipe, system);
+    } else if (outcome.kind == kPressureFlow) {
+        outcome.result = tkvlt::BuildSingleSeg(outcome.pressure, pipe);
     }
 }
 
-std::string segmentJson(const SegmentOutcome& outcome) {
+std::string segmentJson(SegmentOutcome& outcome) {
     const bool isGravity = outcome.kind == kGravityFlow;
+    const bool isPressure = outcome.kind == kPressureFlow;
     std::string out;
     appendJson(out, {{"result", outcome.result},
                      {"kind", outcome.kind},
                      {"gravity", isGravity ? gravitySegJson(outcome.gravity) : Json(nullptr)},
-                     {"pressure", nullptr}});
+                     {"pressure", isPressure ? pressureSegJson(outcome.pressure) : Json(nullptr)}});
     return out + '\n';
 }
 
-std::string outcomeTable(const SegmentOutcome& outcome) {
+std::string outcomeTable(SegmentOutcome& outcome) {
+    if (outcome.kind == kPressureFlow) {
+        return pressureSegmentTable(outcome.pressure);
+    }
     if (outcome.kind != kGravityFlow) {
         return "No segment (result 0)\n";
     }

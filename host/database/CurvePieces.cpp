@@ -36,6 +36,7 @@ std::vector<double> breaksOf(const ArcPiece& piece) {
     const int parts =
         std::max(1, static_cast<int>(std::ceil((piece.to - piece.from) / (kTwoPi / 8.0))));
     std::vector<double> breaks;
+    breaks.reserve(static_cast<std::size_t>(parts) + 1);
     for (int i = 0; i < parts; ++i) {
         breaks.push_back(piece.from + (piece.to - piece.from) * i / parts);
     }

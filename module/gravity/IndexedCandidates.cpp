@@ -33,6 +33,7 @@ void IndexedCandidates::IndexPipes() {
     }
     pipeEnds_ = BoxTree(ends);
     pipeCurves_ = BoxTree(curves);
+    slack_ = RoundingSlack(pool);
 }
 
 void IndexedCandidates::IndexWells() {
@@ -71,7 +72,7 @@ std::vector<int> IndexedCandidates::PipesWithEndIn(const PlanBox& box) const {
 }
 
 std::vector<int> IndexedCandidates::PipesReachingInto(const PlanBox& box) const {
-    return PresentInOrder(Collected(pipeCurves_, box), search_.pipePool);
+    return PresentInOrder(Collected(pipeCurves_, box.Widened(slack_)), search_.pipePool);
 }
 
 std::vector<int> IndexedCandidates::WellsIn(const PlanBox& box) const {

@@ -37,6 +37,7 @@ private:
     const GravityNetworkSearch& search_;
     BoxTree pipeEnds_; // items 2i and 2i + 1 are the start and the end of pipe i
     BoxTree pipeCurves_;
+    double slack_ = 0.0; // by which pipes may miss one another and still meet
     BoxTree wells_;
     BoxTree tanks_;
     BoxGrid nodes_;

@@ -57,7 +57,8 @@ private:
 class IndexedPressureCandidates final : public PressureCandidates {
 public:
     explicit IndexedPressureCandidates(const PressureNetworkSearch& search)
-        : search_(search), largestRadius_(LargestRadius(search.wellPool)) {
+        : search_(search), largestRadius_(LargestRadius(search.wellPool)),
+          slack_(RoundingSlack(search.pipePool)) {
         std::vector<PlanBox> curves;
         for (int i = 0; i < search_.pipePool.Size(); ++i) {
             curves.push_back(PipeBox(search_.pipePool[i]));
@@ -71,8 +72,9 @@ public:
     }
 
     std::vector<int> PipesReachingInto(const PlanBox& box) const override {
-        std::vector<int> pipes = Collected(pipeCurves_, box);
-        pieces_.Collect(box, pipes);
+        const PlanBox reachable = box.Widened(slack_);
+        std::vector<int> pipes = Collected(pipeCurves_, reachable);
+        pieces_.Collect(reachable, pipes);
         return PresentInOrder(std::move(pipes), search_.pipePool);
     }
 
@@ -118,6 +120,7 @@ public:
 private:
     const PressureNetworkSearch& search_;
     double largestRadius_; // wells only leave, so it stays a bound
+    double slack_;         // by which pipes may miss one another and still meet
     BoxTree pipeCurves_;
     BoxGrid pieces_{50.0};
     BoxTree pipeEnds_;

@@ -2,11 +2,16 @@
 
 #include "records/Pipe.h"
 #include "records/PlanBox.h"
+#include "records/RecordPool.h"
 
 namespace tkvlt {
 
 /// The pipe's curve and chord in plan; for an arc its whole circle.
 PlanBox PipeBox(const _Pipe& pipe);
+
+/// What rounding may hide between two of these pipes, drawing units: they meet within a noise that
+/// grows with the largest coordinate of either, height and arc centre included.
+double RoundingSlack(const RecordPool<_Pipe>& pipes);
 
 /// The whole circle of an arc in plan.
 PlanBox CircleBox(const AcGeCircArc3d& arc);

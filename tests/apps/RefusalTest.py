@@ -17,11 +17,6 @@ class RefusalTest(PipenetTest):
         self.refused(small, "the settings do not say whether its system '燃气'", "--start", "A1",
                      out='{"result":1,"kind":null}\n')
 
-    def test_pressure_system(self):
-        small = SmallDrawing()
-        small.pipe("B1", (0.0, 0.0), (9.0, 0.0), system="给水")
-        self.refused(small, "'给水' is a pressure system", "--start", "B1")
-
     def test_entity_outside_any_network(self):
         small = chain()
         small.drawing.line("99", "0", (0.0, 0.0), (5.0, 5.0))

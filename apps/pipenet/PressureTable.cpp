@@ -1,0 +1,125 @@
+#include "PressureTable.h"
+
+#include "HandleText.h"
+#include "Systems.h"
+#include "TextTable.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <vector>
+
+namespace pipenet {
+
+namespace {
+
+/// Deeper runs are shown at this depth, with the depth beside them.
+constexpr int kDeepestIndentation = 12;
+
+struct RunLine {
+    int seg;
+    int depth;
+};
+
+/// The runs from the root on, depth first, children in the order of the search.
+std::vector<RunLine> runLines(const PressureSearchObject& network) {
+    std::vector<RunLine> lines;
+    std::vector<RunLine> open{{network.rootSeg, 0}};
+    while (!open.empty()) {
+        const RunLine line = open.back();
+        open.pop_back();
+        lines.push_back(line);
+        const CArray<int, int>& children = network.segs[line.seg].children;
+        for (INT_PTR i = children.GetSize(); i > 0; --i) {
+            open.push_back({children[i - 1], line.depth + 1});
+        }
+    }
+    return lines;
+}
+
+std::string joined(const AcDbObjectIdArray& ids) {
+    std::string text;
+    for (int i = 0; i < ids.length(); ++i) {
+        text += (i == 0 ? "" : " ") + handleText(ids[i]);
+    }
+    return text;
+}
+
+std::string indented(const RunLine& line) {
+    const int shown = std::min(line.depth, kDeepestIndentation);
+    std::string text(static_cast<std::size_t>(shown) * 2, ' ');
+    if (line.depth > shown) {
+        text += fmt::format("({}) ", line.depth);
+    }
+    return text + fmt::format("{}", line.seg);
+}
+
+std::string inPlan(const AcGePoint3d& point) {
+    return fmt::format("{:.2f}, {:.2f}", point.x, point.y);
+}
+
+std::vector<std::string> runCells(PressureSeg& seg, const RunLine& line) {
+    return {indented(line),
+            seg.isArc != 0 ? "arc" : "",
+            inPlan(seg.GetBeginPoint()),
+            inPlan(seg.GetSearchPoint()),
+            fmt::format("{:.2f}", metres(seg.GetLength())),
+            fmt::format("DN{}", seg.diameter),
+            fmt::format("{:.3f}", seg.startElevation),
+            fmt::format("{:.3f}", seg.endElevation),
+            utf8(seg.material),
+            joined(seg.valveIds),
+            joined(seg.meterIds),
+            joined(seg.pipeIds)};
+}
+
+std::string summary(PressureSearchObject& network) {
+    double length = 0.0;
+    int valves = 0;
+    int meters = 0;
+    for (INT_PTR i = 0; i < network.segs.GetSize(); ++i) {
+        length += network.segs[i].GetLength();
+        valves += network.segs[i].valveIds.length();
+        meters += network.segs[i].meterIds.length();
+    }
+    return fmt::format("Pressure network {}: {} runs, {} valves, {} meters, {:.2f} m of pipe\n",
+                       utf8(network.segs[network.rootSeg].systemName), network.segs.GetSize(),
+                       valves, meters, metres(length));
+}
+
+} // namespace
+
+std::string pressureTable(PressureSearchObject& network) {
+    TextTable table({{"Run"},
+                     {""},
+                     {"From"},
+                     {"To"},
+                     {"Length m", true},
+                     {"Size"},
+                     {"Begin m", true},
+                     {"Far m", true},
+                     {"Material"},
+                     {"Valves"},
+                     {"Meters"},
+                     {"Pipes"}});
+    for (const RunLine& line : runLines(network)) {
+        table.add(runCells(network.segs[line.seg], line));
+    }
+    return summary(network) + '\n' + table.text();
+}
+
+std::string pressureSegmentTable(PressureSeg& seg) {
+    TextTable table({{"Pressure segment"}, {utf8(seg.systemName)}});
+    table.add({"from", inPlan(seg.startPoint)});
+    table.add({"to", inPlan(seg.endPoint)});
+    table.add({"pipes", joined(seg.pipeIds)});
+    table.add({"length", fmt::format("{:.2f} m", metres(seg.GetLength()))});
+    table.add({"size", fmt::format("DN{} {}", seg.diameter, utf8(seg.material))});
+    table.add({"elevations", fmt::format("{:.3f} m upstream, {:.3f} m downstream",
+                                         seg.startElevation, seg.endElevation)});
+    table.add({"slope", fmt::format("{}", seg.slope)});
+    table.add({"flow text", utf8(seg.flowText)});
+    table.add({"label", "at " + inPlan(seg.GetAnnoatePoint())});
+    return table.text();
+}
+
+} // namespace pipenet

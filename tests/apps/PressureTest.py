@@ -1,0 +1,109 @@
+"""Pressure networks: the tree of runs, one run, and networks that close on themselves."""
+import json
+import os
+import unittest
+
+from PipenetProcess import EXAMPLES, PipenetTest, SmallDrawing
+
+# One pipe of nine units, drawn from west to east, water with it.
+LONE_RUN = (
+    '{"pipes":["B1"],"orientationFlags":[1],"startPoint":[0,0,0],"endPoint":[9,0,0],'
+    '"beginPoint":[0,0,0],"searchPoint":[9,0,0],"parent":-1,"children":[],"reversed":0,'
+    '"valves":[],"meters":[],"startElevation":7.5,"endElevation":7.25,"slope":0.01,'
+    '"diameter":300,"flowText":"SE","material":"PE","systemName":"给水","isArc":0,"length":9,'
+    '"annotatePoint":[4.5,0,0],"annotateVector":[1,0,0]}')
+
+
+def lone_pipe():
+    small = SmallDrawing()
+    small.pipe("B1", (0.0, 0.0), (9.0, 0.0), system="给水", low="7.5", high="7.25")
+    return small
+
+
+class PressureTest(PipenetTest):
+    def test_run_of_one_pipe(self):
+        run = self.run_program("search", self.write(lone_pipe()), "--start", "B1", "--format",
+                               "json")
+        self.assert_done(run)
+        self.assertEqual(run.out, '{"result":1,"kind":"pressure","rootSeg":0,"segs":['
+                         + LONE_RUN + ']}\n')
+
+    def test_segment_of_one_pipe(self):
+        run = self.run_program("segment", self.write(lone_pipe()), "--pipe", "B1", "--format",
+                               "json")
+        self.assert_done(run)
+        self.assertEqual(run.out,
+                         '{"result":1,"kind":0,"gravity":null,"pressure":' + LONE_RUN + '}\n')
+
+    def test_table(self):
+        run = self.run_program("search", self.write(lone_pipe()), "--start", "B1")
+        self.assert_done(run)
+        lines = run.out.splitlines()
+        self.assertEqual(lines[0],
+                         "Pressure network 给水: 1 runs, 0 valves, 0 meters, 9.00 m of pipe")
+        self.assertEqual(lines[-1].split(), ["0", "0.00,", "0.00", "9.00,", "0.00", "9.00",
+                                             "DN300", "7.500", "7.250", "PE", "B1"])
+
+    def compare_with_truth(self, name):
+        with open(os.path.join(EXAMPLES, name + ".truth.json"), encoding="utf-8") as file:
+            truth = json.load(file)["pressure"]
+        self.assertGreater(len(truth), 0)
+        for search in truth:
+            pick = search["pick"]
+            run = self.run_program("search", os.path.join(EXAMPLES, name + ".dxf"), "--start",
+                                   pick["pipe"], "--point", ",".join(map(str, pick["point"])),
+                                   "--format", "json")
+            self.assertEqual(run.json()["result"], search["result"])
+            if search["result"] == 1:
+                self.assert_runs(run.json()["segs"], search["runs"])
+
+    def assert_runs(self, segs, runs):
+        self.assertEqual(len(segs), len(runs))
+        for seg, expected in zip(segs, runs):
+            self.assertEqual(seg["pipes"], expected["pipes"])
+            self.assertEqual(seg["orientationFlags"], expected["flags"])
+            self.assertEqual(seg["parent"],
+                             -1 if expected["parent"] is None else expected["parent"])
+            self.assertEqual([v["entity"] for v in seg["valves"]], expected["valves"])
+            self.assertEqual([m["entity"] for m in seg["meters"]], expected["meters"])
+            self.assertEqual(seg["diameter"], expected["diameter"])
+
+    def test_town(self):
+        self.compare_with_truth("town")
+
+    def test_published_model_as_a_tree(self):
+        self.compare_with_truth("l-town-tree")
+
+    def test_published_model_as_a_whole_is_refused(self):
+        self.compare_with_truth("l-town-whole")
+
+    def test_network_that_closes_on_itself(self):
+        small = SmallDrawing()
+        for handle, start, end in (("B1", (0.0, 0.0), (10.0, 0.0)),
+                                   ("B2", (10.0, 0.0), (10.0, 10.0)),
+                                   ("B3", (10.0, 10.0), (20.0, 10.0)),
+                                   ("B4", (20.0, 10.0), (20.0, 0.0)),
+                                   ("B5", (20.0, 0.0), (10.0, 0.0))):
+            small.pipe(handle, start, end, system="给水")
+        run = self.run_program("search", self.write(small), "--start", "B1", "--format", "json")
+        self.assertEqual((run.status, run.out), (1, '{"result":0,"kind":null}\n'))
+        self.assertRegex(run.err, r"^pipenet: [^\n]*closes on itself: two of its 5 segments, "
+                         r"[^\n]* end at one place near 20, 0; check[^\n]*\n$")
+
+    def test_search_from_a_well(self):
+        small = lone_pipe()
+        small.well("A1", (0.0, 0.0), system="给水")
+        run = self.run_program("search", self.write(small), "--start", "A1", "--format", "json")
+        self.assertEqual((run.status, run.out), (1, '{"result":0,"kind":null}\n'))
+        self.assertRegex(run.err, r"^pipenet: [^\n]*'给水' is a pressure system[^\n]*check[^\n]*\n$")
+
+    def test_picture_is_refused(self):
+        picture = self.path("out.svg")
+        run = self.run_program("search", self.write(lone_pipe()), "--start", "B1", "--svg", picture)
+        self.assert_failed(run, f"{picture}: not written: pictures show gravity networks only, "
+                           "leave out --svg")
+        self.assertFalse(os.path.exists(picture))
+
+
+if __name__ == "__main__":
+    unittest.main()
