@@ -10,7 +10,7 @@ namespace tkvlt {
 inline constexpr unsigned kNoSchema = 0xFFFF;
 
 /// A run-time class record with dynamic identity and without dynamic creation.
-inline CRuntimeClass RuntimeClassRecord(const char* name, std::size_t size,
+constexpr CRuntimeClass RuntimeClassRecord(const char* name, std::size_t size,
                                         CRuntimeClass* (*baseClass)()) {
     return CRuntimeClass{name, static_cast<int>(size), kNoSchema, nullptr, baseClass, nullptr};
 }

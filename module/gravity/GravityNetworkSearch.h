@@ -149,7 +149,6 @@ private:
     int FindEndWell();
     int FindEndBlock();
     int FindEndPipe() const;
-    void ReadSinglePipeTexts(GravitySeg& seg, const AcDbObjectId& pipe) const;
     int FinishOneSided(GravitySeg& seg, int pipe, const ChainOutcome& first,
                        const ChainOutcome& second);
     void FinishTwoSided(GravitySeg& seg, const ChainOutcome& first, const ChainOutcome& second);

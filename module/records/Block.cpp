@@ -28,7 +28,7 @@ AcDbObjectId ReadBlockReference(_Block& block) {
     block.scale = reference->scaleFactors();
     block.position = reference->position();
     const AcDbObjectId definition = reference->blockTableRecord();
-    block.layer = reference->layer();
+    reference->layer(block.layer);
     block.handle = HandleText(reference);
     reference->geomExtentsBestFit(block.extents, AcGeMatrix3d::kIdentity);
     block.rotation = reference->rotation();

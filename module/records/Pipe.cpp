@@ -37,7 +37,7 @@ _Pipe::_Pipe(AcDbObjectId id, CString systemName) : _Entity(id, systemName) {
     auto* curve = static_cast<AcDbCurve*>(object);
     curve->getStartPoint(startPoint);
     curve->getEndPoint(endPoint);
-    layer = curve->layer();
+    curve->layer(layer);
     line.set(startPoint, endPoint);
     ReadPolylineShape(*this, curve);
     curve->close();

@@ -34,10 +34,10 @@ _Text::_Text(AcDbObjectId id) : _Entity(id, CString()) {
     verticalMode = entity->verticalMode();
     const bool leftBaseline = horizontalMode == 0 && verticalMode == 0;
     position = leftBaseline ? entity->position() : entity->alignmentPoint();
-    layer = entity->layer();
+    entity->layer(layer);
     width = UnrotatedWidth(entity);
     widthFactor = entity->widthFactor();
-    text = entity->textString();
+    entity->textString(text);
     rotation = entity->rotation();
     handle = HandleText(entity);
     entity->close();

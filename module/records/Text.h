@@ -9,7 +9,7 @@ public:
     _Text(_Text& other);
     /// Reads the text entity `id`; a failed open leaves the defaults with `valid` 0. The width is
     /// measured on a copy, so the entity in the drawing keeps its rotation.
-    explicit _Text(AcDbObjectId id);
+    _Text(AcDbObjectId id);
     _Text& operator=(const _Text& other);
     ~_Text() override;
 
