@@ -137,6 +137,41 @@ TEST_F(SplitArcTest, ArcWithTwoBranchesClosesOnItself) {
     EXPECT_EQ(count(), 6);
 }
 
+/// The first piece's arc runs over the old end, where the next pipe begins. A pipe in front of the
+/// arc in the pool has had its turn by then; one behind it cuts the piece there.
+TEST_F(SplitArcTest, LaterPipeAtTheFarEndCutsThePieceThatSweepsOverIt) {
+    const AcDbObjectId arc = upperHalf();
+    const AcDbObjectId branch = branchAtTop();
+    const AcDbObjectId on = drawing.main({-10, 0, 0}, {-30, 0, 0});
+    EXPECT_TRUE(holds(prepared(arc)->pipePool, {{branch, {0, 10, 0}, {0, 20, 0}, 1},
+                                                {on, {-10, 0, 0}, {-30, 0, 0}, 1},
+                                                {arc, {0, 10, 0}, {-10, 0, 0}, 0},
+                                                {arc, {10, 0, 0}, {-10, 0, 0}, 0},
+                                                {arc, {-10, 0, 0}, {0, 10, 0}, 0}}));
+}
+
+TEST_F(SplitArcTest, EarlierPipeAtTheFarEndCutsNothing) {
+    const AcDbObjectId on = drawing.main({-10, 0, 0}, {-30, 0, 0});
+    const AcDbObjectId arc = upperHalf();
+    const AcDbObjectId branch = branchAtTop();
+    EXPECT_TRUE(holds(prepared(arc)->pipePool, {{on, {-10, 0, 0}, {-30, 0, 0}, 1},
+                                                {branch, {0, 10, 0}, {0, 20, 0}, 1},
+                                                {arc, {10, 0, 0}, {0, 10, 0}, 0},
+                                                {arc, {0, 10, 0}, {-10, 0, 0}, 0}}));
+}
+
+/// The second piece's arc goes on to the old start.
+TEST_F(SplitArcTest, LaterPipeAtTheStartCutsTheOtherPiece) {
+    const AcDbObjectId arc = upperHalf();
+    const AcDbObjectId branch = branchAtTop();
+    const AcDbObjectId before = drawing.main({30, 0, 0}, {10, 0, 0});
+    EXPECT_TRUE(holds(prepared(arc)->pipePool, {{branch, {0, 10, 0}, {0, 20, 0}, 1},
+                                                {before, {30, 0, 0}, {10, 0, 0}, 1},
+                                                {arc, {10, 0, 0}, {0, 10, 0}, 0},
+                                                {arc, {0, 10, 0}, {10, 0, 0}, 0},
+                                                {arc, {10, 0, 0}, {-10, 0, 0}, 0}}));
+}
+
 /// A meter where the arc is not drawn lies on the piece that sweeps over it.
 TEST_F(SplitArcTest, MeterOnTheUndrawnPartOfTheCircleIsTaken) {
     const AcDbObjectId arc = upperHalf();
