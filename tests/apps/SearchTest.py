@@ -73,7 +73,7 @@ class SearchTest(PipenetTest):
         small = SmallDrawing()
         # Half a circle below the chord, its lowest place (105, -5); a line two below that.
         small.pipe("D1", (100.0, 0.0), (110.0, 0.0), system="燃气", bulge=1.0)
-        small.pipe("D2", (90.0, -7.0), (120.0, -7.0), system="消防")
+        small.pipe("D2", (90.0, -7.0), (120.0, -7.0), system="未知")
         small.tank("C1", (60.0, 0.0), (6.0, 3.0), system="未知")
         small.well("C2", (62.5, 2.0), system="消防")
         path = self.write(small)
