@@ -1,0 +1,110 @@
+// Runs as long and trees as deep as they may get, on a stack of eight megabytes: the depth of a
+// network must cost memory, never stack.
+
+#include "module/pressure/PressureTest.h"
+#include "TKVltSearchModule18.h"
+
+#include <chrono>
+#include <memory>
+#include <pthread.h>
+
+namespace module_tests {
+
+namespace {
+
+constexpr int kCount = 100000;
+constexpr std::size_t kStackBytes = std::size_t{8} << 20;
+constexpr double kQuick = 60.0; ///< seconds, on any machine and in any build
+
+/// One call of the entry, made on a thread of its own.
+struct Request {
+    AcDbObjectId start;
+    AcGePoint3d at;
+    int result = 0;
+    SearchObject* object = nullptr;
+};
+
+void* answer(void* argument) {
+    auto* request = static_cast<Request*>(argument);
+    AcDbObjectId none;
+    request->result = GetSearchInformation(request->object, request->start, none, request->at);
+    return nullptr;
+}
+
+class DeepPressureTest : public PressureTest {
+protected:
+    /// Searches on a thread with a stack of eight megabytes, to which no other thread adds.
+    PressureSearchObject* searchDeep(AcDbObjectId start) {
+        Request request{start, {0, 0, 0}};
+        pthread_attr_t attributes;
+        pthread_t thread{};
+        const auto begin = std::chrono::steady_clock::now();
+        EXPECT_EQ(pthread_attr_init(&attributes), 0);
+        EXPECT_EQ(pthread_attr_setstacksize(&attributes, kStackBytes), 0);
+        EXPECT_EQ(pthread_create(&thread, &attributes, answer, &request), 0);
+        EXPECT_EQ(pthread_join(thread, nullptr), 0);
+        pthread_attr_destroy(&attributes);
+        const std::chrono::duration<double> took = std::chrono::steady_clock::now() - begin;
+        RecordProperty("milliseconds", static_cast<int>(took.count() * 1000.0));
+        EXPECT_LT(took.count(), kQuick);
+        EXPECT_EQ(request.result, 1);
+        found_.reset(request.object);
+        return static_cast<PressureSearchObject*>(request.object);
+    }
+
+private:
+    std::unique_ptr<SearchObject> found_;
+};
+
+} // namespace
+
+TEST_F(DeepPressureTest, StraightRunOfAHundredThousandPipes) {
+    const AcDbObjectId first = drawing.main({0, 0, 0}, {2, 0, 0});
+    AcDbObjectId last;
+    for (int i = 1; i < kCount; ++i) {
+        last = drawing.main({2.0 * i, 0, 0}, {2.0 * i + 2.0, 0, 0});
+    }
+    PressureSearchObject* network = searchDeep(first);
+    ASSERT_NE(network, nullptr);
+    ASSERT_EQ(network->segs.GetSize(), 1);
+    PressureSeg& run = network->segs[0];
+    ASSERT_EQ(run.pipeIds.length(), kCount);
+    EXPECT_EQ(run.orientationFlags.GetSize(), kCount);
+    EXPECT_EQ(run.pipeIds.at(0), first);
+    EXPECT_EQ(run.pipeIds.at(kCount - 1), last);
+    EXPECT_EQ(run.GetLength(), 2.0 * kCount);
+    EXPECT_TRUE(samePoint(run.GetSearchPoint(), {2.0 * kCount, 0, 0}));
+}
+
+/// Up and down by one unit, so that no pipe continues the one before it.
+TEST_F(DeepPressureTest, TreeAHundredThousandPipesDeep) {
+    Ids ids;
+    for (int i = 0; i < kCount; ++i) {
+        ids.push_back(drawing.main({2.0 * i, static_cast<double>(i % 2), 0},
+                                   {2.0 * i + 2.0, static_cast<double>((i + 1) % 2), 0}));
+    }
+    PressureSearchObject* network = searchDeep(ids.front());
+    ASSERT_NE(network, nullptr);
+    ASSERT_EQ(network->segs.GetSize(), kCount);
+    for (int i = 0; i < kCount; ++i) {
+        ASSERT_EQ(network->segs[i].parent, i - 1);
+        ASSERT_EQ(network->segs[i].pipeIds.length(), 1);
+        ASSERT_EQ(network->segs[i].pipeIds.at(0), ids[static_cast<std::size_t>(i)]);
+    }
+}
+
+/// A main with a branch every two units, cut 50,000 times.
+TEST_F(DeepPressureTest, MainWithFiftyThousandBranches) {
+    constexpr int branches = kCount / 2;
+    const AcDbObjectId first = drawing.main({0, 0, 0}, {2.0 * branches + 2.0, 0, 0});
+    for (int i = 1; i <= branches; ++i) {
+        drawing.main({2.0 * i, 0, 0}, {2.0 * i, 2, 0});
+    }
+    PressureSearchObject* network = searchDeep(first);
+    ASSERT_NE(network, nullptr);
+    ASSERT_EQ(network->segs.GetSize(), 2 * branches + 1);
+    EXPECT_EQ(network->segs[0].children.GetSize(), 2);
+    EXPECT_TRUE(samePoint(network->segs[0].GetSearchPoint(), {2, 0, 0}));
+}
+
+} // namespace module_tests

@@ -1,0 +1,121 @@
+// What a segment of the walk takes from its first pipe.
+
+#include "module/pressure/PressureTest.h"
+
+namespace module_tests {
+
+namespace {
+
+const PipeTexts kHigh = {.startElevation = L"9.5", .endElevation = L"6.25"};
+
+class PressureAttributesTest : public PressureTest {
+protected:
+    void expectHeights(int index, double begin, double far) {
+        EXPECT_EQ(seg(index).startElevation, begin) << "segment " << index;
+        EXPECT_EQ(seg(index).endElevation, far) << "segment " << index;
+    }
+};
+
+} // namespace
+
+TEST_F(PressureAttributesTest, TextsAreReadByTheirNumericPrefix) {
+    const AcDbObjectId picked = drawing.main({0, 0, 0}, {10, 0, 0},
+                                             {.diameter = L"300.5mm",
+                                              .flow = L"se",
+                                              .slope = L"0.003x",
+                                              .startElevation = L" 9.5 m",
+                                              .endElevation = L"deep",
+                                              .material = L"球墨铸铁"});
+    ASSERT_EQ(search(picked, {0, 0, 0}), 1);
+    EXPECT_EQ(seg(0).diameter, 300);
+    EXPECT_EQ(utf8(seg(0).flowText), "se");
+    EXPECT_EQ(seg(0).slope, 0.003);
+    expectHeights(0, 9.5, 0.0);
+    EXPECT_EQ(utf8(seg(0).material), "球墨铸铁");
+    EXPECT_EQ(utf8(seg(0).systemName), "给水");
+}
+
+TEST_F(PressureAttributesTest, MissingTextsAreZeroOrEmpty) {
+    const AcDbObjectId picked = drawing.main({0, 0, 0}, {10, 0, 0});
+    ASSERT_EQ(search(picked, {0, 0, 0}), 1);
+    EXPECT_EQ(seg(0).diameter, 0);
+    EXPECT_EQ(seg(0).slope, 0.0);
+    expectHeights(0, 0.0, 0.0);
+    EXPECT_TRUE(seg(0).flowText.IsEmpty());
+    EXPECT_TRUE(seg(0).material.IsEmpty());
+    EXPECT_EQ(utf8(seg(0).systemName), "给水");
+}
+
+TEST_F(PressureAttributesTest, HeightsFollowTheWalkWhateverTheFlow) {
+    for (const wchar_t* flow : {L"SE", L"ES", L""}) {
+        PipeTexts texts = kHigh;
+        texts.flow = flow;
+        const AcDbObjectId picked = drawing.main({0, 0, 0}, {10, 0, 0}, texts);
+        ASSERT_EQ(search(picked, {0, 0, 0}), 1);
+        expectHeights(0, 9.5, 6.25);
+        ASSERT_EQ(search(picked, {10, 0, 0}), 1);
+        expectHeights(0, 6.25, 9.5);
+        drawing.erase(picked);
+    }
+}
+
+TEST_F(PressureAttributesTest, HeightsOfAChildBeginWhereTheWalkCame) {
+    const AcDbObjectId root = drawing.main({0, 0, 0}, {10, 0, 0});
+    drawing.main({10, 0, 0}, {10, 10, 0}, kHigh);
+    drawing.main({10, -10, 0}, {10, 0, 0}, kHigh);
+    ASSERT_EQ(search(root, {0, 0, 0}), 1);
+    ASSERT_EQ(count(), 3);
+    expectHeights(1, 9.5, 6.25);
+    expectHeights(2, 6.25, 9.5);
+}
+
+/// Both pieces have the whole entity's heights, nothing in between. Of the second piece the begin
+/// point (10, 0) lies nearer to the entity's start, (20, 0) nearer to its end.
+TEST_F(PressureAttributesTest, PiecesKeepTheHeightsOfTheWholeEntity) {
+    const AcDbObjectId cut = drawing.main({0, 0, 0}, {30, 0, 0}, kHigh);
+    const AcDbObjectId near = drawing.main({10, 0, 0}, {10, 10, 0});
+    ASSERT_EQ(search(cut, {0, 0, 0}), 1);
+    ASSERT_EQ(count(), 3);
+    expectHeights(0, 9.5, 6.25);
+    EXPECT_TRUE(samePoint(seg(2).startPoint, {10, 0, 0}));
+    expectHeights(2, 9.5, 6.25);
+
+    drawing.erase(near);
+    drawing.main({20, 0, 0}, {20, 10, 0});
+    ASSERT_EQ(search(cut, {0, 0, 0}), 1);
+    ASSERT_EQ(count(), 3);
+    expectHeights(0, 9.5, 6.25);
+    EXPECT_TRUE(samePoint(seg(2).startPoint, {20, 0, 0}));
+    expectHeights(2, 6.25, 9.5);
+}
+
+TEST_F(PressureAttributesTest, BeginPointMidwayCountsAsTheEntitysEnd) {
+    const AcDbObjectId cut = drawing.main({0, 0, 0}, {30, 0, 0}, kHigh);
+    drawing.main({15, 0, 0}, {15, 10, 0});
+    ASSERT_EQ(search(cut, {0, 0, 0}), 1);
+    ASSERT_EQ(count(), 3);
+    expectHeights(0, 9.5, 6.25);
+    expectHeights(2, 6.25, 9.5);
+}
+
+TEST_F(PressureAttributesTest, PipeThatCannotBeOpenedHasNoValuesAndTheSystem) {
+    PipeTexts texts = kHigh;
+    texts.diameter = L"200";
+    texts.material = L"PE";
+    const AcDbObjectId picked = drawing.main({0, 0, 0}, {10, 0, 0}, texts);
+    drawing.main({10, 0, 0}, {10, 10, 0}, texts);
+    const auto search = prepared(picked);
+    AcDbObject* writer = nullptr;
+    ASSERT_EQ(acdbOpenAcDbObject(writer, picked, AcDb::kForWrite), Acad::eOk);
+    EXPECT_EQ(search->BuildSegments(), 1);
+    writer->close();
+    ASSERT_EQ(count(), 2);
+    EXPECT_EQ(seg(0).diameter, 0);
+    expectHeights(0, 0.0, 0.0);
+    EXPECT_TRUE(seg(0).material.IsEmpty());
+    EXPECT_EQ(utf8(seg(0).systemName), "给水");
+    EXPECT_EQ(seg(1).diameter, 200) << "the walk went on";
+    expectHeights(1, 9.5, 6.25);
+}
+
+} // namespace module_tests

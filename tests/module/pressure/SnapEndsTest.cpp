@@ -1,0 +1,201 @@
+// Pipe ends move to the centres of the wells that they lie at, in any length mode but 0.
+
+#include "module/pressure/PressureTest.h"
+
+namespace module_tests {
+
+namespace {
+
+class SnapEndsTest : public PressureTest {
+protected:
+    SnapEndsTest() { drawing.setLengthMode(1); }
+
+    /// The only pipe of the drawing afterwards.
+    void expectEnds(AcDbObjectId pipe, const AcGePoint3d& start, const AcGePoint3d& end) {
+        const auto search = prepared(pipe);
+        EXPECT_TRUE(holds(search->pipePool, {{pipe, start, end, 1}}));
+        const _Pipe& moved = *present(search->pipePool).at(0);
+        EXPECT_TRUE(samePoint(moved.line.startPoint(), start));
+        EXPECT_TRUE(samePoint(moved.line.endPoint(), end));
+    }
+};
+
+} // namespace
+
+TEST_F(SnapEndsTest, EndAtAWellMovesToItsCentreExactly) {
+    const AcDbObjectId pipe = drawing.main({0, 0, 0}, {9.5, 0.125, 0});
+    drawing.well({10, 0, 0});
+    for (const int mode : {1, 2, -1}) {
+        drawing.setLengthMode(mode);
+        const auto search = prepared(pipe);
+        EXPECT_TRUE(samePoint(present(search->pipePool).at(0)->endPoint, {10, 0, 0}, 0)) << mode;
+        EXPECT_TRUE(samePoint(present(search->pipePool).at(0)->startPoint, {0, 0, 0}, 0)) << mode;
+    }
+}
+
+TEST_F(SnapEndsTest, InLengthModeZeroNothingMoves) {
+    drawing.setLengthMode(0);
+    const AcDbObjectId pipe = drawing.main({0, 0, 0}, {9.5, 0.125, 0});
+    drawing.well({10, 0, 0});
+    expectEnds(pipe, {0, 0, 0}, {9.5, 0.125, 0});
+}
+
+TEST_F(SnapEndsTest, StartMovesToo) {
+    const AcDbObjectId pipe = drawing.main({0.5, 0, 0}, {10, 0, 0});
+    drawing.well({0, 0.125, 0});
+    expectEnds(pipe, {0, 0.125, 0}, {10, 0, 0});
+}
+
+/// A well of diameter 2 reaches 1 * 1.1.
+TEST_F(SnapEndsTest, ReachIsElevenTenthsOfTheRadiusExcluded) {
+    const AcDbObjectId pipe = drawing.main({1.0 * 1.1, 0, 0}, {10, 0, 0});
+    drawing.well({0, 0, 0}, L"2");
+    drawing.well({10 + 1.0999, 0, 0}, L"2");
+    expectEnds(pipe, {1.1, 0, 0}, {11.0999, 0, 0});
+}
+
+TEST_F(SnapEndsTest, WellOfAnotherSystemMovesNothing) {
+    const AcDbObjectId pipe = drawing.main({0, 0, 0}, {9.5, 0, 0});
+    drawing.addWell({10, 0, 0}, {.system = kSewer});
+    expectEnds(pipe, {0, 0, 0}, {9.5, 0, 0});
+}
+
+TEST_F(SnapEndsTest, WellWithoutADiameterMovesNothing) {
+    const AcDbObjectId pipe = drawing.main({0, 0, 0}, {10, 0, 0});
+    drawing.well({10, 1e-9, 0}, nullptr);
+    const auto search = prepared(pipe);
+    EXPECT_TRUE(samePoint(present(search->pipePool).at(0)->endPoint, {10, 0, 0}, 0));
+}
+
+TEST_F(SnapEndsTest, WellInMidSpanMovesNothing) {
+    const AcDbObjectId pipe = drawing.main({0, 0, 0}, {10, 0, 0});
+    drawing.well({5, 0.1, 0});
+    expectEnds(pipe, {0, 0, 0}, {10, 0, 0});
+}
+
+/// The corner of the square well reaches 0.707, its radius times 1.1 only 0.55.
+TEST_F(SnapEndsTest, SquareWellCountsByItsRadius) {
+    const AcDbObjectId pipe = drawing.main({0, 0, 0}, {9.6, 0.4, 0});
+    drawing.addWell({10, 0, 0}, {.system = kSupply, .square = true});
+    expectEnds(pipe, {0, 0, 0}, {9.6, 0.4, 0});
+}
+
+TEST_F(SnapEndsTest, BothEndsMoveToWellsOfTheirOwnInOnePass) {
+    const AcDbObjectId pipe = drawing.main({0.4, 0, 0}, {9.6, 0, 0});
+    drawing.well({10, 0, 0});
+    drawing.well({0, 0, 0});
+    expectEnds(pipe, {0, 0, 0}, {10, 0, 0});
+}
+
+TEST_F(SnapEndsTest, PipeWithBothEndsAtOneWellStays) {
+    const AcDbObjectId pipe = drawing.main({9, 0, 0}, {11, 0, 0});
+    drawing.well({10, 0, 0}, L"2");
+    expectEnds(pipe, {9, 0, 0}, {11, 0, 0});
+}
+
+/// No well behind that one is looked at any more: the last would move the start.
+TEST_F(SnapEndsTest, AfterAWellAtBothEndsNoOtherWellCounts) {
+    const AcDbObjectId pipe = drawing.main({0, 0, 0}, {3, 0, 0});
+    drawing.well({3.5, 0, 0});     // moves the end
+    drawing.well({2, 0, 0}, L"4"); // reaches 2.2: both ends
+    drawing.well({-0.25, 0, 0});   // would move the start
+    expectEnds(pipe, {0, 0, 0}, {3.5, 0, 0});
+}
+
+/// With the end where it was drawn, at 2, the second well would be at the start alone.
+TEST_F(SnapEndsTest, LaterWellsAreHeldAgainstTheMovedEnd) {
+    const AcDbObjectId pipe = drawing.main({0, 0, 0}, {2, 0, 0});
+    drawing.well({1.2, 0, 0}, L"1.5"); // reaches 0.825: the end
+    drawing.well({0.5, 0, 0}, L"1.3"); // reaches 0.715: the start, and the moved end
+    expectEnds(pipe, {0, 0, 0}, {1.2, 0, 0});
+}
+
+/// The moved end comes into reach of a well that the drawn one is far from; it moves once only, so
+/// that well does nothing, and the start's well behind it still counts.
+TEST_F(SnapEndsTest, EndMovesOnceOnly) {
+    const AcDbObjectId pipe = drawing.main({0, 0, 0}, {10, 0, 0});
+    drawing.well({10.5, 0, 0});
+    drawing.well({11, 0, 0});
+    drawing.well({-0.25, 0, 0});
+    expectEnds(pipe, {-0.25, 0, 0}, {10.5, 0, 0});
+}
+
+TEST_F(SnapEndsTest, FirstWellInThePoolCountsNotTheNearest) {
+    const AcDbObjectId pipe = drawing.main({0, 0, 0}, {10, 0, 0});
+    drawing.well({10.5, 0, 0});
+    drawing.well({10.1, 0, 0});
+    expectEnds(pipe, {0, 0, 0}, {10.5, 0, 0});
+}
+
+namespace {
+
+/// The upper half of the circle about (0, 0) with radius 10; (9.6, -2.8) and (-9.6, -2.8) lie on it
+/// asin(0.28) below its ends.
+constexpr double kBelow = 0.28379410920832787;
+
+} // namespace
+
+TEST_F(SnapEndsTest, ArcIsLengthenedToAWellBeyondItsEnd) {
+    const AcDbObjectId pipe = drawing.arc({10, 0, 0}, {-10, 0, 0}, 1.0);
+    drawing.well({-9.6, -2.8, 0}, L"6"); // 2.83 away, 3.3 allowed
+    const auto search = prepared(pipe);
+    EXPECT_TRUE(holds(search->pipePool, {{pipe, {10, 0, 0}, {-9.6, -2.8, 0}, 1}}));
+    const _Pipe& moved = *present(search->pipePool).at(0);
+    EXPECT_TRUE(samePoint(moved.arc.center(), {0, 0, 0}));
+    EXPECT_TRUE(samePoint(moved.arc.startPoint(), {10, 0, 0}));
+    EXPECT_TRUE(samePoint(moved.arc.endPoint(), {-9.6, -2.8, 0}));
+    EXPECT_NEAR(moved.arc.length(), 10.0 * (kPi + kBelow), 1e-9);
+    EXPECT_TRUE(samePoint(moved.line.endPoint(), {-10, 0, 0})) << "the chord stays";
+}
+
+TEST_F(SnapEndsTest, ArcIsLengthenedToAWellBeforeItsStart) {
+    const AcDbObjectId pipe = drawing.arc({10, 0, 0}, {-10, 0, 0}, 1.0);
+    drawing.well({9.6, -2.8, 0}, L"6");
+    const auto search = prepared(pipe);
+    EXPECT_TRUE(holds(search->pipePool, {{pipe, {9.6, -2.8, 0}, {-10, 0, 0}, 1}}));
+    const _Pipe& moved = *present(search->pipePool).at(0);
+    EXPECT_TRUE(samePoint(moved.arc.startPoint(), {9.6, -2.8, 0}));
+    EXPECT_TRUE(samePoint(moved.arc.endPoint(), {-10, 0, 0}));
+    EXPECT_NEAR(moved.arc.length(), 10.0 * (kPi + kBelow), 1e-9);
+}
+
+TEST_F(SnapEndsTest, ArcMovesAtBothEnds) {
+    const AcDbObjectId pipe = drawing.arc({10, 0, 0}, {-10, 0, 0}, 1.0);
+    drawing.well({9.6, -2.8, 0}, L"6");
+    drawing.well({-9.6, -2.8, 0}, L"6");
+    const auto search = prepared(pipe);
+    EXPECT_TRUE(holds(search->pipePool, {{pipe, {9.6, -2.8, 0}, {-9.6, -2.8, 0}, 1}}));
+    EXPECT_NEAR(present(search->pipePool).at(0)->arc.length(), 10.0 * (kPi + 2.0 * kBelow), 1e-9);
+}
+
+/// The branch cuts the pipe at (10, 0), and a well there takes all three ends.
+TEST_F(SnapEndsTest, PiecesMoveAsWholePipesDoAndStayPieces) {
+    const AcDbObjectId main = drawing.main({0, 0, 0}, {20, 0, 0});
+    const AcDbObjectId branch = drawing.main({10, 0, 0}, {10, 10, 0});
+    drawing.well({10.25, 0.125, 0});
+    const auto search = prepared(main);
+    EXPECT_TRUE(holds(search->pipePool, {{branch, {10.25, 0.125, 0}, {10, 10, 0}, 1},
+                                         {main, {0, 0, 0}, {10.25, 0.125, 0}, 0},
+                                         {main, {10.25, 0.125, 0}, {20, 0, 0}, 0}}));
+    EXPECT_TRUE(samePoint(present(search->pipePool)[1]->line.endPoint(), {10.25, 0.125, 0}));
+}
+
+/// Pipes that end 2 and 2.15 from the centre of a well of diameter 4: at the centre they join;
+/// where they were drawn, 4.03 apart with the well between them, they do not.
+TEST_F(SnapEndsTest, PipesJoinAtTheCentreThatDoNotJoinAcrossTheWell) {
+    const AcDbObjectId root = drawing.main({0, 0, 0}, {8, 0, 0});
+    drawing.main({11.9, 1, 0}, {20, 1, 0});
+    drawing.well({10, 0, 0}, L"4");
+    for (const int mode : {1, 2}) {
+        drawing.setLengthMode(mode);
+        ASSERT_EQ(search(root, {0, 0, 0}), 1);
+        ASSERT_EQ(count(), 2) << mode;
+        EXPECT_TRUE(samePoint(seg(1).GetBeginPoint(), {10, 0, 0}));
+    }
+    drawing.setLengthMode(0);
+    ASSERT_EQ(search(root, {0, 0, 0}), 1);
+    EXPECT_EQ(count(), 1);
+    EXPECT_TRUE(samePoint(seg(0).GetSearchPoint(), {8, 0, 0}));
+}
+
+} // namespace module_tests
