@@ -46,8 +46,6 @@ inline constexpr Message kBadSettingsLine{
     207, "{}:{}: the line is neither blank, nor a comment, nor 'key = value'"};
 
 inline constexpr Message kUnwritable{301, "{}: cannot be written: {}"};
-inline constexpr Message kNoPressurePicture{
-    303, "{}: not written: pictures show gravity networks only, leave out --svg"};
 inline constexpr Message kOutput{302, "standard output: cannot be written"};
 
 inline constexpr Message kNothingToPick{

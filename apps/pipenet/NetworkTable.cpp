@@ -38,10 +38,6 @@ std::vector<bool> onPath(const GravitySearchObject& network) {
     return marks;
 }
 
-std::string counted(INT_PTR number, const char* one, const char* many) {
-    return fmt::format("{} {}", number, number == 1 ? one : many);
-}
-
 std::string pathLine(const GravitySearchObject& network) {
     if (network.pathWells.IsEmpty()) {
         return "";

@@ -72,7 +72,9 @@ std::vector<std::string> runCells(PressureSeg& seg, const RunLine& line) {
             joined(seg.pipeIds)};
 }
 
-std::string summary(PressureSearchObject& network) {
+} // namespace
+
+std::string pressureCounts(PressureSearchObject& network) {
     double length = 0.0;
     int valves = 0;
     int meters = 0;
@@ -81,12 +83,10 @@ std::string summary(PressureSearchObject& network) {
         valves += network.segs[i].valveIds.length();
         meters += network.segs[i].meterIds.length();
     }
-    return fmt::format("Pressure network {}: {} runs, {} valves, {} meters, {:.2f} m of pipe\n",
-                       utf8(network.segs[network.rootSeg].systemName), network.segs.GetSize(),
-                       valves, meters, metres(length));
+    return fmt::format(
+        "{}, {}, {}, {:.2f} m of pipe", counted(network.segs.GetSize(), "run", "runs"),
+        counted(valves, "valve", "valves"), counted(meters, "meter", "meters"), metres(length));
 }
-
-} // namespace
 
 std::string pressureTable(PressureSearchObject& network) {
     TextTable table({{"Run"},
@@ -104,7 +104,9 @@ std::string pressureTable(PressureSearchObject& network) {
     for (const RunLine& line : runLines(network)) {
         table.add(runCells(network.segs[line.seg], line));
     }
-    return summary(network) + '\n' + table.text();
+    return fmt::format("Pressure network {}: {}\n\n{}",
+                       utf8(network.segs[network.rootSeg].systemName), pressureCounts(network),
+                       table.text());
 }
 
 std::string pressureSegmentTable(PressureSeg& seg) {

@@ -10,6 +10,9 @@ namespace pipenet {
 /// children behind their parent. Not const: the segments' own operations are not.
 std::string pressureTable(PressureSearchObject& network);
 
+/// Counts and length of a network in a few words.
+std::string pressureCounts(PressureSearchObject& network);
+
 /// One run of pipe, field by field.
 std::string pressureSegmentTable(PressureSeg& seg);
 

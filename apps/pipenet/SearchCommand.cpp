@@ -1,6 +1,5 @@
 #include "SearchCommand.h"
 
-#include "Failure.h"
 #include "NetworkJson.h"
 #include "NetworkSearch.h"
 #include "NetworkTable.h"
@@ -25,6 +24,15 @@ std::string outcomeTable(const SearchOutcome& outcome) {
     return fmt::format("No network (result {})\n", outcome.result);
 }
 
+void drawOutcome(const Drawing& drawing, const SearchOutcome& outcome, const std::string& path) {
+    const Progress progress("drawing " + path);
+    if (const GravitySearchObject* network = gravityNetwork(outcome)) {
+        drawScene(makeScene(drawing, *network), drawing.name(), path);
+    } else if (PressureSearchObject* pressure = pressureNetwork(outcome)) {
+        drawScene(makeScene(drawing, *pressure), drawing.name(), path);
+    }
+}
+
 } // namespace
 
 Answer runSearch(const Drawing& drawing, const Options& options) {
@@ -42,13 +50,8 @@ Answer runSearch(const Drawing& drawing, const Options& options) {
     }
     answer.isJson = options.format == Format::json;
     answer.text = answer.isJson ? networkJson(outcome) : outcomeTable(outcome);
-    if (pressureNetwork(outcome) != nullptr && !options.svg.empty()) {
-        throw Failure(messages::kNoPressurePicture, options.svg);
-    }
-    const GravitySearchObject* network = gravityNetwork(outcome);
-    if (network != nullptr && !options.svg.empty()) {
-        const Progress progress("drawing " + options.svg);
-        drawNetwork(drawing, *network, options.svg);
+    if (!options.svg.empty()) {
+        drawOutcome(drawing, outcome, options.svg);
     }
     return answer;
 }

@@ -3,6 +3,7 @@
 #include "TextWidth.h"
 
 #include <algorithm>
+#include <fmt/format.h>
 
 namespace pipenet {
 
@@ -21,6 +22,10 @@ void endLine(std::string& text, std::string line) {
 }
 
 } // namespace
+
+std::string counted(std::ptrdiff_t number, const char* one, const char* many) {
+    return fmt::format("{} {}", number, number == 1 ? one : many);
+}
 
 void TextTable::add(std::vector<std::string> cells) {
     for (std::string& cell : cells) {

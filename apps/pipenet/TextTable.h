@@ -1,9 +1,13 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
 namespace pipenet {
+
+/// "1 well", "2 wells".
+std::string counted(std::ptrdiff_t number, const char* one, const char* many);
 
 /// A table for a terminal: columns as wide as their widest cell, wide characters counted as two.
 class TextTable {

@@ -1,5 +1,6 @@
 #include "svg/Furniture.h"
 
+#include "svg/Fittings.h"
 #include "svg/Marks.h"
 #include "svg/Style.h"
 #include "svg/SvgElements.h"
@@ -62,8 +63,35 @@ std::string rootSymbol(const PagePoint& middle) {
                     true);
 }
 
-/// Only what the picture shows is explained.
-std::vector<LegendItem> legendItems(const Scene& scene) {
+LegendItem fittingItem(std::string text, NodeShape shape) {
+    return {std::move(text),
+            [=](const PagePoint& middle) { return fittingMark(middle, shape, 0.0, 1.0); }};
+}
+
+/// Symbols of a pressure network, and what its colours mean.
+std::vector<LegendItem> pressureItems(const Scene& scene) {
+    const auto has = [&scene](NodeShape shape) {
+        return std::any_of(scene.nodes.begin(), scene.nodes.end(),
+                           [shape](const SceneNode& node) { return node.shape == shape; });
+    };
+    std::vector<LegendItem> items;
+    for (const auto& [text, shape] :
+         {std::pair{"picked end", NodeShape::pickedEnd}, std::pair{"junction", NodeShape::junction},
+          std::pair{"valve", NodeShape::valve}, std::pair{"meter", NodeShape::meter}}) {
+        if (has(shape)) {
+            items.push_back(fittingItem(text, shape));
+        }
+    }
+    for (const SceneSize& size : scene.sizes) {
+        items.push_back({size.text, [colour = size.colour](const PagePoint& middle) {
+                             return lineSymbol(middle, colour, 3.0);
+                         }});
+    }
+    return items;
+}
+
+/// Symbols of a gravity network.
+std::vector<LegendItem> gravityItems(const Scene& scene) {
     const auto has = [&scene](auto&& test) {
         return std::any_of(scene.nodes.begin(), scene.nodes.end(), test);
     };
@@ -85,6 +113,12 @@ std::vector<LegendItem> legendItems(const Scene& scene) {
     if (has([](const SceneNode& node) { return node.onPath; })) {
         items.push_back(runItem("path to the end", style::kPath, 4.4, 15.0));
     }
+    return items;
+}
+
+/// Only what the picture shows is explained.
+std::vector<LegendItem> legendItems(const Scene& scene) {
+    std::vector<LegendItem> items = scene.showsFlow ? gravityItems(scene) : pressureItems(scene);
     items.push_back({"other pipes", [](const PagePoint& middle) {
                          return lineSymbol(middle, style::kContext, 1.6);
                      }});
@@ -171,7 +205,8 @@ std::string titleMarks(const Scene& scene, const std::string& drawing, const Vie
     counts.size = 13.0;
     counts.colour = style::kFaint;
     const double width = viewport.area().width() / viewport.furniture();
-    return placed(svgText({0.0, 36.0}, "Gravity network " + scene.system, title) +
+    const std::string kind = scene.kind == "gravity" ? "Gravity" : "Pressure";
+    return placed(svgText({0.0, 36.0}, kind + " network " + scene.system, title) +
                       svgText({0.0, 58.0}, drawing + " · " + scene.summary, counts) +
                       rule(viewport.area().top / viewport.furniture(), width),
                   0.0, viewport);

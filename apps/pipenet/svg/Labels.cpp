@@ -94,7 +94,8 @@ TextLook nodeLook(const SceneNode& node) {
 std::string nodeText(const SceneNode& node) {
     std::string text = node.name;
     text += node.root ? " root" : "";
-    return text + (node.pathEnd ? " end" : "");
+    text += node.pathEnd ? " end" : "";
+    return node.shape == NodeShape::pickedEnd ? "picked end" : text;
 }
 
 /// Places around the node's box: right and above first, as in a drawing by hand.
@@ -155,7 +156,7 @@ std::vector<Candidate> besideRun(const SceneRun& run, const std::string& text,
 }
 
 int rankOf(const SceneNode& node) {
-    if (node.root || node.pathEnd) {
+    if (node.root || node.pathEnd || node.shape == NodeShape::pickedEnd) {
         return 0;
     }
     return node.onPath ? 1 : node.shape == NodeShape::box ? 2 : 3;
@@ -164,7 +165,7 @@ int rankOf(const SceneNode& node) {
 void putNodes(Writer& writer, const Scene& scene, const Viewport& viewport) {
     for (int rank = 0; rank <= 3; ++rank) {
         for (const SceneNode& node : scene.nodes) {
-            if (rankOf(node) == rank) {
+            if (rankOf(node) == rank && !nodeText(node).empty()) {
                 writer.put(nodeText(node), aroundNode(node, viewport));
             }
         }

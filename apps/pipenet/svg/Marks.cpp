@@ -1,5 +1,6 @@
 #include "svg/Marks.h"
 
+#include "svg/Fittings.h"
 #include "svg/Style.h"
 #include "svg/SvgElements.h"
 
@@ -111,8 +112,7 @@ std::string runMark(const SceneRun& run, const Viewport& viewport) {
     for (const PlanCurve& curve : run.curves) {
         data += pathData(curve, viewport);
     }
-    return fmt::format("<path d=\"{}\" stroke=\"{}\" stroke-width=\"{}\"/>\n", data,
-                       run.onPath ? style::kPath : style::kNetwork,
+    return fmt::format("<path d=\"{}\" stroke=\"{}\" stroke-width=\"{}\"/>\n", data, run.colour,
                        svgNumber(runWidth(run, viewport)));
 }
 
@@ -134,6 +134,9 @@ std::string ring(const PagePoint& place, double radius, const char* colour, doub
 
 std::string nodeMark(const SceneNode& node, const Viewport& viewport) {
     const PagePoint place = viewport.toPage(node.place);
+    if (isFitting(node.shape)) {
+        return fittingMark(place, node.shape, node.rotation, viewport.furniture());
+    }
     const double radius = shownRadius(node, viewport);
     const char* colour = node.onPath ? style::kPath : style::kNetwork;
     std::string out;
@@ -194,11 +197,12 @@ std::string runMarks(const Scene& scene, const Viewport& viewport) {
 
 std::string flowMarks(const Scene& scene, const Viewport& viewport) {
     std::string out;
+    if (!scene.showsFlow) {
+        return out;
+    }
     for (const SceneRun& run : scene.runs) {
         if (const std::optional<Middle> middle = arrowPlace(run, viewport)) {
-            out +=
-                arrowMark(middle->place, middle->angle, run.onPath ? style::kPath : style::kNetwork,
-                          arrowLength(run, viewport));
+            out += arrowMark(middle->place, middle->angle, run.colour, arrowLength(run, viewport));
         }
     }
     return out;

@@ -18,12 +18,12 @@ namespace {
 std::string opening(const Scene& scene, const std::string& drawing, double width, double height) {
     return fmt::format("<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"{0}\" height=\"{1}\" "
                        "viewBox=\"0 0 {0} {1}\" font-family=\"{2}\">\n"
-                       "<title>{3}: gravity network {4}</title>\n<desc>{5}</desc>\n"
+                       "<title>{3}: {6} network {4}</title>\n<desc>{5}</desc>\n"
                        "<style>.halo{{paint-order:stroke;stroke:#fff;stroke-width:3px;"
                        "stroke-linejoin:round}}</style>\n"
                        "<rect width=\"100%\" height=\"100%\" fill=\"#fff\"/>\n",
                        svgNumber(width), svgNumber(height), style::kFonts, svgEscaped(drawing),
-                       svgEscaped(scene.system), svgEscaped(scene.summary));
+                       svgEscaped(scene.system), svgEscaped(scene.summary), scene.kind);
 }
 
 /// Pipes of other networks run out of the picture and are cut at its edge.
@@ -37,22 +37,19 @@ std::string clippedContext(const Scene& scene, const Viewport& viewport) {
 
 } // namespace
 
-std::string networkPicture(const Drawing& drawing, const GravitySearchObject& network) {
-    const Scene scene = makeScene(drawing, network);
+std::string networkPicture(const Scene& scene, const std::string& drawing) {
     const Viewport viewport(scene);
     const Labels labels = placeLabels(scene, viewport);
     const Foot foot = footMarks(scene, labels.dropped, viewport);
     const double width = viewport.area().right + style::kMargin;
-    return opening(scene, drawing.name(), width, foot.bottom) + clippedContext(scene, viewport) +
+    return opening(scene, drawing, width, foot.bottom) + clippedContext(scene, viewport) +
            runMarks(scene, viewport) + flowMarks(scene, viewport) + nodeMarks(scene, viewport) +
-           labels.elements + titleMarks(scene, drawing.name(), viewport) + foot.elements +
-           "</svg>\n";
+           labels.elements + titleMarks(scene, drawing, viewport) + foot.elements + "</svg>\n";
 }
 
-void drawNetwork(const Drawing& drawing, const GravitySearchObject& network,
-                 const std::string& path) {
+void drawScene(const Scene& scene, const std::string& drawing, const std::string& path) {
     errno = 0;
-    if (!siblings::replaceWholeFile(path, networkPicture(drawing, network))) {
+    if (!siblings::replaceWholeFile(path, networkPicture(scene, drawing))) {
         const int cause = errno;
         throw Failure(messages::kUnwritable, path,
                       cause == 0 ? "the folder or the file refuses it" : std::strerror(cause));

@@ -8,10 +8,6 @@ namespace pipenet {
 
 namespace {
 
-PlanPoint inPlan(const AcGePoint3d& point) {
-    return {point.x, point.y};
-}
-
 SceneNode sceneNode(const Well& well) {
     SceneNode node;
     node.place = inPlan(well.nodePoint);
@@ -52,7 +48,9 @@ void markPath(Scene& scene, const GravitySearchObject& network) {
         scene.nodes[static_cast<std::size_t>(network.pathWells[i])].onPath = true;
     }
     for (INT_PTR i = 0; i < network.pathSegs.GetSize(); ++i) {
-        scene.runs[static_cast<std::size_t>(network.pathSegs[i])].onPath = true;
+        SceneRun& run = scene.runs[static_cast<std::size_t>(network.pathSegs[i])];
+        run.onPath = true;
+        run.colour = style::kPath;
     }
     if (!network.pathWells.IsEmpty()) {
         scene.nodes[static_cast<std::size_t>(network.pathWells[0])].pathEnd = true;
@@ -64,6 +62,8 @@ void markPath(Scene& scene, const GravitySearchObject& network) {
 
 Scene makeScene(const Drawing& drawing, const GravitySearchObject& network) {
     Scene scene;
+    scene.kind = "gravity";
+    scene.showsFlow = true;
     scene.summary = networkSummary(network);
     for (INT_PTR i = 0; i < network.wells.GetSize(); ++i) {
         scene.nodes.push_back(sceneNode(network.wells[i]));
@@ -73,12 +73,18 @@ Scene makeScene(const Drawing& drawing, const GravitySearchObject& network) {
         scene.system = utf8(network.segs[i].systemName);
     }
     markPath(scene, network);
+    scene.context = drawnPipes(drawing);
+    return scene;
+}
+
+std::vector<PlanCurve> drawnPipes(const Drawing& drawing) {
+    std::vector<PlanCurve> pipes;
     for (const NetworkEntity& entity : drawing.networkEntities()) {
         if (entity.kind == EntityKind::pipe) {
-            scene.context.push_back(planCurve(entity.id));
+            pipes.push_back(planCurve(entity.id));
         }
     }
-    return scene;
+    return pipes;
 }
 
 } // namespace pipenet

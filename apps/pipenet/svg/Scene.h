@@ -2,6 +2,7 @@
 
 #include "Drawing.h"
 #include "PlanCurve.h"
+#include "svg/Style.h"
 #include "TKVltSearchModule18.h"
 
 #include <string>
@@ -17,14 +18,14 @@ struct PlanBox {
     double top = 0.0;
 };
 
-enum class NodeShape { round, square, box };
+enum class NodeShape { round, square, box, junction, valve, meter, pickedEnd };
 
-/// A well or tank of the network as it is drawn.
+/// A well, tank, fitting or joint of the network as it is drawn.
 struct SceneNode {
     PlanPoint place;
     NodeShape shape = NodeShape::round;
     double radius = 0.0;   ///< drawing units
-    double rotation = 0.0; ///< radians, of a square
+    double rotation = 0.0; ///< radians, of a square well and of a valve
     PlanBox box;           ///< of a tank
     std::string name;
     bool merged = false;
@@ -41,20 +42,40 @@ struct SceneRun {
     bool flowReversed = false;
     bool onPath = false;
     int diameter = 0; ///< millimetres
+    const char* colour = style::kNetwork;
     PlanPoint label;
     PlanPoint labelDirection;
 };
 
+/// The pipes of one colour.
+struct SceneSize {
+    std::string text;
+    const char* colour;
+};
+
 /// What the picture of a network shows, in drawing units.
 struct Scene {
+    std::string kind; ///< "gravity" or "pressure"
     std::string system;
     std::string summary; ///< counts and length in words
     std::vector<SceneNode> nodes;
     std::vector<SceneRun> runs;
     std::vector<PlanCurve> context; ///< all pipes of the drawing
+    std::vector<SceneSize> sizes;   ///< what the colours of the runs mean; empty for one colour
+    bool showsFlow = false;         ///< arrows in the direction of the water
 };
 
 /// Reads the geometry that belongs to a network. Cost: one look at each pipe of the drawing.
 Scene makeScene(const Drawing& drawing, const GravitySearchObject& network);
+
+/// The same for a pressure network, its runs coloured by diameter.
+Scene makeScene(const Drawing& drawing, PressureSearchObject& network);
+
+/// All pipes of the drawing.
+std::vector<PlanCurve> drawnPipes(const Drawing& drawing);
+
+inline PlanPoint inPlan(const AcGePoint3d& point) {
+    return {point.x, point.y};
+}
 
 } // namespace pipenet
