@@ -33,6 +33,11 @@ AcGeTol ColinearTolerance() {
     return tolerance;
 }
 
+/// Curves meet within the host's own tolerance, and overlap within the default one.
+double LargestPointTolerance() {
+    return std::max(AcGeContext::gTol.equalPoint(), ColinearTolerance().equalPoint());
+}
+
 /// A crossing this near to a pipe's end does not lead towards that end: one metre in the drawing.
 double CrossingMargin() {
     return 1000.0 / GetVZDrawScale();
@@ -198,7 +203,7 @@ void GravityNetworkSearch::BeginNextStage(ChainFrame& level) const {
     case ChainStage::kEndToEnd:
         level.stage = ChainStage::kIntoSide;
         level.candidates = candidates_->PipesReachingInto(
-            PipeBox(pipePool[level.pipe]).Widened(2.0 * AcGeContext::gTol.equalPoint()));
+            PipeBox(pipePool[level.pipe]).Widened(2.0 * LargestPointTolerance()));
         break;
     default:
         level.stage = ChainStage::kExhausted;

@@ -1,6 +1,9 @@
 // Makes the piece of the picked pipe that lies nearest the pick the root segment and starts the
 // walk.
 
+#include <algorithm>
+#include <cmath>
+
 #include "pressure/PressureNetworkSearch.h"
 #include "records/RoundingNoise.h"
 #include "records/XdataKeys.h"
@@ -13,10 +16,16 @@ double DistanceToCurve(const _Pipe& pipe, const AcGePoint3d& point) {
     return pipe.isArc != 0 ? pipe.arc.distanceTo(point) : pipe.line.distanceTo(point);
 }
 
-double NoiseOfDistance(const _Pipe& pipe, const AcGePoint3d& point) {
-    return pipe.isArc != 0
-               ? RoundingNoise({point, pipe.startPoint, pipe.endPoint, pipe.arc.center()})
-               : RoundingNoise({point, pipe.startPoint, pipe.endPoint});
+/// Below this difference two pieces of one entity lie equally far from the point. The circles of
+/// two pieces of one arc, each laid through three points, may differ by more than their coordinates
+/// do.
+double NoiseOfDistances(const _Pipe& a, const _Pipe& b, const AcGePoint3d& point) {
+    const double noise = RoundingNoise({point, a.startPoint, a.endPoint, b.startPoint, b.endPoint});
+    if (a.isArc == 0 || b.isArc == 0) {
+        return noise;
+    }
+    return std::max(noise, RoundingNoise({a.arc.center(), b.arc.center()})) +
+           a.arc.center().distanceTo(b.arc.center()) + std::abs(a.arc.radius() - b.arc.radius());
 }
 
 } // namespace
@@ -49,7 +58,9 @@ int PressureNetworkSearch::FindRootPiece() const {
             continue;
         }
         const double distance = DistanceToCurve(pipePool[i], pickedPoint);
-        if (distance < best - NoiseOfDistance(pipePool[i], pickedPoint)) {
+        const double noise =
+            index < 0 ? 0.0 : NoiseOfDistances(pipePool[i], pipePool[index], pickedPoint);
+        if (distance < best - noise) {
             best = distance;
             index = i;
         }

@@ -34,6 +34,7 @@ public:
         return AllPresent(search_.pipePool);
     }
     void PieceAdded(int /*pipe*/) override {}
+    void PipeCut(int /*pipe*/) override {}
     void PipesPrepared() override {}
     std::vector<int> PipesWithEndIn(const PlanBox& /*box*/) const override {
         return AllPresent(search_.pipePool);
@@ -58,7 +59,7 @@ class IndexedPressureCandidates final : public PressureCandidates {
 public:
     explicit IndexedPressureCandidates(const PressureNetworkSearch& search)
         : search_(search), largestRadius_(LargestRadius(search.wellPool)),
-          slack_(RoundingSlack(search.pipePool)) {
+          slack_(RoundingSlack(search.pipePool)), drawnPipes_(search.pipePool.Size()) {
         std::vector<PlanBox> curves;
         for (int i = 0; i < search_.pipePool.Size(); ++i) {
             curves.push_back(PipeBox(search_.pipePool[i]));
@@ -79,6 +80,12 @@ public:
     }
 
     void PieceAdded(int pipe) override { pieces_.Add(pipe, PipeBox(search_.pipePool[pipe])); }
+
+    void PipeCut(int pipe) override {
+        if (pipe >= drawnPipes_) {
+            pieces_.Remove(pipe, PipeBox(search_.pipePool[pipe]));
+        }
+    }
 
     void PipesPrepared() override {
         std::vector<PlanBox> ends;
@@ -121,6 +128,7 @@ private:
     const PressureNetworkSearch& search_;
     double largestRadius_; // wells only leave, so it stays a bound
     double slack_;         // by which pipes may miss one another and still meet
+    int drawnPipes_;       // what lies behind them in the pool are pieces
     BoxTree pipeCurves_;
     BoxGrid pieces_{50.0};
     BoxTree pipeEnds_;

@@ -21,6 +21,8 @@ public:
     virtual std::vector<int> PipesReachingInto(const PlanBox& box) const = 0;
     /// The pool got the piece `pipe` at its end.
     virtual void PieceAdded(int pipe) = 0;
+    /// The pipe was taken from the pool.
+    virtual void PipeCut(int pipe) = 0;
     /// From here on the pipes of the pool stay as they are.
     virtual void PipesPrepared() = 0;
     /// Pipes with their start or end point in `box`. After `PipesPrepared`.

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <memory>
-#include <unordered_map>
 #include <vector>
 
+#include "pressure/CutHistory.h"
 #include "pressure/PressureCandidates.h"
 #include "pressure/PressureSeg.h"
 #include "records/Block.h"
@@ -60,21 +60,23 @@ private:
         bool hit = false;
         AcGePoint3d point;
     };
-    /// A cut that was made: which piece of which entity, and where.
-    struct Cut {
-        AcGePoint3d startPoint;
-        AcGePoint3d endPoint;
-        AcGePoint3d cutPoint;
+    /// How far the cutting may go.
+    struct CutLimits {
+        CutHistory* history; ///< a cut that it holds is not made again; null for no such limit
+        int rest;            ///< cuts that may still be made of what could be cut without end
+        double endTolerance; ///< at the begin of the search
+
+        bool IsExhausted() const { return rest < 0; }
     };
-    using CutsByEntity = std::unordered_map<AcDbObjectId, std::vector<Cut>>;
 
     void AddToPool(const AcDbObjectId& id);
 
     void SplitCrossings();
-    void SplitPipe(int pipe, CutsByEntity& cuts);
+    bool SplitAll(CutLimits limits);
+    void SplitPipe(int pipe, CutLimits& limits);
     Crossing CrossingOf(const _Pipe& first, const _Pipe& second) const;
-    bool IsCutBy(const _Pipe& pipe, const AcGePoint3d& point, const CutsByEntity& cuts) const;
-    int CutPipe(int pipe, const AcGePoint3d& point, CutsByEntity& cuts);
+    bool IsCutBy(const _Pipe& pipe, const AcGePoint3d& point, const CutLimits& limits) const;
+    int CutPipe(int pipe, const AcGePoint3d& point, CutLimits& limits);
 
     void SnapEndsToWells();
     void SnapPipe(_Pipe& pipe);

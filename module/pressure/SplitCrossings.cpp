@@ -2,14 +2,18 @@
 // ends, so that each junction becomes a meeting of ends. The pieces stand at the end of the pool,
 // where the pairing reaches them in turn.
 
-#include <algorithm>
-
 #include "pressure/PressureNetworkSearch.h"
 #include "records/PipeBox.h"
 
 namespace tkvlt {
 
 namespace {
+
+// So many cuts of arcs no drawing needs whose cutting ends by itself.
+constexpr int kCutsOfAnyDrawing = 512;
+constexpr int kCutsOfAnyPipe = 64;
+/// No more cuts are made of what could be cut without end.
+constexpr int kMostCuts = 20000;
 
 /// Ten millimetres of the real network, in drawing units: nearer than this to a pipe's end a
 /// crossing is a meeting at that end.
@@ -52,20 +56,37 @@ void StartPieceAt(_Pipe& piece, const AcGePoint3d& point) {
 
 } // namespace
 
+/// The arc of a piece reaches round its circle over its fellow's cut, so that arcs which cross one
+/// another can be cut without end. When there are more cuts than any drawing needs, the cutting
+/// starts again and makes no cut twice; then it ends, since the places on a pipe are not without
+/// number, and a bound holds should rounding make ever new ones.
 void PressureNetworkSearch::SplitCrossings() {
-    CutsByEntity cuts;
-    for (int i = 0; i < pipePool.Size(); ++i) {
+    const int drawn = pipePool.Size();
+    const double tolerance = EndTolerance();
+    if (SplitAll({nullptr, kCutsOfAnyDrawing + kCutsOfAnyPipe * drawn, tolerance})) {
+        return;
+    }
+    pipePool.RestoreFirst(drawn);
+    candidates_ = MakePressureCandidates(*this, candidateMode_);
+    CutHistory history(tolerance);
+    SplitAll({&history, kMostCuts, tolerance});
+}
+
+/// False when the cuts were used up before all pipes had their turn.
+bool PressureNetworkSearch::SplitAll(CutLimits limits) {
+    for (int i = 0; i < pipePool.Size() && !limits.IsExhausted(); ++i) {
         if (pipePool.Has(i)) {
-            SplitPipe(i, cuts);
+            SplitPipe(i, limits);
         }
     }
+    return !limits.IsExhausted();
 }
 
 /// Pairs pipe i with every pipe behind it, until i itself is cut: its pieces have their turn later.
-void PressureNetworkSearch::SplitPipe(int i, CutsByEntity& cuts) {
+void PressureNetworkSearch::SplitPipe(int i, CutLimits& limits) {
     const double slack = 2.0 * AcGeContext::gTol.equalPoint();
     std::vector<int> others = candidates_->PipesReachingInto(PipeBox(pipePool[i]).Widened(slack));
-    for (std::size_t n = 0; n < others.size(); ++n) {
+    for (std::size_t n = 0; n < others.size() && !limits.IsExhausted(); ++n) {
         const int j = others[n];
         if (j <= i || !pipePool.Has(j)) {
             continue;
@@ -74,15 +95,15 @@ void PressureNetworkSearch::SplitPipe(int i, CutsByEntity& cuts) {
         if (!crossing.hit) {
             continue;
         }
-        const bool cutI = IsCutBy(pipePool[i], crossing.point, cuts);
-        if (IsCutBy(pipePool[j], crossing.point, cuts)) {
+        const bool cutI = IsCutBy(pipePool[i], crossing.point, limits);
+        if (IsCutBy(pipePool[j], crossing.point, limits)) {
             // Pieces lie at the end of the pool, so this list too stays in pool order.
-            const int firstPiece = CutPipe(j, crossing.point, cuts);
+            const int firstPiece = CutPipe(j, crossing.point, limits);
             others.push_back(firstPiece);
             others.push_back(firstPiece + 1);
         }
         if (cutI) {
-            CutPipe(i, crossing.point, cuts);
+            CutPipe(i, crossing.point, limits);
             return;
         }
     }
@@ -108,30 +129,28 @@ PressureNetworkSearch::Crossing PressureNetworkSearch::CrossingOf(const _Pipe& f
     return crossing;
 }
 
-/// A crossing between the pipe's ends cuts it, unless the very same cut has been made before: the
-/// arc of a piece reaches round its circle over its fellow's cut, so that two arcs could cut one
-/// another without end.
+/// A crossing between the pipe's ends cuts it.
 bool PressureNetworkSearch::IsCutBy(const _Pipe& pipe, const AcGePoint3d& point,
-                                    const CutsByEntity& cuts) const {
-    if (IsNear(point, pipe.startPoint) || IsNear(point, pipe.endPoint)) {
-        return false;
-    }
-    const auto made = cuts.find(pipe.id);
-    return made == cuts.end() ||
-           std::none_of(made->second.begin(), made->second.end(), [&](const Cut& cut) {
-               return IsNear(cut.startPoint, pipe.startPoint) &&
-                      IsNear(cut.endPoint, pipe.endPoint) && IsNear(cut.cutPoint, point);
-           });
+                                    const CutLimits& limits) const {
+    return !IsNear(point, pipe.startPoint) && !IsNear(point, pipe.endPoint) &&
+           (limits.history == nullptr || !limits.history->Holds(pipe, point));
 }
 
 /// Replaces the pipe by two pieces at the end of the pool and gives the index of the first.
-int PressureNetworkSearch::CutPipe(int pipe, const AcGePoint3d& point, CutsByEntity& cuts) {
-    cuts[pipePool[pipe].id].push_back({pipePool[pipe].startPoint, pipePool[pipe].endPoint, point});
+int PressureNetworkSearch::CutPipe(int pipe, const AcGePoint3d& point, CutLimits& limits) {
+    if (limits.history != nullptr) {
+        limits.history->Note(pipePool[pipe], point);
+    }
+    // Straight pieces only ever get shorter, unless no place counts as an end.
+    if (pipePool[pipe].isArc != 0 || !(limits.endTolerance > 0.0)) {
+        --limits.rest;
+    }
     const int first = pipePool.Add(pipePool[pipe]);
     EndPieceAt(pipePool[first], point);
     const int second = pipePool.Add(pipePool[pipe]);
     StartPieceAt(pipePool[second], point);
     pipePool.Remove(pipe);
+    candidates_->PipeCut(pipe);
     candidates_->PieceAdded(first);
     candidates_->PieceAdded(second);
     return first;

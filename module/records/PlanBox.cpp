@@ -22,10 +22,11 @@ PlanBox PlanBox::Around(const AcGePoint3d& point, double reach) {
 }
 
 void PlanBox::Include(const PlanBox& other) {
-    minX = std::min(minX, other.minX);
-    minY = std::min(minY, other.minY);
-    maxX = std::max(maxX, other.maxX);
-    maxY = std::max(maxY, other.maxY);
+    // A coordinate that is not a number passes no comparison and must not hide the others.
+    minX = std::fmin(minX, other.minX);
+    minY = std::fmin(minY, other.minY);
+    maxX = std::fmax(maxX, other.maxX);
+    maxY = std::fmax(maxY, other.maxY);
 }
 
 PlanBox PlanBox::Widened(double margin) const {

@@ -39,6 +39,13 @@ public:
         --count_;
     }
 
+    /// Makes the pool what it was when it had its first `size` entries and none had been taken.
+    void RestoreFirst(int size) {
+        records_.resize(static_cast<std::size_t>(size));
+        present_.assign(static_cast<std::size_t>(size), 1);
+        count_ = size;
+    }
+
 private:
     std::deque<Record> records_; // a record cannot be moved, so its storage must not move either
     std::vector<char> present_;

@@ -48,7 +48,8 @@ PlanCurve runCurve(const PressureSeg& seg) {
         return curve;
     }
     const double turn = turnOf(seg);
-    const int pieces = std::max(1, static_cast<int>(std::ceil(std::abs(turn) / kQuarterTurn)));
+    const int pieces =
+        std::max(1, static_cast<int>(std::ceil(std::abs(turn) / kQuarterTurn - 1e-9)));
     const PlanPoint center = inPlan(seg.arc.center());
     const double first = std::atan2(curve.start.y - center.y, curve.start.x - center.x);
     for (int piece = 1; piece <= pieces; ++piece) {
