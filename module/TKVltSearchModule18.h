@@ -17,3 +17,7 @@
 #include "records/Pipe.h"
 #include "records/Text.h"
 #include "records/Well.h"
+#include "services/GetSegsForCollideTest.h"
+#include "services/GetSingleSeg.h"
+#include "services/Seg.h"
+#include "utilities/PelIsIdArrSame.h"
