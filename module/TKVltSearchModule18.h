@@ -17,6 +17,8 @@
 #include "records/Pipe.h"
 #include "records/Text.h"
 #include "records/Well.h"
+#include "services/FindGravityPath.h"
+#include "services/FindLineEntity.h"
 #include "services/GetSegsForCollideTest.h"
 #include "services/GetSingleSeg.h"
 #include "services/Seg.h"
