@@ -17,6 +17,7 @@
 #include "records/Pipe.h"
 #include "records/Text.h"
 #include "records/Well.h"
+#include "services/DeleteSeg.h"
 #include "services/FindGravityPath.h"
 #include "services/FindLineEntity.h"
 #include "services/GetSegsForCollideTest.h"
