@@ -22,5 +22,6 @@
 #include "services/FindLineEntity.h"
 #include "services/GetSegsForCollideTest.h"
 #include "services/GetSingleSeg.h"
+#include "services/LowerHeightForCollideTest.h"
 #include "services/Seg.h"
 #include "utilities/PelIsIdArrSame.h"
