@@ -217,6 +217,21 @@ TEST_F(DeleteSegTest, UnsetRootStaysUnset) {
     EXPECT_EQ(network.rootWell, -1);
 }
 
+// In a network that is no tree: references to what goes, where no tree has one, move down with
+// those behind. Of a segment that stands twice in a row the scan passes over the second.
+TEST_F(DeleteSegTest, StrayReferencesToWhatIsRemovedMoveDownToo) {
+    network.wells[1].outSegs.InsertAt(0, 1); // 1 1 5
+    network.wells[6].inSeg = 1;
+    network.wells[6].outSegs.Add(1);
+    network.segs[4].startWell = 2;
+    network.segs[5].endWell = 2;
+    EXPECT_EQ(remove(1), 1); // with well 2
+    EXPECT_EQ(outSegs(1), (Ints{0, 4, 1, 2}));
+    EXPECT_EQ(inSegs(), (Ints{-1, 0, 1, 2, 3, 0}));
+    EXPECT_EQ(outSegs(5), Ints{0});
+    EXPECT_EQ(links(), (Links{{0, 1}, {1, 2}, {1, 3}, {1, 4}, {1, 1}}));
+}
+
 TEST_F(DeleteSegTest, MergedEntitiesOfTheWellsThatStayAreKept) {
     network.wells[6].mergedEntities.append(wellName(50));
     EXPECT_EQ(remove(0), 1);

@@ -120,6 +120,10 @@ TEST_F(FindGravityPathTest, LoneWellGivesZeroForAnyTarget) {
     Well node;
     node.nodeEntity = wells[0];
     lone.wells.Add(node);
+    GravitySeg seg; // not even a pipe that a segment holds
+    seg.pipeIds.append(p);
+    seg.endWell = 0;
+    lone.segs.Add(seg);
     for (const AcDbObjectId& target : {wells[0], wells[1], p, AcDbObjectId()}) {
         expectRefused(target);
     }
@@ -133,6 +137,9 @@ TEST_F(FindGravityPathTest, RootItselfAndTheNullIdGiveZero) {
     search(wells[0]);
     expectRefused(wells[0]);
     expectRefused(AcDbObjectId());
+    network->wells[2].mergedEntities.append(wells[0]); // where a search would find it
+    expectRefused(wells[0]);
+    EXPECT_EQ(network->wells[2].nodeEntity, wells[2]);
 }
 
 TEST_F(FindGravityPathTest, EntityOfAnotherSystemGivesZero) {

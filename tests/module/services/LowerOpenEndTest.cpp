@@ -106,14 +106,14 @@ TEST_F(LowerOpenEndTest, WellAtThePipesEndAloneGivesZeroAndChangesNothing) {
 ///    (0, 0)-------P------->(100, 0)
 class LowerByNearnessTest : public LoweringTest {
 protected:
-    void draw(const wchar_t* flow, bool wellAtEnd) {
-        drawing.addWell({110, 20, 0});
-        drawing.addWell({210, 20, 0});
+    void draw(const wchar_t* flow, bool wellAtEnd, const AcGePoint3d& w = {110, 20, 0}) {
+        drawing.addWell(w);
+        drawing.addWell({w.x + 100, w.y, 0});
         p = pipe({0, 0, 0}, {100, 0, 0}, flow, L"10", L"12");
         arc = remembered(drawing.addArcPipe(
-            {0, 0, 0}, {110, 20, 0}, -1.0,
+            {0, 0, 0}, {w.x - 0.4, w.y, 0}, -1.0,
             {.diameter = L"1000", .flow = L"SE", .startElevation = L"1", .endElevation = L"1"}));
-        q = pipe({110.4, 20, 0}, {210, 20, 0}, L"SE", L"30", L"29");
+        q = pipe({w.x + 0.4, w.y, 0}, {w.x + 100, w.y, 0}, L"SE", L"30", L"29");
         if (wellAtEnd) {
             drawing.addWell({100, 0, 0});
         }
@@ -138,6 +138,21 @@ TEST_F(LowerByNearnessTest, WaterThatRunsToTheNearerEndTakesTheEndsHeight) {
     EXPECT_EQ(heights(p), (HeightTexts{"9", "11"}));
     EXPECT_EQ(heights(q), (HeightTexts{"11", "12"}));
     expectUnchanged(arc);
+}
+
+// W above the middle of P is as far from its start as from its end, which counts as the start.
+TEST_F(LowerByNearnessTest, SameDistanceCountsAsTheStart) {
+    draw(L"ES", false, {50, 14, 0});
+    EXPECT_EQ(LowerHeightForCollideTest(p, 1.0), 1);
+    EXPECT_EQ(heights(p), (HeightTexts{"9", "11"}));
+    EXPECT_EQ(heights(q), (HeightTexts{"9", "10"})); // limit 9 + 1
+}
+
+TEST_F(LowerByNearnessTest, WaterThatComesFromTheStartAtTheSameDistanceStops) {
+    draw(L"SE", false, {50, 14, 0});
+    EXPECT_EQ(LowerHeightForCollideTest(p, 1.0), 1);
+    EXPECT_EQ(heights(p), (HeightTexts{"9", "11"}));
+    expectUnchanged(q);
 }
 
 // Between two wells the nearness alone decides, whatever the direction.
