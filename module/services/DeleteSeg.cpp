@@ -22,10 +22,12 @@ void RemoveOutSeg(Well& well, int segment) {
 /// Hangs what starts at `endWell` on `startWell`, from which it then reaches back across the
 /// removed stretch.
 void HandOverOutSegs(GravitySearchObject& network, int segment, int startWell, int endWell) {
+    Well& start = network.wells.ElementAt(startWell);
     const Indices& handed = network.wells.GetAt(endWell).outSegs;
-    network.wells.ElementAt(startWell).outSegs.Append(handed);
     const GravitySeg& removed = network.segs.GetAt(segment);
-    for (INT_PTR i = 0; i < handed.GetSize(); ++i) {
+    const INT_PTR count = handed.GetSize();
+    for (INT_PTR i = 0; i < count; ++i) {
+        start.outSegs.Add(handed.GetAt(i));
         GravitySeg& seg = network.segs.ElementAt(handed.GetAt(i));
         seg.startWell = startWell;
         seg.startPoint = removed.startPoint;

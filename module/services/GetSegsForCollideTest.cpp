@@ -1,6 +1,8 @@
 #include "services/GetSegsForCollideTest.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <functional>
 #include <unordered_map>
 #include <vector>
 
@@ -37,27 +39,25 @@ bool IsWholeStretch(const Seg& seg) {
     return seg.kind == 1 && !seg.gravity.startEntity.isNull() && !seg.gravity.endEntity.isNull();
 }
 
-/// The same for lists that are the same in any order; the null id for an empty one.
-AcDbObjectId LeastId(const AcDbObjectIdArray& ids) {
-    AcDbObjectId least;
+/// The same for lists that hold the same ids in any order.
+std::size_t OrderlessHash(const AcDbObjectIdArray& ids) {
+    std::size_t sum = 0;
     for (int i = 0; i < ids.length(); ++i) {
-        if (i == 0 || ids.at(i) < least) {
-            least = ids.at(i);
-        }
+        sum += std::hash<AcDbObjectId>()(ids.at(i));
     }
-    return least;
+    return sum;
 }
 
 /// Ascending indices of the whole stretches that have the pipes of an earlier one.
 std::vector<INT_PTR> FindDuplicates(const CArray<Seg, Seg&>& segs) {
-    std::unordered_map<AcDbObjectId, std::vector<INT_PTR>> firstOnes;
+    std::unordered_map<std::size_t, std::vector<INT_PTR>> firstOnes;
     std::vector<INT_PTR> duplicates;
     for (INT_PTR j = 0; j < segs.GetSize(); ++j) {
         if (!IsWholeStretch(segs.GetAt(j))) {
             continue;
         }
         const AcDbObjectIdArray& pipes = segs.GetAt(j).gravity.pipeIds;
-        std::vector<INT_PTR>& candidates = firstOnes[LeastId(pipes)];
+        std::vector<INT_PTR>& candidates = firstOnes[OrderlessHash(pipes)];
         const bool repeats = std::any_of(candidates.begin(), candidates.end(), [&](INT_PTR i) {
             return PelIsIdArrSame(segs.GetAt(i).gravity.pipeIds, pipes) != 0;
         });

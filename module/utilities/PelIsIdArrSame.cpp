@@ -1,25 +1,21 @@
 #include "utilities/PelIsIdArrSame.h"
 
-#include <algorithm>
-#include <vector>
-
-namespace {
-
-std::vector<AcDbObjectId> Sorted(const AcDbObjectIdArray& ids) {
-    std::vector<AcDbObjectId> sorted;
-    sorted.reserve(static_cast<std::size_t>(ids.length()));
-    for (int i = 0; i < ids.length(); ++i) {
-        sorted.push_back(ids.at(i));
-    }
-    std::sort(sorted.begin(), sorted.end());
-    return sorted;
-}
-
-} // namespace
+#include <unordered_map>
 
 int PelIsIdArrSame(const AcDbObjectIdArray& a, const AcDbObjectIdArray& b) {
     if (a.length() != b.length()) {
         return 0;
     }
-    return Sorted(a) == Sorted(b) ? 1 : 0;
+    std::unordered_map<AcDbObjectId, int> unmatched;
+    for (int i = 0; i < a.length(); ++i) {
+        ++unmatched[a.at(i)];
+    }
+    for (int i = 0; i < b.length(); ++i) {
+        const auto match = unmatched.find(b.at(i));
+        if (match == unmatched.end() || match->second == 0) {
+            return 0;
+        }
+        --match->second;
+    }
+    return 1; // of equal lengths, so nothing is left unmatched in either
 }

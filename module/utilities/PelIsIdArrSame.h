@@ -4,5 +4,5 @@
 #include "platform.h"
 
 /// 1 when the two lists hold the same ids equally often, in whatever order, else 0. Two empty lists
-/// are the same. Cost: n log n.
+/// are the same. Cost: linear.
 TKVLT_API int PelIsIdArrSame(const AcDbObjectIdArray& a, const AcDbObjectIdArray& b);

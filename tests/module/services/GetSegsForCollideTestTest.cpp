@@ -5,7 +5,10 @@
 #include "module/support/Compare.h"
 #include "module/support/DrawingBuilder.h"
 
+#include <algorithm>
+#include <random>
 #include <string>
+#include <vector>
 
 namespace module_tests {
 namespace {
@@ -222,6 +225,66 @@ TEST_F(CollideSegsTest, RunsOfDuplicatesGoWhereverTheyStand) {
     }
     EXPECT_EQ(left, "abcd");
     EXPECT_EQ(segs.GetAt(4).kind, 0);
+}
+
+/// What is told of each entry: its kind, which ends are closed, and its pipes in their order.
+std::vector<std::string> entriesOf(const CArray<Seg, Seg&>& segs) {
+    std::vector<std::string> list;
+    for (INT_PTR i = 0; i < segs.GetSize(); ++i) {
+        const Seg& seg = segs.GetAt(i);
+        std::string entry = std::to_string(seg.kind) +
+                            (seg.gravity.startEntity.isNull() ? '-' : 's') +
+                            (seg.gravity.endEntity.isNull() ? '-' : 'e');
+        for (const AcDbObjectId& pipe : idsOf(seg.gravity.pipeIds)) {
+            entry += static_cast<char>(pipe.asOldId());
+        }
+        list.push_back(entry);
+    }
+    return list;
+}
+
+std::string sorted(std::string text) {
+    std::sort(text.begin(), text.end());
+    return text;
+}
+
+/// The plain road: each entry against each behind it, from the front.
+std::vector<std::string> onceEach(std::vector<std::string> entries) {
+    for (std::size_t i = 0; i + 1 < entries.size(); ++i) {
+        for (std::size_t j = i + 1; j < entries.size();) {
+            const bool whole = entries[i].rfind("1se", 0) == 0 && entries[j].rfind("1se", 0) == 0;
+            if (whole && sorted(entries[i]) == sorted(entries[j])) {
+                entries.erase(entries.begin() + static_cast<std::ptrdiff_t>(j));
+            } else {
+                ++j;
+            }
+        }
+    }
+    return entries;
+}
+
+TEST_F(CollideSegsTest, RemovalAgreesWithHoldingEachEntryAgainstEachBehindIt) {
+    std::mt19937 random(5);
+    const AcDbObjectId main = addAside(kSupply);
+    std::size_t removed = 0;
+    for (int round = 0; round < 200; ++round) {
+        segs.RemoveAll();
+        const unsigned count = 1 + random() % 25;
+        for (unsigned i = 0; i < count; ++i) {
+            std::vector<int> pipes(random() % 4);
+            for (int& pipe : pipes) {
+                pipe = 'a' + static_cast<int>(random() % 3);
+            }
+            const int kind = random() % 5 == 0 ? static_cast<int>(random() % 2) - 1 : 1;
+            addEntry(segs, kind, pipes, random() % 8 != 0, random() % 8 != 0);
+        }
+        std::vector<std::string> expected = onceEach(entriesOf(segs));
+        removed += count - expected.size();
+        expected.emplace_back("0--"); // the pipe that the call is made for
+        ASSERT_EQ(collect({main}, kOnce), 1);
+        ASSERT_EQ(entriesOf(segs), expected) << "round " << round;
+    }
+    EXPECT_GT(removed, 200U);
 }
 
 TEST_F(CollideSegsTest, AnyNumberButZeroAsksForRemoval) {
