@@ -66,18 +66,25 @@ std::vector<INT_PTR> FindDuplicates(const CArray<Seg, Seg&>& segs) {
     return duplicates;
 }
 
-/// Removes from the back and a run at a time, so that what stays is moved as seldom as can be.
-void RemoveEntries(CArray<Seg, Seg&>& segs, std::vector<INT_PTR> indices) {
-    while (!indices.empty()) {
-        const INT_PTR last = indices.back();
-        INT_PTR first = last;
-        indices.pop_back();
-        while (!indices.empty() && indices.back() == first - 1) {
-            first = indices.back();
-            indices.pop_back();
+/// Moves what stays forward, once each: removal one by one would shift the whole tail every time.
+///
+/// @param indices ascending; the first entry of the list is never among them.
+void RemoveEntries(CArray<Seg, Seg&>& segs, const std::vector<INT_PTR>& indices) {
+    auto nextRemoved = indices.begin();
+    INT_PTR kept = 0;
+    for (INT_PTR i = 0; i < segs.GetSize(); ++i) {
+        if (nextRemoved != indices.end() && *nextRemoved == i) {
+            ++nextRemoved;
+            continue;
         }
-        segs.RemoveAt(first, last - first + 1);
+        if (kept != i) {
+            segs.ElementAt(kept) = segs.ElementAt(i);
+            // The one field that an assignment leaves out.
+            segs.ElementAt(kept).pressure.lengthMode = segs.GetAt(i).pressure.lengthMode;
+        }
+        ++kept;
     }
+    segs.SetSize(kept);
 }
 
 } // namespace

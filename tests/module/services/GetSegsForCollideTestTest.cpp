@@ -287,6 +287,24 @@ TEST_F(CollideSegsTest, RemovalAgreesWithHoldingEachEntryAgainstEachBehindIt) {
     EXPECT_GT(removed, 200U);
 }
 
+// The length setting of a record, which no assignment copies, goes with it all the same.
+TEST_F(CollideSegsTest, WhatMovesUpKeepsEveryField) {
+    addEntry(segs, 1, {1});
+    addEntry(segs, 1, {1});
+    Seg& last = addEntry(segs, 0, {2});
+    last.pressure.lengthMode = 4;
+    last.pressure.diameter = 80;
+    last.gravity.extraValue4 = 0.25;
+    EXPECT_EQ(collect({addAside(kSupply)}, kOnce), 1);
+    ASSERT_EQ(segs.GetSize(), 3);
+    EXPECT_EQ(segs.GetAt(1).kind, 0);
+    EXPECT_EQ(segs.GetAt(1).pressure.lengthMode, 4);
+    EXPECT_EQ(segs.GetAt(1).pressure.diameter, 80);
+    EXPECT_EQ(segs.GetAt(1).gravity.extraValue4, 0.25);
+    EXPECT_EQ(idsOf(segs.GetAt(1).gravity.pipeIds), Ids{AcDbObjectId::fromOldId(2)});
+    EXPECT_EQ(segs.GetAt(2).pressure.lengthMode, 0); // the drawing's setting
+}
+
 TEST_F(CollideSegsTest, AnyNumberButZeroAsksForRemoval) {
     drawStretch(0);
     EXPECT_EQ(collect({left, left}, -1), 1);
