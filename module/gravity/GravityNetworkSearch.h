@@ -147,8 +147,6 @@ private:
     void TakeChainPipes(GravitySeg& seg);
     const _Block& TargetBlock(int kind, int index) const;
     int FindEndWell();
-    int FindEndBlock();
-    int FindEndPipe() const;
     int FinishOneSided(GravitySeg& seg, int pipe, const ChainOutcome& first,
                        const ChainOutcome& second);
     void FinishTwoSided(GravitySeg& seg, const ChainOutcome& first, const ChainOutcome& second);

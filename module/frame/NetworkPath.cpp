@@ -1,0 +1,42 @@
+#include "frame/NetworkPath.h"
+
+namespace tkvlt {
+
+int FindNodeOfBlock(GravitySearchObject& network, const AcDbObjectId& block) {
+    for (int i = 1; i < static_cast<int>(network.wells.GetSize()); ++i) {
+        Well& node = network.wells.ElementAt(i);
+        if (node.nodeEntity == block) {
+            return i;
+        }
+        int merged = 0;
+        if (node.mergedEntities.find(block, merged)) {
+            node.mergedEntities.append(node.nodeEntity);
+            node.nodeEntity = block;
+            node.mergedEntities.removeAt(merged);
+            return i;
+        }
+    }
+    return -1;
+}
+
+int FindNodeBehindPipe(const GravitySearchObject& network, const AcDbObjectId& pipe) {
+    for (int i = 0; i < static_cast<int>(network.segs.GetSize()); ++i) {
+        const GravitySeg& seg = network.segs.GetAt(i);
+        if (seg.pipeIds.contains(pipe)) {
+            return seg.endWell;
+        }
+    }
+    return -1;
+}
+
+void AppendPathToRoot(GravitySearchObject& network, int well) {
+    network.pathWells.Add(well);
+    while (well != 0) {
+        const int seg = network.wells.GetAt(well).inSeg;
+        network.pathSegs.Add(seg);
+        well = network.segs.GetAt(seg).startWell;
+        network.pathWells.Add(well);
+    }
+}
+
+} // namespace tkvlt
