@@ -4,7 +4,6 @@
 
 #include <charconv>
 #include <cmath>
-#include <vector>
 
 namespace pipenet {
 
@@ -48,6 +47,19 @@ AcDbHandle handleArgument(const std::string& option, const std::string& text) {
         throw Failure(messages::kBadHandle, option, text);
     }
     return handle;
+}
+
+std::vector<AcDbHandle> handlesArgument(const std::string& option, const std::string& text) {
+    std::vector<AcDbHandle> handles;
+    std::size_t begin = 0;
+    for (;;) {
+        const std::size_t comma = text.find(',', begin);
+        handles.push_back(handleArgument(option, text.substr(begin, comma - begin)));
+        if (comma == std::string::npos) {
+            return handles;
+        }
+        begin = comma + 1;
+    }
 }
 
 double numberArgument(const std::string& option, const std::string& text,

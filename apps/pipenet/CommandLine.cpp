@@ -15,8 +15,10 @@ namespace {
 struct Texts {
     std::string drawing, settings, dwgScale, drawScale, breakDist, lengthMode;
     std::string format = "table";
-    std::string start, end, pipe, pick, point, svg;
+    std::string start, end, pipe, pick, point, svg, pipes, target, drop, output;
     bool timing = false;
+    bool unique = false;
+    bool inPlace = false;
 };
 
 constexpr std::array kSharedOptions{"--settings",    "--dwg-scale", "--draw-scale", "--break-dist",
@@ -79,6 +81,12 @@ CLI::App* addCommand(CLI::App& app, const std::string& name, const std::string& 
     return command;
 }
 
+void addPicture(CLI::App& command, Texts& texts) {
+    command.add_option("--svg", texts.svg, "Draw the network into this file as well")
+        ->type_name("FILE")
+        ->group("Output");
+}
+
 void addSearch(CLI::App& app, Texts& texts) {
     CLI::App* search = addCommand(
         app, "search", "Rebuild the network around an entity, and the path to another", texts);
@@ -95,9 +103,45 @@ void addSearch(CLI::App& app, Texts& texts) {
                      "Point of the search, which decides between the two ends of a start pipe; "
                      "the picked place unless given, else the origin")
         ->type_name("X,Y[,Z]");
-    search->add_option("--svg", texts.svg, "Draw the network into this file as well")
+    addPicture(*search, texts);
+}
+
+void addSegments(CLI::App& app, Texts& texts) {
+    CLI::App* segments =
+        addCommand(app, "segments", "Build the stretches around several pipes", texts);
+    segments->add_option("--pipes", texts.pipes, "The pipes, with commas between them")
+        ->required()
+        ->type_name("H1,H2,...");
+    segments->add_flag("--unique", texts.unique,
+                       "Of gravity stretches with the same pipes and both ends list one");
+}
+
+void addPath(CLI::App& app, Texts& texts) {
+    CLI::App* path =
+        addCommand(app, "path",
+                   "Rebuild a gravity network and the way from a well or pipe to its root", texts);
+    path->add_option("--start", texts.start, "Well, tank or pipe to start from")
+        ->required()
+        ->type_name("HANDLE");
+    path->add_option("--target", texts.target, "Well or pipe at which the way begins")
+        ->required()
+        ->type_name("HANDLE");
+    addPicture(*path, texts);
+}
+
+void addLower(CLI::App& app, Texts& texts) {
+    CLI::App* lower = addCommand(
+        app, "lower", "Lower a gravity pipe, and what follows it along the water", texts);
+    lower->add_option("--pipe", texts.pipe, "The pipe")->required()->type_name("HANDLE");
+    lower->add_option("--drop", texts.drop, "How far it sinks; a negative number raises it")
+        ->required()
+        ->type_name("METRES");
+    lower->add_option("--output", texts.output, "Write the changed drawing into this file")
         ->type_name("FILE")
         ->group("Output");
+    lower->add_flag("--in-place", texts.inPlace, "Write the changes into the drawing itself")
+        ->group("Output");
+    addPicture(*lower, texts);
 }
 
 void addCommands(CLI::App& app, Texts& texts) {
@@ -106,6 +150,9 @@ void addCommands(CLI::App& app, Texts& texts) {
     CLI::App* segment = addCommand(
         app, "segment", "Build the stretch of pipe around one pipe, from well to well", texts);
     segment->add_option("--pipe", texts.pipe, "The pipe")->required()->type_name("HANDLE");
+    addSegments(app, texts);
+    addPath(app, texts);
+    addLower(app, texts);
 }
 
 /// An option that stands both before and after the command would silently lose one value.
@@ -144,11 +191,18 @@ void readHandle(AcDbHandle& handle, const char* option, const std::string& text)
     }
 }
 
+Command commandNamed(const std::string& name) {
+    constexpr std::pair<const char*, Command> names[] = {
+        {"info", Command::info},         {"search", Command::search}, {"segment", Command::segment},
+        {"segments", Command::segments}, {"path", Command::path},     {"lower", Command::lower}};
+    return std::find_if(std::begin(names), std::end(names),
+                        [&name](const auto& entry) { return entry.first == name; })
+        ->second;
+}
+
 Options readTexts(const std::string& command, const Texts& texts) {
     Options options;
-    options.command = command == "info"     ? Command::info
-                      : command == "search" ? Command::search
-                                            : Command::segment;
+    options.command = commandNamed(command);
     options.drawing = texts.drawing;
     options.format = texts.format == "json" ? Format::json : Format::table;
     options.timing = texts.timing;
@@ -157,6 +211,16 @@ Options readTexts(const std::string& command, const Texts& texts) {
     readHandle(options.start, "--start", texts.start);
     readHandle(options.end, "--end", texts.end);
     readHandle(options.pipe, "--pipe", texts.pipe);
+    readHandle(options.target, "--target", texts.target);
+    if (!texts.pipes.empty()) {
+        options.pipes = handlesArgument("--pipes", texts.pipes);
+    }
+    options.unique = texts.unique;
+    if (!texts.drop.empty()) {
+        options.drop = numberArgument("--drop", texts.drop);
+    }
+    options.output = texts.output;
+    options.inPlace = texts.inPlace;
     readInto(options.pick, texts.pick, pickArgument);
     readInto(options.point, texts.point, pointArgument);
     return options;
@@ -173,6 +237,21 @@ void checkStart(const CLI::App& command) {
     }
     if (!start && !pick) {
         throw Failure(messages::kNoStart);
+    }
+}
+
+/// A drawing is never changed by the way.
+void checkOutput(const CLI::App& command) {
+    if (command.get_name() != "lower") {
+        return;
+    }
+    const bool output = command.count("--output") > 0;
+    const bool inPlace = command.count("--in-place") > 0;
+    if (output && inPlace) {
+        throw Failure(messages::kOutputTwice);
+    }
+    if (!output && !inPlace) {
+        throw Failure(messages::kNoOutput, command.get_name());
     }
 }
 
@@ -226,6 +305,7 @@ std::optional<Options> parseCommandLine(int count, const char* const* arguments)
     refuseEmpty(app);
     refuseEmpty(command);
     checkStart(command);
+    checkOutput(command);
     return readTexts(command.get_name(), texts);
 }
 

@@ -39,6 +39,13 @@ Drawing::~Drawing() {
     host::closeDocument(document_);
 }
 
+void Drawing::save(const std::string& path) const {
+    std::string error;
+    if (!host::saveDocument(document_, path, error)) {
+        throw Failure(messages::kUnsaved, error);
+    }
+}
+
 std::string Drawing::name() const {
     return path_.substr(path_.find_last_of('/') + 1);
 }

@@ -38,6 +38,10 @@ public:
     /// Those of them that belong to a network, each once.
     std::vector<NetworkEntity> networkEntities() const;
 
+    /// Writes the drawing in one step: the file at `path` is the old one or the new one at any
+    /// moment. Throws Failure when it cannot be written.
+    void save(const std::string& path) const;
+
 private:
     std::string path_;
     AcApDocument* document_;

@@ -1,5 +1,7 @@
 #include "JsonRecords.h"
 
+#include "Systems.h"
+
 namespace pipenet {
 
 Json wellJson(const Well& well) {
@@ -70,6 +72,14 @@ Json pressureSegJson(PressureSeg& seg) {
             {"length", seg.GetLength()},
             {"annotatePoint", pointJson(seg.GetAnnoatePoint())},
             {"annotateVector", vectorJson(seg.GetAnnnotateVector())}};
+}
+
+Json segJson(Seg& seg) {
+    const bool isGravity = seg.kind == kGravityFlow;
+    const bool isPressure = seg.kind == kPressureFlow;
+    return {{"kind", seg.kind},
+            {"gravity", isGravity ? gravitySegJson(seg.gravity) : Json(nullptr)},
+            {"pressure", isPressure ? pressureSegJson(seg.pressure) : Json(nullptr)}};
 }
 
 } // namespace pipenet

@@ -11,4 +11,7 @@ Json gravitySegJson(const GravitySeg& seg);
 /// Not const: the segment's own operations, which give length and label, are not.
 Json pressureSegJson(PressureSeg& seg);
 
+/// `kind`, and the record of that kind beside null for the other.
+Json segJson(Seg& seg);
+
 } // namespace pipenet

@@ -35,6 +35,12 @@ inline constexpr Message kBadPick{107, "--pick: '{}' is not of the form X,Y"};
 inline constexpr Message kBadPoint{108, "--point: '{}' is not of the form X,Y or X,Y,Z"};
 inline constexpr Message kBadNumber{109, "{}: '{}' is no number {}"};
 
+inline constexpr Message kOutputTwice{
+    110, "--output and --in-place exclude each other; see pipenet --help"};
+inline constexpr Message kNoOutput{
+    111, "{} changes drawings and needs --output FILE, or --in-place to write into the drawing "
+         "itself; see pipenet --help"};
+
 inline constexpr Message kDrawing{201, "{}"};
 inline constexpr Message kNoEntity{202, "{}: no entity has the handle {}"};
 inline constexpr Message kErasedEntity{203, "{}: the entity with the handle {} is erased"};
@@ -46,6 +52,10 @@ inline constexpr Message kBadSettingsLine{
     207, "{}:{}: the line is neither blank, nor a comment, nor 'key = value'"};
 
 inline constexpr Message kUnwritable{301, "{}: cannot be written: {}"};
+inline constexpr Message kOutputIsInput{
+    304, "{}: not written: it is the drawing itself; give another file, or --in-place"};
+inline constexpr Message kNoPlainFile{305, "{}: not written: it is there and is no plain file"};
+inline constexpr Message kUnsaved{306, "{}"};
 inline constexpr Message kOutput{302, "standard output: cannot be written"};
 
 inline constexpr Message kNothingToPick{
@@ -118,6 +128,27 @@ inline constexpr Message kSegmentNoTarget{
     "no segment at {}: neither end of the pipe leads to a well or tank; check the gaps between its "
     "pieces (at most {:.6g} drawing units) and that a well or tank of the system '{}' stands at an "
     "end"};
+
+inline constexpr Message kPathOfPressure{
+    431, "no path from {} to {}: the start belongs to the pressure system '{}', and paths lead "
+         "through gravity networks; check --start"};
+inline constexpr Message kTargetIsRoot{
+    432, "no path from {} to {}: the target is the root itself; check --target"};
+inline constexpr Message kTargetWithoutSystem{
+    433, "no path from {} to {}: the target carries no system name as a well or a pipe; check "
+         "--target"};
+inline constexpr Message kTargetOfOtherSystem{
+    434, "no path from {} to {}: the root belongs to well system '{}' and the target to '{}'; "
+         "check --target"};
+inline constexpr Message kTargetNotReached{
+    435, "no path from {} to {}: the network ({} wells and tanks) does not hold the target; check "
+         "for a gap or a missing pipe between them"};
+inline constexpr Message kNothingFollows{
+    441, "lowered {} alone, not what follows it, and written to {}: no network was found from its "
+         "end; check that pipes lead on from it and that none loops back"};
+inline constexpr Message kNotGravity{
+    442, "nothing to lower at {}: its system '{}' is a pressure system, and heights follow the "
+         "water in gravity systems only; check --pipe"};
 
 inline constexpr Message kInternal{901, "{}: the command ended unexpectedly: {}"};
 

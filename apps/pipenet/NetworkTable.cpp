@@ -17,14 +17,6 @@ std::string elevation(double value) {
     return fmt::format("{:.3f}", value);
 }
 
-std::string joined(const AcArray<AcDbObjectId>& ids) {
-    std::string text;
-    for (int i = 0; i < ids.length(); ++i) {
-        text += (i == 0 ? "" : " ") + handleText(ids[i]);
-    }
-    return text;
-}
-
 /// Water in the direction of the walk runs away from the root.
 const char* flowArrow(const GravitySeg& seg) {
     return seg.flowReversed == 0 ? "→" : "←";
@@ -60,7 +52,7 @@ std::vector<std::string> segmentCells(const GravitySeg& seg) {
             elevation(seg.endElevation),
             fmt::format("{}", seg.slope),
             utf8(seg.material),
-            joined(seg.pipeIds)};
+            handlesText(seg.pipeIds)};
 }
 
 std::vector<std::string> rowOf(const GravitySearchObject& network, const TreeLine& line,
@@ -68,7 +60,7 @@ std::vector<std::string> rowOf(const GravitySearchObject& network, const TreeLin
     const Well& well = network.wells[line.well];
     std::vector<std::string> cells{isOnPath ? "●" : "", line.indentation + nodeName(well),
                                    nodeKind(well), handleText(well.nodeEntity),
-                                   joined(well.mergedEntities)};
+                                   handlesText(well.mergedEntities)};
     const std::vector<std::string> seg =
         well.inSeg < 0 ? std::vector<std::string>(8) : segmentCells(network.segs[well.inSeg]);
     cells.insert(cells.end(), seg.begin(), seg.end());
@@ -147,7 +139,7 @@ std::string segmentTable(const GravitySeg& seg, int result) {
     table.add({"ends found", result == 1 ? "both" : result == 2 ? "one" : "none"});
     table.add({"start", end(seg.startEntity, seg.startPoint)});
     table.add({"end", end(seg.endEntity, seg.endPoint)});
-    table.add({"pipes", joined(seg.pipeIds)});
+    table.add({"pipes", handlesText(seg.pipeIds)});
     table.add({"length", fmt::format("{:.2f} m", metres(seg.length))});
     table.add({"size", fmt::format("DN{} {}", seg.diameter, utf8(seg.material))});
     table.add({"elevations", elevation(seg.startElevation) + " m at the start, " +

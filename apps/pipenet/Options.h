@@ -5,10 +5,11 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace pipenet {
 
-enum class Command { info, search, segment };
+enum class Command { info, search, segment, segments, path, lower };
 enum class Format { table, json };
 
 /// What the command line asked for. Texts are UTF-8.
@@ -23,6 +24,12 @@ struct Options {
     AcDbHandle start; ///< null when the start is picked
     AcDbHandle end;   ///< null for none
     AcDbHandle pipe;
+    AcDbHandle target;
+    std::vector<AcDbHandle> pipes;
+    bool unique = false;
+    double drop = 0.0;  ///< metres
+    std::string output; ///< path of the changed drawing, empty for none
+    bool inPlace = false;
     std::optional<AcGePoint3d> pick;  ///< in plan, drawing units
     std::optional<AcGePoint3d> point; ///< drawing units
     std::string svg;                  ///< path of the picture, empty for none

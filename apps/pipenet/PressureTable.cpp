@@ -36,14 +36,6 @@ std::vector<RunLine> runLines(const PressureSearchObject& network) {
     return lines;
 }
 
-std::string joined(const AcDbObjectIdArray& ids) {
-    std::string text;
-    for (int i = 0; i < ids.length(); ++i) {
-        text += (i == 0 ? "" : " ") + handleText(ids[i]);
-    }
-    return text;
-}
-
 std::string indented(const RunLine& line) {
     const int shown = std::min(line.depth, kDeepestIndentation);
     std::string text(static_cast<std::size_t>(shown) * 2, ' ');
@@ -67,9 +59,9 @@ std::vector<std::string> runCells(PressureSeg& seg, const RunLine& line) {
             fmt::format("{:.3f}", seg.startElevation),
             fmt::format("{:.3f}", seg.endElevation),
             utf8(seg.material),
-            joined(seg.valveIds),
-            joined(seg.meterIds),
-            joined(seg.pipeIds)};
+            handlesText(seg.valveIds),
+            handlesText(seg.meterIds),
+            handlesText(seg.pipeIds)};
 }
 
 } // namespace
@@ -113,7 +105,7 @@ std::string pressureSegmentTable(PressureSeg& seg) {
     TextTable table({{"Pressure segment"}, {utf8(seg.systemName)}});
     table.add({"from", inPlan(seg.startPoint)});
     table.add({"to", inPlan(seg.endPoint)});
-    table.add({"pipes", joined(seg.pipeIds)});
+    table.add({"pipes", handlesText(seg.pipeIds)});
     table.add({"length", fmt::format("{:.2f} m", metres(seg.GetLength()))});
     table.add({"size", fmt::format("DN{} {}", seg.diameter, utf8(seg.material))});
     table.add({"elevations", fmt::format("{:.3f} m upstream, {:.3f} m downstream",

@@ -149,6 +149,46 @@ std::string pressureCause(const SearchRequest& request) {
                   handleText(tried.segs[pair.second].pipeIds[0]), place.x, place.y);
 }
 
+/// The node that stands for the entity, or the segment that holds it.
+bool holds(const GravitySearchObject& network, const AcDbObjectId& target) {
+    for (INT_PTR i = 1; i < network.wells.GetSize(); ++i) {
+        const Well& well = network.wells[i];
+        if (well.nodeEntity == target || well.mergedEntities.contains(target)) {
+            return true;
+        }
+    }
+    for (INT_PTR i = 0; i < network.segs.GetSize(); ++i) {
+        if (network.segs[i].pipeIds.contains(target)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// Paths go by the text of wells, of the root as well.
+std::string targetCause(const GravitySearchObject& network, const AcDbObjectId& start,
+                        const AcDbObjectId& target) {
+    const std::string from = nameOf(start);
+    const std::string to = nameOf(target);
+    const Well& root = network.wells[0];
+    if (root.nodeEntity == target) {
+        return textOf(kTargetIsRoot, from, to);
+    }
+    const CString rootSystem = XdataText(root.nodeEntity, xdata::kWellSystem);
+    CString targetSystem = XdataText(target, xdata::kWellSystem);
+    if (targetSystem.IsEmpty()) {
+        targetSystem = XdataText(target, xdata::kPipeSystem);
+    }
+    if (targetSystem.IsEmpty()) {
+        return textOf(kTargetWithoutSystem, from, to);
+    }
+    if (targetSystem != rootSystem) {
+        return textOf(kTargetOfOtherSystem, from, to, utf8(rootSystem), utf8(targetSystem));
+    }
+    return holds(network, target) ? std::string()
+                                  : textOf(kTargetNotReached, from, to, network.wells.GetSize());
+}
+
 } // namespace
 
 std::string refusalOf(const Drawing& drawing, const SearchRequest& request,
@@ -187,6 +227,31 @@ std::string segmentRefusal(const AcDbObjectId& pipe, int kind) {
         return textOf(kSegmentShort, name, length);
     }
     return textOf(kSegmentNoTarget, name, jointReach(), system);
+}
+
+std::string pathRefusal(const Drawing& drawing, const SearchRequest& request,
+                        const SearchOutcome& outcome, const AcDbObjectId& target) {
+    if (const GravitySearchObject* network = gravityNetwork(outcome)) {
+        return targetCause(*network, request.start, target);
+    }
+    if (pressureNetwork(outcome) != nullptr) {
+        return textOf(kPathOfPressure, nameOf(request.start), nameOf(target),
+                      utf8(systemNameOf(request.start)));
+    }
+    return refusalOf(drawing, request, outcome);
+}
+
+std::string lowerRefusal(const AcDbObjectId& pipe, bool changed, const std::string& path) {
+    const int kind = flowKindOfPipe(pipe);
+    if (changed) {
+        return textOf(kNothingFollows, nameOf(pipe), path);
+    }
+    if (kind == kPressureFlow) {
+        return textOf(kNotGravity, nameOf(pipe), utf8(XdataText(pipe, xdata::kPipeSystem)));
+    }
+    Seg seg;
+    return GetSingleSeg(seg, pipe) == 0 ? segmentRefusal(pipe, kind)
+                                        : textOf(kNoReason, nameOf(pipe));
 }
 
 } // namespace pipenet

@@ -16,4 +16,12 @@ std::string refusalOf(const Drawing& drawing, const SearchRequest& request,
 /// The same for the segment of one pipe, whose build gave 0.
 std::string segmentRefusal(const AcDbObjectId& pipe, int kind);
 
+/// Why there is no path to `target` in what the search from the request's start gave; empty when
+/// there is one. To be asked before the path is put into the network.
+std::string pathRefusal(const Drawing& drawing, const SearchRequest& request,
+                        const SearchOutcome& outcome, const AcDbObjectId& target);
+
+/// Why lowering a pipe gave 0; `path` is where the change was written all the same, if `changed`.
+std::string lowerRefusal(const AcDbObjectId& pipe, bool changed, const std::string& path);
+
 } // namespace pipenet

@@ -15,6 +15,10 @@ CString systemNameOf(const AcDbObjectId& entity) {
     return {};
 }
 
+int flowKindOfPipe(const AcDbObjectId& pipe) {
+    return PelGetDirectionSytle(XdataText(pipe, xdata::kPipeSystem));
+}
+
 double jointReach() {
     return GetDwgScale() * GetPipeBreakDist() * 2.0 * 1.1 * 2.0;
 }

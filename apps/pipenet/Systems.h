@@ -9,6 +9,10 @@ namespace pipenet {
 /// Flow kinds as `PelGetDirectionSytle` tells them; anything else is an unknown system.
 inline constexpr int kGravityFlow = 1;
 inline constexpr int kPressureFlow = 0;
+inline constexpr int kUnknownFlow = -1;
+
+/// The flow kind of a pipe's system by the settings.
+int flowKindOfPipe(const AcDbObjectId& pipe);
 
 /// The system name of an entity by the first of its well, tank and pipe names that is not empty.
 CString systemNameOf(const AcDbObjectId& entity);

@@ -1,9 +1,12 @@
 #include "CommandLine.h"
 #include "Failure.h"
 #include "InfoCommand.h"
+#include "LowerCommand.h"
+#include "PathCommand.h"
 #include "Progress.h"
 #include "SearchCommand.h"
 #include "SegmentCommand.h"
+#include "SegmentsCommand.h"
 #include "SettingsCheck.h"
 
 #include <cstdio>
@@ -20,9 +23,15 @@ Answer runCommand(const Drawing& drawing, const Options& options) {
     case Command::search:
         return runSearch(drawing, options);
     case Command::segment:
+        return runSegment(drawing, options);
+    case Command::segments:
+        return runSegments(drawing, options);
+    case Command::path:
+        return runPath(drawing, options);
+    case Command::lower:
         break;
     }
-    return runSegment(drawing, options);
+    return runLower(drawing, options);
 }
 
 std::unique_ptr<Drawing> openDrawing(const std::string& path) {

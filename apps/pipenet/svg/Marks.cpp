@@ -201,7 +201,8 @@ std::string flowMarks(const Scene& scene, const Viewport& viewport) {
         return out;
     }
     for (const SceneRun& run : scene.runs) {
-        if (const std::optional<Middle> middle = arrowPlace(run, viewport)) {
+        const std::optional<Middle> middle = arrowPlace(run, viewport);
+        if (run.hasArrow && middle) {
             out += arrowMark(middle->place, middle->angle, run.colour, arrowLength(run, viewport));
         }
     }

@@ -3,6 +3,7 @@
 #include "HandleText.h"
 #include "NetworkTable.h"
 #include "Systems.h"
+#include "TextTable.h"
 
 namespace pipenet {
 
@@ -74,6 +75,35 @@ Scene makeScene(const Drawing& drawing, const GravitySearchObject& network) {
     }
     markPath(scene, network);
     scene.context = drawnPipes(drawing);
+    return scene;
+}
+
+Scene loweringScene(const Drawing& drawing, const GravitySearchObject* network,
+                    const std::vector<AcDbObjectId>& lowered) {
+    Scene scene;
+    if (network != nullptr) {
+        scene = makeScene(drawing, *network);
+    } else {
+        scene.kind = "gravity";
+        scene.showsFlow = true;
+        scene.context = drawnPipes(drawing);
+    }
+    for (const AcDbObjectId& pipe : lowered) {
+        const PlanCurve curve = planCurve(pipe);
+        if (curve.steps.empty()) {
+            continue;
+        }
+        SceneRun run;
+        run.from = curve.start;
+        run.to = curve.steps.back().end;
+        run.curves.push_back(curve);
+        run.colour = style::kLowered;
+        run.onPath = true;
+        run.hasArrow = false;
+        scene.runs.push_back(std::move(run));
+    }
+    scene.summary = counted(static_cast<std::ptrdiff_t>(lowered.size()), "pipe", "pipes") +
+                    " lowered" + (scene.summary.empty() ? "" : " · " + scene.summary);
     return scene;
 }
 

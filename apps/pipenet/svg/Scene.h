@@ -41,6 +41,7 @@ struct SceneRun {
     PlanPoint to;                  ///< node at the end
     bool flowReversed = false;
     bool onPath = false;
+    bool hasArrow = true;
     int diameter = 0; ///< millimetres
     const char* colour = style::kNetwork;
     PlanPoint label;
@@ -70,6 +71,11 @@ Scene makeScene(const Drawing& drawing, const GravitySearchObject& network);
 
 /// The same for a pressure network, its runs coloured by diameter.
 Scene makeScene(const Drawing& drawing, PressureSearchObject& network);
+
+/// The network around lowered pipes, those in a colour of their own; without a network (null) the
+/// pipes alone.
+Scene loweringScene(const Drawing& drawing, const GravitySearchObject* network,
+                    const std::vector<AcDbObjectId>& lowered);
 
 /// All pipes of the drawing.
 std::vector<PlanCurve> drawnPipes(const Drawing& drawing);

@@ -6,6 +6,7 @@ namespace pipenet::style {
 // lightness and width as well.
 inline constexpr auto kNetwork = "#0072B2";
 inline constexpr auto kPath = "#D55E00";
+inline constexpr auto kLowered = "#CC3377";
 inline constexpr auto kTankFill = "#D6EFE6";
 inline constexpr auto kTankLine = "#00785A";
 inline constexpr auto kContext = "#D3D7DD";

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Drawing.h"
+#include "Options.h"
+
+#include <string>
+
+namespace pipenet {
+
+/// Where a command that changes the drawing writes to. Throws Failure, before anything is changed,
+/// for an output that is the drawing itself, by whatever name, and for one that is there and is no
+/// plain file.
+std::string outputPath(const Drawing& drawing, const Options& options);
+
+} // namespace pipenet

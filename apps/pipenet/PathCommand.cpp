@@ -1,0 +1,49 @@
+#include "PathCommand.h"
+
+#include "NetworkJson.h"
+#include "NetworkSearch.h"
+#include "NetworkTable.h"
+#include "Progress.h"
+#include "Refusal.h"
+#include "svg/NetworkPicture.h"
+
+namespace pipenet {
+
+namespace {
+
+/// Puts the way to the target into the network; an outcome without a path holds none.
+void findPath(SearchOutcome& outcome, AcDbObjectId target) {
+    GravitySearchObject* network = gravityNetwork(outcome);
+    if (network == nullptr || FindGravityPath(network, target) == 0) {
+        outcome = SearchOutcome();
+    }
+}
+
+} // namespace
+
+Answer runPath(const Drawing& drawing, const Options& options) {
+    Answer answer;
+    const SearchRequest request = searchRequest(drawing, options);
+    const AcDbObjectId target = drawing.entity(options.target);
+    const Stopwatch watch;
+    SearchOutcome outcome;
+    {
+        const Progress progress("searching " + drawing.name());
+        outcome = searchNetwork(request);
+        answer.refusal = pathRefusal(drawing, request, outcome, target);
+        findPath(outcome, target);
+        answer.timing.searchMs = watch.milliseconds();
+    }
+    const GravitySearchObject* network = gravityNetwork(outcome);
+    answer.isJson = options.format == Format::json;
+    answer.text = answer.isJson        ? networkJson(outcome)
+                  : network != nullptr ? networkTable(*network)
+                                       : "No path (result 0)\n";
+    if (network != nullptr && !options.svg.empty()) {
+        const Progress progress("drawing " + options.svg);
+        drawScene(makeScene(drawing, *network), drawing.name(), options.svg);
+    }
+    return answer;
+}
+
+} // namespace pipenet
