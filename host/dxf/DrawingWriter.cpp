@@ -134,7 +134,7 @@ void DrawingWriter::writeTables() {
 
 void DrawingWriter::writeTable(const AcDbSymbolTable& table) {
     if (!context_.rangeOf(table).isEmpty() && hasChanged(table)) {
-        editor_.update(table);
+        update(table);
     }
     for (const AcDbObjectId id : table.recordIds()) {
         const auto* const record = host_db::peek<AcDbSymbolTableRecord>(id);
@@ -144,8 +144,7 @@ void DrawingWriter::writeTable(const AcDbSymbolTable& table) {
         if (context_.isNew(*record)) {
             addTableRecord(table, *record);
         } else if (!context_.rangeOf(*record).isEmpty() && hasChanged(*record)) {
-            editor_.update(*record);
-            noteNames(*record);
+            update(*record);
         }
     }
 }
@@ -211,8 +210,7 @@ void DrawingWriter::writeEntity(const AcDbEntity& entity, const AcDbBlockTableRe
         place += records_.entity(entity);
         noteNames(entity);
     } else if (hasChanged(entity)) {
-        editor_.update(entity);
-        noteNames(entity);
+        update(entity);
     }
     updateAttributesOf(entity);
 }
@@ -226,8 +224,7 @@ void DrawingWriter::updateAttributesOf(const AcDbEntity& entity) {
     for (; !attributes->done(); attributes->step()) {
         const auto* const attribute = host_db::peek<AcDbEntity>(attributes->objectId());
         if (!context_.isNew(*attribute) && hasChanged(*attribute)) {
-            editor_.update(*attribute);
-            noteNames(*attribute);
+            update(*attribute);
         } else if (context_.isNew(*attribute)) {
             noteNames(*attribute);
         }
@@ -257,8 +254,7 @@ void DrawingWriter::writeObjects() {
 void DrawingWriter::writeObject(const AcDbObject& object) {
     if (!context_.isNew(object)) {
         if (hasChanged(object)) {
-            editor_.update(object);
-            noteNames(object);
+            update(object);
         }
         return;
     }
@@ -270,6 +266,12 @@ void DrawingWriter::writeObject(const AcDbObject& object) {
     } else {
         throw SaveFailure("a copy of an object of the kind " +
                           host_text::toUtf8(object.dxfTypeName()) + " cannot be written");
+    }
+}
+
+void DrawingWriter::update(const AcDbObject& object) {
+    if (editor_.update(object)) {
+        noteNames(object);
     }
 }
 

@@ -40,6 +40,7 @@ private:
     void writeObject(const AcDbObject& object);
     bool hasChanged(const AcDbObject& object) const;
     bool lostEntries(const AcDbObject& object) const;
+    void update(const AcDbObject& object);
     void noteNames(const AcDbObject& object);
     void need(AcDbObjectId record);
     void addNeededRecords();

@@ -57,15 +57,18 @@ bool isNamed(const AcDbDictionary::Entry& entry, const std::wstring& name) {
 
 } // namespace
 
-void ObjectEditor::update(const AcDbObject& object) {
+bool ObjectEditor::update(const AcDbObject& object) {
     const SourceRange range = context_.rangeOf(object);
     const RawRecord record(context_.file(), range);
     RecordEditor editor(context_.file(), record, context_.writer(), context_.edits());
+    bool namesNew = object.ownXdata() != nullptr;
     if (const auto* const entity = AcDbEntity::cast(&object)) {
-        updateEntity(editor, *entity, range);
+        namesNew = updateEntity(editor, *entity, range) || namesNew;
     } else if (const auto* const named = AcDbSymbolTableRecord::cast(&object)) {
-        editor.change(describeTableRecord(context_.originals().tableRecord(range)),
-                      describeTableRecord(*named));
+        const auto before = describeTableRecord(context_.originals().tableRecord(range));
+        const auto now = describeTableRecord(*named);
+        namesNew = !sameNames(before, now) || namesNew;
+        editor.change(before, now);
     } else if (const auto* const dictionary = AcDbDictionary::cast(&object)) {
         updateDictionary(editor, *dictionary);
     } else if (const auto* const xrecord = AcDbXrecord::cast(&object)) {
@@ -79,16 +82,20 @@ void ObjectEditor::update(const AcDbObject& object) {
         const bool gone = context_.isGone(*extension);
         editor.setExtensionDictionary(gone ? 0 : extension->objectId().handle().value());
     }
+    return namesNew;
 }
 
-void ObjectEditor::updateEntity(RecordEditor& editor, const AcDbEntity& entity,
+bool ObjectEditor::updateEntity(RecordEditor& editor, const AcDbEntity& entity,
                                 const SourceRange& range) {
     const AcDbEntity& before = context_.originals().entity(range);
-    editor.change(describeEntity(before), describeEntity(entity));
+    const RecordDescription old = describeEntity(before);
+    const RecordDescription now = describeEntity(entity);
+    editor.change(old, now);
     updateVertices(entity, before, range);
     if (const auto* const reference = AcDbBlockReference::cast(&entity)) {
         updateAttributes(*reference);
     }
+    return !sameNames(old, now);
 }
 
 std::size_t ObjectEditor::lastRecordBegin(const SourceRange& range) const {

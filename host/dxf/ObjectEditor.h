@@ -15,8 +15,9 @@ class ObjectEditor {
 public:
     explicit ObjectEditor(SaveContext& context) : context_(context), records_(context) {}
 
-    /// Changes what differs between the object and its record.
-    void update(const AcDbObject& object);
+    /// Changes what differs between the object and its record. True when the record names a record
+    /// of a table now that it did not name before.
+    bool update(const AcDbObject& object);
     /// Changes name and base point in the BLOCK record of a definition.
     void updateBlockBegin(const AcDbBlockTableRecord& record, const FilePart& part);
     /// Takes out the object's record and what belongs to it.
@@ -25,7 +26,7 @@ public:
     bool isRenamed(const AcDbSymbolTableRecord& record);
 
 private:
-    void updateEntity(RecordEditor& editor, const AcDbEntity& entity, const SourceRange& range);
+    bool updateEntity(RecordEditor& editor, const AcDbEntity& entity, const SourceRange& range);
     void updateVertices(const AcDbEntity& now, const AcDbEntity& before, const SourceRange& range);
     void updateAttributes(const AcDbBlockReference& reference);
     void updateDictionary(RecordEditor& editor, const AcDbDictionary& dictionary);

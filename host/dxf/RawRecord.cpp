@@ -33,11 +33,11 @@ const DxfTag* RawRecord::field(int code) const {
     return nullptr;
 }
 
-const DxfTag* RawRecord::marker(std::string_view name) const {
+const DxfTag* RawRecord::marker(std::string_view name, std::size_t from) const {
     constexpr int subclassMarker = 100;
     for (const Group& group : groups) {
         if (group.part == RecordPart::Fields && group.tag.code == subclassMarker &&
-            group.tag.text == name) {
+            group.tag.text == name && group.tag.begin >= from) {
             return &group.tag;
         }
     }

@@ -31,8 +31,8 @@ struct RawRecord {
 
     /// The first field of that code; nullptr without one.
     const DxfTag* field(int code) const;
-    /// The first marker of that name; nullptr without one.
-    const DxfTag* marker(std::string_view name) const;
+    /// The first marker of that name at or behind an offset; nullptr without one.
+    const DxfTag* marker(std::string_view name, std::size_t from = 0) const;
     /// Where the extended data start; `end` without any.
     std::size_t xdataBegin() const;
 };

@@ -16,6 +16,26 @@ void addPoint(Fields& fields, int code, double x, double y, double z, bool optio
     fields.push_back({code + 20, z, optional});
 }
 
+namespace {
+
+std::vector<NameValue> namesIn(const RecordDescription& record) {
+    std::vector<NameValue> names;
+    for (const FieldGroup& group : record.groups) {
+        for (const Field& field : group.fields) {
+            if (const auto* const name = std::get_if<NameValue>(&field.value)) {
+                names.push_back(*name);
+            }
+        }
+    }
+    return names;
+}
+
+} // namespace
+
+bool sameNames(const RecordDescription& a, const RecordDescription& b) {
+    return namesIn(a) == namesIn(b);
+}
+
 bool sameValues(const Fields& a, const Fields& b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const Field& x, const Field& y) {
         return x.code == y.code && x.value == y.value;

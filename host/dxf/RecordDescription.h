@@ -31,7 +31,8 @@ using FieldValue = std::variant<double, std::int64_t, std::wstring, NameValue, H
                                 PlainValue, std::string>;
 
 /// One group of a record. `optional` marks a value that readers take for granted, so that a new
-/// record can leave it out. Of a group of flags only the bits of `mask` are described.
+/// record can leave it out. Of a group of flags only the bits of `mask` are described; without any
+/// the value is for new records alone.
 struct Field {
     int code = 0;
     FieldValue value;
@@ -68,5 +69,8 @@ struct RecordDescription {
 void addPoint(Fields& fields, int code, double x, double y, double z, bool optional = false);
 
 bool sameValues(const Fields& a, const Fields& b);
+
+/// All names of records are the same in two descriptions of one kind of object.
+bool sameNames(const RecordDescription& a, const RecordDescription& b);
 
 } // namespace host_dxf

@@ -97,14 +97,19 @@ void RecordEditor::dropFields(int code) {
 }
 
 void RecordEditor::change(const RecordDescription& before, const RecordDescription& after) {
-    std::size_t anchor = fieldsEnd();
+    // Behind the field that stands before a missing one, its subclass's marker at the least.
+    std::size_t anchor = headEnd();
+    std::size_t markersFrom = record_.begin;
     for (std::size_t g = 0; g < after.groups.size() && g < before.groups.size(); ++g) {
-        const DxfTag* const marker = record_.marker(after.groups[g].marker);
-        anchor = marker == nullptr ? fieldsEnd() : marker->end;
+        const DxfTag* const marker = record_.marker(after.groups[g].marker, markersFrom);
+        if (marker != nullptr) {
+            anchor = marker->end;
+            markersFrom = marker->end;
+        }
         const Fields& old = before.groups[g].fields;
         const Fields& now = after.groups[g].fields;
         for (std::size_t f = 0; f < now.size() && f < old.size(); ++f) {
-            if (old[f].value != now[f].value) {
+            if (old[f].value != now[f].value && now[f].mask != 0) {
                 set(now[f], anchor);
                 if (now[f].code == colorCode) {
                     // A true colour and a colour book's name would win over the number.

@@ -3,6 +3,7 @@
 #include "dxf/GroupCode.h"
 #include "dxf/Numbers.h"
 #include "dxf/SaveFailure.h"
+#include "dxf/TagCursor.h"
 
 #include <cmath>
 #include <cstring>
@@ -62,7 +63,12 @@ TagStyle TagStyle::of(const DxfSource& file) {
     }
     const bool carriageReturn = file.lineEnd() == '\n' && end > 0 && bytes[end - 1] == '\r';
     style.lineEnd = carriageReturn ? "\r\n" : std::string(1, file.lineEnd());
-    style.alignsCodes = bytes.starts_with(' ');
+    constexpr int firstWideCode = 100;
+    TagCursor cursor(file);
+    DxfTag tag;
+    while (cursor.nextUnparsed(tag) && tag.code >= firstWideCode) {
+    }
+    style.alignsCodes = file.bytes()[tag.begin] == ' ';
     return style;
 }
 

@@ -16,7 +16,7 @@ struct TagStyle {
     std::string lineEnd = "\n";
     bool alignsCodes = false; ///< codes below 100 are filled up to three characters
 
-    /// The style of the first group of a file.
+    /// The style of the first groups of a file.
     static TagStyle of(const DxfSource& file);
 };
 
