@@ -159,7 +159,7 @@ void DrawingWriter::addTableRecord(const AcDbSymbolTable& table,
     if (!text.empty()) {
         context_.addition(name) += text;
     }
-    noteNames(record);
+    noteNew(record);
 }
 
 void DrawingWriter::writeBlocks() {
@@ -193,7 +193,7 @@ void DrawingWriter::writeBlock(const AcDbBlockTableRecord& block) {
             continue;
         }
         if (isWhole) {
-            noteNames(*entity);
+            noteNew(*entity);
             updateAttributesOf(*entity);
         } else {
             writeEntity(*entity, block);
@@ -208,7 +208,7 @@ void DrawingWriter::writeEntity(const AcDbEntity& entity, const AcDbBlockTableRe
         std::string& place =
             part == nullptr ? context_.addition("ENTITIES") : context_.blockAddition(*part);
         place += records_.entity(entity);
-        noteNames(entity);
+        noteNew(entity);
     } else if (hasChanged(entity)) {
         update(entity);
     }
@@ -226,7 +226,7 @@ void DrawingWriter::updateAttributesOf(const AcDbEntity& entity) {
         if (!context_.isNew(*attribute) && hasChanged(*attribute)) {
             update(*attribute);
         } else if (context_.isNew(*attribute)) {
-            noteNames(*attribute);
+            noteNew(*attribute);
         }
     }
 }
@@ -258,7 +258,7 @@ void DrawingWriter::writeObject(const AcDbObject& object) {
         }
         return;
     }
-    noteNames(object);
+    noteNew(object);
     if (const auto* const dictionary = AcDbDictionary::cast(&object)) {
         context_.addition("OBJECTS") += records_.dictionary(*dictionary);
     } else if (const auto* const xrecord = AcDbXrecord::cast(&object)) {
@@ -269,9 +269,17 @@ void DrawingWriter::writeObject(const AcDbObject& object) {
     }
 }
 
+void DrawingWriter::noteNew(const AcDbObject& object) {
+    noteNames(object);
+    noteApplications(object);
+}
+
 void DrawingWriter::update(const AcDbObject& object) {
     if (editor_.update(object)) {
         noteNames(object);
+    }
+    if (object.ownXdata() != nullptr) {
+        noteApplications(object);
     }
 }
 
@@ -292,6 +300,9 @@ void DrawingWriter::noteNames(const AcDbObject& object) {
     if (const auto* const layer = AcDbLayerTableRecord::cast(&object)) {
         need(layer->linetypeObjectId());
     }
+}
+
+void DrawingWriter::noteApplications(const AcDbObject& object) {
     const host_db::XdataApplications& applications = context_.database().applications();
     const auto* const table = host_db::peek<AcDbSymbolTable>(context_.database().regAppTableId());
     for (const std::uint32_t application : applications.members(object.applicationSet())) {

@@ -41,7 +41,9 @@ private:
     bool hasChanged(const AcDbObject& object) const;
     bool lostEntries(const AcDbObject& object) const;
     void update(const AcDbObject& object);
+    void noteNew(const AcDbObject& object);
     void noteNames(const AcDbObject& object);
+    void noteApplications(const AcDbObject& object);
     void need(AcDbObjectId record);
     void addNeededRecords();
     void writeAdditions();

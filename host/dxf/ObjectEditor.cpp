@@ -61,13 +61,13 @@ bool ObjectEditor::update(const AcDbObject& object) {
     const SourceRange range = context_.rangeOf(object);
     const RawRecord record(context_.file(), range);
     RecordEditor editor(context_.file(), record, context_.writer(), context_.edits());
-    bool namesNew = object.ownXdata() != nullptr;
+    bool namesNew = false;
     if (const auto* const entity = AcDbEntity::cast(&object)) {
-        namesNew = updateEntity(editor, *entity, range) || namesNew;
+        namesNew = updateEntity(editor, *entity, range);
     } else if (const auto* const named = AcDbSymbolTableRecord::cast(&object)) {
         const auto before = describeTableRecord(context_.originals().tableRecord(range));
         const auto now = describeTableRecord(*named);
-        namesNew = !sameNames(before, now) || namesNew;
+        namesNew = !sameNames(before, now);
         editor.change(before, now);
     } else if (const auto* const dictionary = AcDbDictionary::cast(&object)) {
         updateDictionary(editor, *dictionary);

@@ -15,8 +15,8 @@ class ObjectEditor {
 public:
     explicit ObjectEditor(SaveContext& context) : context_(context), records_(context) {}
 
-    /// Changes what differs between the object and its record. True when the record names a record
-    /// of a table now that it did not name before.
+    /// Changes what differs between the object and its record. True when it names a layer, linetype
+    /// or style now that it did not name before.
     bool update(const AcDbObject& object);
     /// Changes name and base point in the BLOCK record of a definition.
     void updateBlockBegin(const AcDbBlockTableRecord& record, const FilePart& part);

@@ -462,9 +462,9 @@ TEST_F(SaveChanges, MovedLineChangesOneCoordinate) {
 
 TEST_F(SaveChanges, GroupsThatAreMissingComeBehindTheirNeighbours) {
     changeObject<AcDbLine>(id(0x30), [](AcDbLine& line) { line.setNormal({0.0, 1.0, 0.0}); });
-    changeObject<AcDbText>(id(0x36), [](AcDbText& text) { text.setHorizontalMode(AcDb::kTextRight); });
-    std::string expected =
-        replaced(file, " 31\n6.0\n", " 31\n6.0\n210\n0.0\n220\n1.0\n230\n0.0\n");
+    changeObject<AcDbText>(id(0x36),
+                           [](AcDbText& text) { text.setHorizontalMode(AcDb::kTextRight); });
+    std::string expected = replaced(file, " 31\n6.0\n", " 31\n6.0\n210\n0.0\n220\n1.0\n230\n0.0\n");
     // Of the extrusion the x is 0 as it was before, so two groups are enough.
     expected = replaced(expected, "210\n0.0\n220\n", "220\n");
     expected = replaced(expected, "old ^J text\n", "old ^J text\n 72\n2\n");
@@ -583,7 +583,8 @@ TEST_F(SaveChanges, ErasedEntryLeavesTheDictionary) {
     dxf_test::eraseObject(id(0x40));
     const std::size_t begin = file.find("  0\nXRECORD\n");
     const std::size_t end = file.find("  0\nTHING\n");
-    EXPECT_EQ(saved(), replaced(file.substr(0, begin) + file.substr(end), "  3\nFIRST\n350\n40\n", ""))
+    EXPECT_EQ(saved(),
+              replaced(file.substr(0, begin) + file.substr(end), "  3\nFIRST\n350\n40\n", ""))
         << "an entry for nothing stays as it stood";
 }
 
@@ -600,8 +601,8 @@ TEST_F(SaveChanges, LayerAndCurrentLayer) {
 TEST_F(SaveChanges, RenamedRecordsAreNamedSoEverywhere) {
     changeObject<AcDbLayerTableRecord>(
         id(0x11), [](AcDbLayerTableRecord& layer) { layer.setName(L"\x7BA1"); });
-    changeObject<AcDbBlockTableRecord>(
-        id(0x1D), [](AcDbBlockTableRecord& block) { block.setName(L"Pit"); });
+    changeObject<AcDbBlockTableRecord>(id(0x1D),
+                                       [](AcDbBlockTableRecord& block) { block.setName(L"Pit"); });
     std::string expected = replaced(file, "Pipes\n", "\xB9\xDC\n");
     expected = replaced(expected, "PIPES\n", "\xB9\xDC\n");
     for (const char* const standing : {"Well\n", "Well\n", "Well\n", "well\n"}) {
@@ -611,9 +612,11 @@ TEST_F(SaveChanges, RenamedRecordsAreNamedSoEverywhere) {
 }
 
 TEST_F(SaveChanges, BasePointOfADefinition) {
-    changeObject<AcDbBlockTableRecord>(
-        id(0x1D), [](AcDbBlockTableRecord& block) { block.setOrigin({1.0, 2.5, 0.0}); });
-    expect(" 10\n1.0\n 20\n2.0\n 30\n0.0\n  3\nWell\n", " 10\n1.0\n 20\n2.5\n 30\n0.0\n  3\nWell\n");
+    changeObject<AcDbBlockTableRecord>(id(0x1D), [](AcDbBlockTableRecord& block) {
+        block.setOrigin({1.0, 2.5, 0.0});
+    });
+    expect(" 10\n1.0\n 20\n2.0\n 30\n0.0\n  3\nWell\n",
+           " 10\n1.0\n 20\n2.5\n 30\n0.0\n  3\nWell\n");
 }
 
 TEST_F(SaveChanges, NewLineStandsLastAndTakesTheNextHandle) {
@@ -638,9 +641,8 @@ TEST_F(SaveChanges, NumbersThatAreNoneAreRefused) {
 }
 
 TEST_F(SaveChanges, CharactersThatThePageLacksAreEscaped) {
-    changeObject<AcDbText>(id(0x36), [](AcDbText& text) {
-        text.setTextString(L"\x6C34\x1F600\t\\U+4E00 ^");
-    });
+    changeObject<AcDbText>(
+        id(0x36), [](AcDbText& text) { text.setTextString(L"\x6C34\x1F600\t\\U+4E00 ^"); });
     // CB AE is the character of water in code page 936.
     expect("old ^J text\n", "\xCB\xAE\\U+D83D\\U+DE00^I\\U+005CU+4E00 ^ \n");
     const LoadedDrawing again = LoadedDrawing::fromBytes(saved());
@@ -665,14 +667,15 @@ TEST(SaveForms, LineEndsStay) {
 }
 
 TEST(SaveForms, EntitiesAloneStayEntitiesAlone) {
-    const std::string bare = "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\nA\n10\n0\n11\n1\n0\nENDSEC\n0\nEOF\n";
+    const std::string bare =
+        "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\nA\n10\n0\n11\n1\n0\nENDSEC\n0\nEOF\n";
     const LoadedDrawing drawing = LoadedDrawing::fromBytes(bare);
     EXPECT_EQ(savedBytes(drawing.database()), bare);
     addEntity(drawing.database().modelSpaceId(),
               new AcDbCircle({1.0, 2.0, 0.0}, {0.0, 0.0, 1.0}, 0.5));
-    EXPECT_EQ(savedBytes(drawing.database()),
-              replaced(bare, "11\n1\n",
-                       "11\n1\n0\nCIRCLE\n8\n0\n10\n1.0\n20\n2.0\n30\n0.0\n40\n0.5\n"));
+    EXPECT_EQ(
+        savedBytes(drawing.database()),
+        replaced(bare, "11\n1\n", "11\n1\n0\nCIRCLE\n8\n0\n10\n1.0\n20\n2.0\n30\n0.0\n40\n0.5\n"));
     setXdata(drawing.modelEntityId(0), L"APP", {L"x"});
     const LoadedDrawing again = LoadedDrawing::fromBytes(savedBytes(drawing.database()));
     EXPECT_EQ(dxf_test::xdataLines(*again.modelEntity<AcDbLine>(0)),

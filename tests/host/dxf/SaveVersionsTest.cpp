@@ -63,9 +63,8 @@ TEST_P(SaveVersions, ChangedEntities) {
     changeObject<AcDbBlockReference>(entity(3), [](AcDbBlockReference& reference) {
         reference.setPosition({11.0, 20.0, 0.0});
     });
-    changeObject<AcDbText>(entity(6), [](AcDbText& text) {
-        text.setTextString(L"\x6807\x9AD8 ^ \x1F600 13");
-    });
+    changeObject<AcDbText>(
+        entity(6), [](AcDbText& text) { text.setTextString(L"\x6807\x9AD8 ^ \x1F600 13"); });
     ask({"tuple(space[0].dxf.start) == (2.5, -2.25, 0.125)", "space[0].dxf.color == 6",
          "tuple(space[0].dxf.end) == (1e7, 3, 4)", "space[1].dxf.radius == 0.1",
          "space[1].dxf.start_angle == 30", "tuple(space[3].dxf.insert) == (11, 20, 0)",
@@ -154,7 +153,8 @@ TEST_P(SaveVersions, NewLayerBlockReferenceAndCurves) {
          "doc.header[\"$CLAYER\"] == \"\xE6\x96\xB0\xE5\xB1\x82\"",
          "tuple(" + at(0) + ".dxf.end) == (4, 5, 6.25)",
          at(0) + ".get_xdata(\"\xE6\x96\xB0\xE5\xBA\x94\xE7\x94\xA8\") == [(1000, \"x\")]",
-         isR12() ? at(1) + ".vertices[0].dxf.bulge == 0.5" : at(1) + "[0] == (0, 0, 0.25, 0.5, 0.5)",
+         isR12() ? at(1) + ".vertices[0].dxf.bulge == 0.5"
+                 : at(1) + "[0] == (0, 0, 0.25, 0.5, 0.5)",
          "len(" + at(2) + ".vertices) == 2", at(2) + ".is_closed == True",
          at(2) + ".vertices[0].dxf.bulge == 1.0",
          "[tuple(v.dxf.location) for v in " + at(3) + ".vertices] == [(1, 2, 3), (4, 5, 6)]",
@@ -168,16 +168,19 @@ TEST_P(SaveVersions, NewLayerBlockReferenceAndCurves) {
 
 TEST_P(SaveVersions, NewEntityInADefinitionAndInEveryLayout) {
     AcDbDatabase& database = drawing_.database();
-    addEntity(drawing_.block(L"\x68C0\x67E5\x4E95"), new AcDbLine({0.0, 0.0, 0.0}, {1.0, 0.0, 0.0}));
+    addEntity(drawing_.block(L"\x68C0\x67E5\x4E95"),
+              new AcDbLine({0.0, 0.0, 0.0}, {1.0, 0.0, 0.0}));
     for (const AcDbObjectId space : database.spaceIds()) {
         addEntity(space, new AcDbLine({5.0, 5.0, 0.0}, {6.0, 5.0, 0.0}));
     }
     std::vector<std::string> questions = {
-        "tuple(list(doc.blocks.get(\"\xE6\xA3\x80\xE6\x9F\xA5\xE4\xBA\x95\"))[-1].dxf.end) == (1, 0, 0)",
+        "tuple(list(doc.blocks.get(\"\xE6\xA3\x80\xE6\x9F\xA5\xE4\xBA\x95\"))[-1].dxf.end) == (1, "
+        "0, 0)",
         "tuple(space[-1].dxf.end) == (6, 5, 0)",
         "tuple(list(doc.layout(\"Layout1\"))[-1].dxf.end) == (6, 5, 0)"};
     if (!isR12()) {
-        questions.emplace_back("tuple(list(doc.layout(\"\xE5\xB8\x83\xE5\xB1\x80 2\"))[-1].dxf.end) == (6, 5, 0)");
+        questions.emplace_back(
+            "tuple(list(doc.layout(\"\xE5\xB8\x83\xE5\xB1\x80 2\"))[-1].dxf.end) == (6, 5, 0)");
     }
     ask(questions);
 }
@@ -221,10 +224,9 @@ TEST_P(SaveVersions, XrecordsSetAddedAndTakenOut) {
     });
     AcDbObjectId added;
     AcDbXrecord* const fresh = new AcDbXrecord;
-    changeObject<AcDbDictionary>(drawing_.database().namedObjectsDictionaryId(),
-                                 [&](AcDbDictionary& root) {
-                                     EXPECT_EQ(root.setAt(L"\x65B0", fresh, added), Acad::eOk);
-                                 });
+    changeObject<AcDbDictionary>(
+        drawing_.database().namedObjectsDictionaryId(),
+        [&](AcDbDictionary& root) { EXPECT_EQ(root.setAt(L"\x65B0", fresh, added), Acad::eOk); });
     setItems(*fresh, acutBuildList(1, L"\x6587", 90, 70000, RTNONE));
     fresh->close();
     changeObject<AcDbObject>(entity(0), [](AcDbObject& line) {
@@ -259,9 +261,9 @@ TEST(SaveNew, NewDrawingIsCompleteForAnotherLibrary) {
     addEntity(database.spaceIds()[1], new AcDbLine({0.0, 0.0, 0.0}, {1.0, 1.0, 0.0}));
     AcDbObjectId record;
     auto* const fresh = new AcDbXrecord;
-    changeObject<AcDbDictionary>(
-        database.namedObjectsDictionaryId(),
-        [&](AcDbDictionary& root) { ASSERT_EQ(root.setAt(L"SET", fresh, record), Acad::eOk); });
+    changeObject<AcDbDictionary>(database.namedObjectsDictionaryId(), [&](AcDbDictionary& root) {
+        ASSERT_EQ(root.setAt(L"SET", fresh, record), Acad::eOk);
+    });
     setItems(*fresh, acutBuildList(8, L"500", RTNONE));
     fresh->close();
     askAnother(database, "new",

@@ -77,9 +77,8 @@ AcDbObjectId addEntity(AcDbObjectId block, AcDbEntity* entity) {
 
 AcDbObjectId addRecord(AcDbObjectId table, AcDbSymbolTableRecord* record) {
     AcDbObjectId id;
-    changeObject<AcDbSymbolTable>(table, [&](AcDbSymbolTable& opened) {
-        EXPECT_EQ(opened.add(id, record), Acad::eOk);
-    });
+    changeObject<AcDbSymbolTable>(
+        table, [&](AcDbSymbolTable& opened) { EXPECT_EQ(opened.add(id, record), Acad::eOk); });
     record->close();
     return id;
 }
