@@ -16,6 +16,7 @@
 #include "dxf/TagCursor.h"
 #include "platform/WideCharacters.h"
 
+#include <algorithm>
 #include <memory>
 
 namespace host_dxf {
@@ -137,37 +138,47 @@ void ObjectEditor::updateAttributes(const AcDbBlockReference& reference) {
     }
 }
 
-void ObjectEditor::updateDictionary(RecordEditor& editor, const AcDbDictionary& dictionary) {
-    std::vector<AcDbDictionary::Entry> missing;
+std::vector<AcDbDictionary::Entry>
+ObjectEditor::livingEntries(const AcDbDictionary& dictionary) const {
+    std::vector<AcDbDictionary::Entry> living;
     for (const AcDbDictionary::Entry& entry : dictionary.entries()) {
         const AcDbObject* const object = context_.objectOf(entry.id);
         if (object == nullptr || !context_.isGone(*object)) {
-            missing.push_back(entry);
+            living.push_back(entry); // what the host knows nothing of is no business of its
         }
     }
+    return living;
+}
+
+void ObjectEditor::updateEntry(RecordEditor& editor, const DxfTag& name, const DxfTag& entered,
+                               std::vector<AcDbDictionary::Entry>& wanted) {
+    const std::wstring decoded = context_.decoder().decode(name.text);
+    const auto found = std::find_if(wanted.begin(), wanted.end(), [&decoded](const auto& entry) {
+        return isNamed(entry, decoded);
+    });
+    if (found == wanted.end()) {
+        if (!context_.isStandIn()) {
+            editor.drop(name);
+            editor.drop(entered);
+        }
+        return;
+    }
+    const std::uint64_t handle = found->id.handle().value();
+    if (handle != handleOf(entered)) {
+        overwriteGroup(context_.file(), entered, {entered.code, HandleValue{handle}},
+                       context_.writer(), context_.edits());
+    }
+    wanted.erase(found);
+}
+
+void ObjectEditor::updateDictionary(RecordEditor& editor, const AcDbDictionary& dictionary) {
+    std::vector<AcDbDictionary::Entry> missing = livingEntries(dictionary);
     std::size_t place = editor.fieldsEnd();
     int code = 350;
     for (const StandingEntry& standing : standingEntries(editor.record())) {
-        const std::wstring name = context_.decoder().decode(standing.name->text);
-        const auto wanted =
-            std::find_if(missing.begin(), missing.end(),
-                         [&name](const auto& entry) { return isNamed(entry, name); });
         place = standing.object->end;
         code = standing.object->code;
-        if (wanted == missing.end()) {
-            if (!context_.isStandIn()) {
-                editor.drop(*standing.name);
-                editor.drop(*standing.object);
-            }
-            continue;
-        }
-        const std::uint64_t handle = wanted->id.handle().value();
-        if (handle != handleOf(*standing.object)) {
-            overwriteGroup(context_.file(), *standing.object,
-                           {standing.object->code, HandleValue{handle}}, context_.writer(),
-                           context_.edits());
-        }
-        missing.erase(wanted);
+        updateEntry(editor, *standing.name, *standing.object, missing);
     }
     for (const AcDbDictionary::Entry& entry : missing) {
         if (entry.id.isValid()) {

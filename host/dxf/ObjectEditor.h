@@ -1,11 +1,13 @@
 #pragma once
 
+#include "database/AcDbDictionary.h"
 #include "dxf/RecordWriter.h"
 #include "dxf/SaveContext.h"
 
+#include <vector>
+
 class AcDbBlockReference;
 class AcDbBlockTableRecord;
-class AcDbDictionary;
 class AcDbXrecord;
 
 namespace host_dxf {
@@ -30,6 +32,9 @@ private:
     void updateVertices(const AcDbEntity& now, const AcDbEntity& before, const SourceRange& range);
     void updateAttributes(const AcDbBlockReference& reference);
     void updateDictionary(RecordEditor& editor, const AcDbDictionary& dictionary);
+    std::vector<AcDbDictionary::Entry> livingEntries(const AcDbDictionary& dictionary) const;
+    void updateEntry(RecordEditor& editor, const DxfTag& name, const DxfTag& entered,
+                     std::vector<AcDbDictionary::Entry>& wanted);
     void updateXrecord(RecordEditor& editor, const AcDbXrecord& xrecord);
     void eraseRange(const SourceRange& range);
     std::size_t lastRecordBegin(const SourceRange& range) const;

@@ -220,13 +220,20 @@ void RecordEditor::changeList(const FieldList& before, const FieldList& after, s
     if (start == before.elements.size() && start == wanted.size()) {
         return;
     }
-    if (before.scattered || places.size() != before.elements.size()) {
+    if (before.scattered || places.empty() || places.size() != before.elements.size()) {
         rewriteList(before, after, anchor);
         return;
     }
     const bool statesWidths = spreadWidths(wanted);
-    const std::size_t end = commonEnd(before.elements, wanted, start);
-    const std::size_t old = before.elements.size();
+    changeElements(places, before.elements, wanted, start, statesWidths);
+}
+
+void RecordEditor::changeElements(const std::vector<Element>& places,
+                                  const std::vector<Fields>& before,
+                                  const std::vector<Fields>& wanted, std::size_t start,
+                                  bool statesWidths) {
+    const std::size_t end = commonEnd(before, wanted, start);
+    const std::size_t old = before.size();
     const std::size_t oldMiddle = old - end - start;
     const std::size_t newMiddle = wanted.size() - end - start;
     const std::size_t paired = std::min(oldMiddle, newMiddle);
@@ -235,12 +242,11 @@ void RecordEditor::changeList(const FieldList& before, const FieldList& after, s
         const bool inEnd = i >= start + paired;
         const std::size_t from = inEnd ? i + oldMiddle - paired : i;
         const std::size_t to = inEnd ? i + newMiddle - paired : i;
-        changeElement(places[from], before.elements[from], wanted[to], statesWidths);
+        changeElement(places[from], before[from], wanted[to], statesWidths);
     }
     const std::size_t first = start + paired;
-    const std::size_t place =
-        first == 0 ? (places.empty() ? anchor : record_.groups[places[0].first].tag.begin)
-                   : record_.groups[places[first - 1].last - 1].tag.end;
+    const std::size_t place = first == 0 ? record_.groups[places[0].first].tag.begin
+                                         : record_.groups[places[first - 1].last - 1].tag.end;
     const std::span<const Fields> added(wanted.data() + first, newMiddle - paired);
     if (oldMiddle > paired) {
         replaceGroups(places[first].first, places[first + oldMiddle - paired - 1].last, place,

@@ -64,6 +64,8 @@ private:
     bool isInList(const FieldList& list, const RawRecord::Group& group) const;
     std::vector<Element> elementsOf(const FieldList& list) const;
     void changeList(const FieldList& before, const FieldList& after, std::size_t anchor);
+    void changeElements(const std::vector<Element>& places, const std::vector<Fields>& before,
+                        const std::vector<Fields>& wanted, std::size_t start, bool statesWidths);
     void rewriteList(const FieldList& before, const FieldList& after, std::size_t anchor);
     void changeElement(const Element& place, const Fields& before, const Fields& after,
                        bool statesWidths);
