@@ -22,6 +22,8 @@ public:
     AcApDocument* mdiActiveDocument() const { return current_; }
     /// The document of a database; nullptr when it has none.
     AcApDocument* document(const AcDbDatabase* database) const;
+    /// The document is one of the open ones; any pointer may be asked about.
+    bool isOpen(const AcApDocument* document) const { return has(document); }
     int documentCount() const { return static_cast<int>(documents_.size()); }
     /// A walk over the open documents, deleted by the caller.
     AcApDocumentIterator* newAcApDocumentIterator() const;

@@ -5,7 +5,12 @@
 #include <algorithm>
 
 AcApDocument::AcApDocument(std::unique_ptr<AcDbDatabase> database, std::string path)
-    : database_(std::move(database)), fileName_(host_text::fromUtf8(path)) {
+    : database_(std::move(database)) {
+    setPath(path);
+}
+
+void AcApDocument::setPath(const std::string& path) {
+    fileName_ = CString(host_text::fromUtf8(path));
     const std::size_t folder = path.find_last_of("/\\");
     const std::string name = folder == std::string::npos ? path : path.substr(folder + 1);
     title_ = name.empty() ? CString(L"Drawing") : CString(host_text::fromUtf8(name));

@@ -35,6 +35,9 @@ public:
     /// The strongest lock held, kNotLocked without one.
     AcAp::DocLockMode lockMode() const;
 
+    /// Takes the path of the file that the drawing was written to.
+    void setPath(const std::string& path);
+
 private:
     friend class AcApDocManager;
 

@@ -2,6 +2,7 @@
 
 #include "application/AcApDocManager.h"
 #include "dxf/LoadDxf.h"
+#include "dxf/SaveDxf.h"
 
 namespace host {
 
@@ -18,9 +19,16 @@ AcApDocument* openDocument(const std::string& path, std::string& error) {
     return acDocManager()->adopt(std::make_unique<AcApDocument>(std::move(database), path));
 }
 
-bool saveDocument(AcApDocument* /*document*/, const std::string& /*path*/, std::string& error) {
-    error = "saving drawings is not available in this build";
-    return false;
+bool saveDocument(AcApDocument* document, const std::string& path, std::string& error) {
+    if (!acDocManager()->isOpen(document)) {
+        error = path + ": cannot save: the document is not open";
+        return false;
+    }
+    if (!host_dxf::saveDrawing(*document->database(), path, error)) {
+        return false;
+    }
+    document->setPath(path);
+    return true;
 }
 
 void closeDocument(AcApDocument* document) {

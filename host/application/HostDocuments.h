@@ -14,8 +14,9 @@ AcApDocument* newDocument();
 /// failure nullptr, and `error` is one line that names file, line and cause; nothing else changes.
 AcApDocument* openDocument(const std::string& path, std::string& error);
 
-/// Writes the document's drawing to a file. On failure false and a one-line reason in `error`.
-/// This build reads drawings only: it gives false and says so.
+/// Writes the document's drawing to a file, which is replaced in one step; `path` is UTF-8 and
+/// becomes the document's. What did not change since the drawing was read stays as it stood, byte
+/// by byte. On failure false, one line in `error` that names file and cause, and the old file.
 bool saveDocument(AcApDocument* document, const std::string& path, std::string& error);
 
 /// Closes a document and deletes its drawing; another open one becomes the current one. A null or

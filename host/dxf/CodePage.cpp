@@ -132,6 +132,21 @@ void CodePage::decode(std::string_view bytes, std::wstring& text) const {
     }
 }
 
+std::vector<CodePage::Character> CodePage::characters() const {
+    std::vector<Character> all;
+    for (std::size_t code = firstUpper; code < single_.size(); ++code) {
+        if (single_[code] != noCharacter) {
+            all.push_back({single_[code], static_cast<std::uint16_t>(code)});
+        }
+    }
+    for (std::size_t code = 0; code < pairs_.size(); ++code) {
+        if (pairs_[code] != noCharacter) {
+            all.push_back({pairs_[code], static_cast<std::uint16_t>(code)});
+        }
+    }
+    return all;
+}
+
 std::string converterNameFor(std::string_view dwgCodePage) {
     const std::string name = upperCase(dwgCodePage);
     for (const NamedPage& page : namedPages) {

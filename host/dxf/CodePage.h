@@ -23,6 +23,14 @@ public:
     /// True when the page knows at least one character beyond ASCII.
     bool isKnown() const { return known_; }
 
+    /// A character beyond ASCII and its code: one byte, or lead * 256 + trail.
+    struct Character {
+        char16_t unit = 0;
+        std::uint16_t code = 0;
+    };
+    /// All characters beyond ASCII, those of one byte first, then by ascending code.
+    std::vector<Character> characters() const;
+
 private:
     void addPairs(void* converter, unsigned lead);
 

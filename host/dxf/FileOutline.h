@@ -39,6 +39,10 @@ struct FileOutline {
     std::string version;          ///< $ACADVER, empty when the file has none
     std::string codePage;         ///< $DWGCODEPAGE, empty when the file has none
     std::uint64_t handleSeed = 0; ///< $HANDSEED, 0 when the file has none
+    bool hasHandles = false;      ///< at least one record has a handle
+    /// Number of the database's objects when the file was read. Of those, the ones without bytes
+    /// stand for what the file leaves unsaid; later ones were made by the user.
+    std::size_t objectCount = 0;
 };
 
 } // namespace host_dxf

@@ -4,6 +4,7 @@
 #include "dxf/DxfTag.h"
 #include "dxf/TextDecoder.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 
@@ -24,6 +25,8 @@ public:
     /// hold is left out; it stays in the file's bytes.
     void add(const DxfTag& tag);
 
+    /// Number of items so far.
+    std::size_t count() const { return items_.size(); }
     /// The items so far; the collector is empty afterwards.
     host_db::ResultItems take();
 

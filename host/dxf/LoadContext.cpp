@@ -34,13 +34,15 @@ const DxfTag* handleTag(const DxfRecord& record) {
 
 } // namespace
 
-LoadContext::LoadContext(AcDbDatabase& database, DxfDrawingSource& source, const FileSurvey& survey)
+LoadContext::LoadContext(AcDbDatabase& database, const DxfDrawingSource& source,
+                         const FileSurvey& survey)
     : database_(database), survey_(survey), file_(source.file()), decoder_(source.decoder()),
       reader_(source.file()), builder_(database) {
     builder_.setHandleSeed(std::max(survey.handleSeed, survey.highestHandle + 1));
     outline_.version = survey.version;
     outline_.codePage = survey.codePage;
     outline_.handleSeed = survey.handleSeed;
+    outline_.hasHandles = survey.highestHandle != 0;
 }
 
 CString LoadContext::decodeText(std::string_view bytes) const {

@@ -21,7 +21,7 @@ public:
     using Table = host_db::DatabaseBuilder::Table;
 
     /// `source` belongs to the database and outlives the context.
-    LoadContext(AcDbDatabase& database, DxfDrawingSource& source, const FileSurvey& survey);
+    LoadContext(AcDbDatabase& database, const DxfDrawingSource& source, const FileSurvey& survey);
 
     RecordReader& reader() { return reader_; }
     const DxfSource& file() const { return file_; }

@@ -95,6 +95,7 @@ std::unique_ptr<AcDbDatabase> loadFrom(const std::shared_ptr<const DxfSource>& f
     LoadContext context(*database, shared, survey);
     context.builder().setSource(std::move(source));
     loadSections(context);
+    context.outline().objectCount = database->objects().size();
     shared.setOutline(std::move(context.outline()));
     shared.setApplicationNames(context.applicationNames());
     return database;

@@ -82,6 +82,28 @@ bool isHexBytes(std::string_view text) {
            });
 }
 
+std::string realText(double value) {
+    char digits[32];
+    const auto end = std::to_chars(digits, digits + sizeof digits, value).ptr;
+    std::string text(digits, end);
+    if (text.find('.') == std::string::npos) {
+        const std::size_t exponent = text.find('e');
+        text.insert(exponent == std::string::npos ? text.size() : exponent, ".0");
+    }
+    return text;
+}
+
+std::string handleText(std::uint64_t handle) {
+    constexpr int hexadecimal = 16;
+    char digits[17];
+    const auto end = std::to_chars(digits, digits + sizeof digits, handle, hexadecimal).ptr;
+    std::string text(digits, end);
+    std::transform(text.begin(), text.end(), text.begin(), [](char digit) {
+        return digit >= 'a' ? static_cast<char>(digit - 'a' + 'A') : digit;
+    });
+    return text;
+}
+
 int hexDigit(wchar_t digit) {
     if (digit >= L'0' && digit <= L'9') {
         return digit - L'0';

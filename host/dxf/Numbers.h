@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace host_dxf {
@@ -22,6 +23,13 @@ bool parseHandle(std::string_view text, std::uint64_t& value);
 
 /// True for an even number of hexadecimal digits, blanks at both ends allowed.
 bool isHexBytes(std::string_view text);
+
+/// The shortest text that reads back as exactly this number, always with a decimal point. The
+/// number must be finite.
+std::string realText(double value);
+
+/// The number as upper-case hexadecimal text without leading zeros.
+std::string handleText(std::uint64_t handle);
 
 /// The value 0 to 15 of a hexadecimal digit, -1 for any other character.
 int hexDigit(wchar_t digit);

@@ -1,78 +1,54 @@
 #include "dxf/RecordReader.h"
 
+#include "dxf/RecordSorter.h"
+
 namespace host_dxf {
 
 namespace {
 
-constexpr int subclassMarker = 100;
-constexpr int embeddedObjectMarker = 101;
-constexpr int bracketCode = 102;
 constexpr int applicationCode = 1001;
-constexpr int firstXdataCode = 1000;
 constexpr int ownedHandleCode = 360;
 
-} // namespace
-
-/// Sorts the groups of one record into the parts that DxfRecord names.
-class RecordReader::Sorter {
+/// Puts the groups of one record into the parts that DxfRecord names.
+class RecordFiller {
 public:
-    explicit Sorter(DxfRecord& record) : record_(record) {}
+    explicit RecordFiller(DxfRecord& record) : record_(record), sorter_(record.type) {}
 
     void add(const DxfTag& tag) {
-        if (tag.code == applicationCode) {
-            part_ = Part::Xdata;
-            record_.applications.push_back(tag);
-            noteFirstApplication(tag);
-        } else if (part_ == Part::Xdata && tag.code >= firstXdataCode) {
-            return;
-        } else if (part_ == Part::XrecordData) {
+        switch (sorter_.next(tag)) {
+        case RecordPart::Fields:
+        case RecordPart::XrecordData:
             record_.tags.push_back(tag);
-        } else {
-            addField(tag);
+            break;
+        case RecordPart::Bracket:
+            if (sorter_.inExtensionDictionary() && tag.code == ownedHandleCode) {
+                record_.extensionDictionary = handleOf(tag);
+            }
+            break;
+        case RecordPart::Xdata:
+            addApplication(tag);
+            break;
+        case RecordPart::Embedded:
+            break;
         }
     }
 
 private:
-    enum class Part { Fields, Bracket, Embedded, Xdata, XrecordData };
-
-    void noteFirstApplication(const DxfTag& tag) {
+    void addApplication(const DxfTag& tag) {
+        if (tag.code != applicationCode) {
+            return;
+        }
+        record_.applications.push_back(tag);
         if (record_.applications.size() == 1) {
             record_.range.xdataOffset = static_cast<std::uint32_t>(tag.begin - record_.range.begin);
         }
     }
 
-    void addField(const DxfTag& tag) {
-        if (tag.code == bracketCode) {
-            enterOrLeaveBracket(tag);
-            return;
-        }
-        if (tag.code == embeddedObjectMarker) {
-            part_ = Part::Embedded;
-        } else if (tag.code == subclassMarker) {
-            // An unclosed bracket ends here at the latest: markers never stand inside one.
-            const bool xrecord = record_.is("XRECORD") && tag.text == "AcDbXrecord";
-            part_ = xrecord ? Part::XrecordData : Part::Fields;
-        }
-        if (part_ == Part::Bracket) {
-            const bool dictionary = inExtensionDictionary_ && tag.code == ownedHandleCode;
-            record_.extensionDictionary = dictionary ? handleOf(tag) : record_.extensionDictionary;
-        } else if (part_ != Part::Embedded) {
-            record_.tags.push_back(tag);
-        }
-    }
-
-    void enterOrLeaveBracket(const DxfTag& tag) {
-        if (part_ == Part::Embedded) {
-            return;
-        }
-        part_ = tag.text.starts_with('{') ? Part::Bracket : Part::Fields;
-        inExtensionDictionary_ = tag.text == "{ACAD_XDICTIONARY";
-    }
-
     DxfRecord& record_;
-    Part part_ = Part::Fields;
-    bool inExtensionDictionary_ = false;
+    RecordSorter sorter_;
 };
+
+} // namespace
 
 RecordReader::RecordReader(const DxfSource& source) : cursor_(source) {
     advance();
@@ -81,6 +57,10 @@ RecordReader::RecordReader(const DxfSource& source) : cursor_(source) {
 RecordReader::RecordReader(const DxfSource& source, const FilePosition& start)
     : cursor_(source, start.offset, source.bytes().size(), start.line) {
     advance();
+}
+
+void RecordReader::moveTo(const DxfSource& source, const FilePosition& start) {
+    *this = RecordReader(source, start);
 }
 
 void RecordReader::advance() {
@@ -109,12 +89,12 @@ void RecordReader::read(DxfRecord& record) {
     record.tags.clear();
     record.applications.clear();
     record.extensionDictionary = 0;
-    Sorter sorter(record);
+    RecordFiller filler(record);
     for (advance(); next_.code != 0; advance()) {
         if (next_.code == endOfFile) {
             failExpecting("group 0");
         }
-        sorter.add(next_);
+        filler.add(next_);
     }
     record.range.end = next_.begin;
 }

@@ -32,8 +32,10 @@ public:
     /// Throws DxfFailure at the next group: `expected` was to come.
     [[noreturn]] void failExpecting(const std::string& expected) const;
 
+    /// Goes on from a group 0 at `start`.
+    void moveTo(const DxfSource& source, const FilePosition& start);
+
 private:
-    class Sorter;
     void advance();
 
     TagCursor cursor_;

@@ -34,14 +34,14 @@ std::string groupName(int code) {
 } // namespace
 
 TagCursor::TagCursor(const DxfSource& source)
-    : source_(source), bytes_(source.bytes()), offset_(source.firstOffset()), line_(1) {}
+    : source_(&source), bytes_(source.bytes()), offset_(source.firstOffset()), line_(1) {}
 
 TagCursor::TagCursor(const DxfSource& source, std::size_t begin, std::size_t end, std::size_t line)
-    : source_(source), bytes_(source.bytes().substr(0, end)),
+    : source_(&source), bytes_(source.bytes().substr(0, end)),
       offset_(begin < bytes_.size() ? begin : bytes_.size()), line_(line) {}
 
 bool TagCursor::next(DxfTag& tag) {
-    if (!source_.isText()) {
+    if (!source_->isText()) {
         return nextBinary(tag);
     }
     const bool found = nextText(tag);
@@ -52,17 +52,17 @@ bool TagCursor::next(DxfTag& tag) {
 }
 
 bool TagCursor::nextUnparsed(DxfTag& tag) {
-    return source_.isText() ? nextText(tag) : nextBinary(tag);
+    return source_->isText() ? nextText(tag) : nextBinary(tag);
 }
 
 FilePosition TagCursor::position() const {
-    return {source_.isText() ? line_ : 0, offset_};
+    return {source_->isText() ? line_ : 0, offset_};
 }
 
 std::string_view TagCursor::takeLine() {
     const char* const start = bytes_.data() + offset_;
     const std::size_t left = bytes_.size() - offset_;
-    const void* const found = std::memchr(start, source_.lineEnd(), left);
+    const void* const found = std::memchr(start, source_->lineEnd(), left);
     const std::size_t length =
         found == nullptr ? left : static_cast<std::size_t>(static_cast<const char*>(found) - start);
     offset_ += found == nullptr ? left : length + 1;
@@ -151,7 +151,7 @@ std::string_view TagCursor::takeTerminated(std::size_t begin) {
 
 int TagCursor::takeCode(std::size_t begin) {
     constexpr int escape = 255;
-    if (source_.form() == FileForm::BinaryShortCodes) {
+    if (source_->form() == FileForm::BinaryShortCodes) {
         const int code = littleEndian<std::uint8_t>(takeBytes(1, begin));
         if (code != escape) {
             return code;

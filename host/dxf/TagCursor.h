@@ -45,7 +45,7 @@ private:
     std::string_view takeTerminated(std::size_t begin);
     void takeBinaryValue(DxfTag& tag);
 
-    const DxfSource& source_;
+    const DxfSource* source_;
     std::string_view bytes_; ///< cut at the end of the range
     std::size_t offset_;
     std::size_t line_;

@@ -24,6 +24,8 @@ public:
     std::wstring decode(std::string_view bytes) const;
 
     bool isUtf8() const { return utf8_; }
+    /// The drawing's code page; nullptr when its texts are UTF-8.
+    const CodePage* page() const { return page_ ? &*page_ : nullptr; }
 
 private:
     struct LazyPage {

@@ -77,10 +77,22 @@ TEST_F(DocumentTest, AMissingFileLeavesEverythingAsItWas) {
     EXPECT_EQ(acDocManager()->documentCount(), 1);
 }
 
-TEST_F(DocumentTest, SavingSaysThatItCannot) {
+TEST_F(DocumentTest, ASavedDocumentBearsTheNameOfItsFile) {
+    const std::string path = testing::TempDir() + "tkvlt_document_test_saved.dxf";
+    AcApDocument* document = host::newDocument();
     std::string error;
-    EXPECT_FALSE(host::saveDocument(host::newDocument(), "x.dxf", error));
-    EXPECT_EQ(error, "saving drawings is not available in this build");
+    ASSERT_TRUE(host::saveDocument(document, path, error)) << error;
+    EXPECT_STREQ(document->docTitle(), L"tkvlt_document_test_saved.dxf");
+    AcApDocument* again = host::openDocument(path, error);
+    std::filesystem::remove(path);
+    ASSERT_NE(again, nullptr) << error;
+    EXPECT_EQ(again->database()->spaceIds().size(), 2U);
+}
+
+TEST_F(DocumentTest, WhatIsNotOpenCannotBeSaved) {
+    std::string error;
+    EXPECT_FALSE(host::saveDocument(nullptr, "x.dxf", error));
+    EXPECT_EQ(error, "x.dxf: cannot save: the document is not open");
 }
 
 TEST_F(DocumentTest, LocksAreGivenBackAsOftenAsTaken) {
