@@ -55,7 +55,7 @@ class SegmentsTest(PipenetTest):
         run = self.run_program("segments", self.write(with_other_kinds()), "--pipes", "B1,D1")
         self.assert_done(run)
         rows = [line.split() for line in run.out.splitlines()]
-        self.assertEqual(rows[-2], ["0", "gravity", "污水", "A1", "A2", "19.00", "DN300", "B1"])
+        self.assertEqual(rows[-2], ["0", "gravity", "污水", "A2", "A1", "19.00", "DN300", "B1"])
         self.assertEqual(rows[-1], ["1", "pressure", "给水", "9.00", "DN300", "D1"])
 
     def test_bad_handles(self):

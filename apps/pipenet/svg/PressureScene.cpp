@@ -7,6 +7,7 @@
 #include <array>
 #include <cmath>
 #include <fmt/format.h>
+#include <limits>
 #include <numbers>
 
 namespace pipenet {
@@ -20,23 +21,39 @@ constexpr double kQuarterTurn = kFullTurn / 4.0;
 constexpr std::array<const char*, 6> kSizeColours = {"#35B779", "#1F9E89", "#26828E",
                                                      "#31688E", "#443A83", "#440154"};
 
-/// The angle from `from` to `to` about the arc's centre, along the arc's own direction.
-double turnBetween(const AcGeCircArc3d& arc, const AcGePoint3d& from, const AcGePoint3d& to) {
-    const AcGePoint3d center = arc.center();
-    const double angle = std::atan2(to.y - center.y, to.x - center.x) -
-                         std::atan2(from.y - center.y, from.x - center.x);
-    const double along = arc.normal().z < 0.0 ? -angle : angle;
-    return along <= 0.0 ? along + kFullTurn : along;
+/// The part of a circle from one place to another: signed turn, positive counter-clockwise.
+struct Turn {
+    PlanPoint center;
+    double radius;
+    double firstAngle;
+    double turn;
+
+    PlanPoint at(double part) const {
+        const double angle = firstAngle + turn * part;
+        return {center.x + radius * std::cos(angle), center.y + radius * std::sin(angle)};
+    }
+};
+
+/// How far the middle of the turn lies from the pipes of the run.
+double distanceToPipes(const Turn& turn, const PressureSeg& seg) {
+    double least = std::numeric_limits<double>::infinity();
+    for (int i = 0; i < seg.pipeIds.length(); ++i) {
+        least = std::min(least, distance(planCurve(seg.pipeIds[i]), turn.at(0.5)));
+    }
+    return least;
 }
 
-/// The turn from the run's start to its end, positive counter-clockwise. A run that was merged from
-/// pieces may have its ends against the direction of its arc.
-double turnOf(const PressureSeg& seg) {
-    const double along = turnBetween(seg.arc, seg.startPoint, seg.endPoint);
-    const double against = kFullTurn - along;
-    const double sweep = seg.arc.sweepAng();
-    const double turn = std::abs(along - sweep) <= std::abs(against - sweep) ? along : -against;
-    return seg.arc.normal().z < 0.0 ? -turn : turn;
+/// The way from the run's start to its end along its pipes. The arc of a piece that was cut off
+/// reaches the other way round the circle, so the pipes themselves tell.
+Turn turnOf(const PressureSeg& seg) {
+    const PlanPoint center = inPlan(seg.arc.center());
+    const double first = std::atan2(seg.startPoint.y - center.y, seg.startPoint.x - center.x);
+    const double last = std::atan2(seg.endPoint.y - center.y, seg.endPoint.x - center.x);
+    const double left = last - first + (last <= first ? kFullTurn : 0.0);
+    const Turn turnsLeft{center, seg.arc.radius(), first, left};
+    const Turn turnsRight{center, seg.arc.radius(), first, left - kFullTurn};
+    return distanceToPipes(turnsLeft, seg) <= distanceToPipes(turnsRight, seg) ? turnsLeft
+                                                                               : turnsRight;
 }
 
 /// The run's own curve: a piece cut off an entity is not the whole entity.
@@ -47,17 +64,13 @@ PlanCurve runCurve(const PressureSeg& seg) {
         curve.steps.push_back({inPlan(seg.endPoint), 0.0});
         return curve;
     }
-    const double turn = turnOf(seg);
-    const int pieces =
-        std::max(1, static_cast<int>(std::ceil(std::abs(turn) / kQuarterTurn - 1e-9)));
-    const PlanPoint center = inPlan(seg.arc.center());
-    const double first = std::atan2(curve.start.y - center.y, curve.start.x - center.x);
+    const Turn turn = turnOf(seg);
+    const double quarters = std::abs(turn.turn) / kQuarterTurn;
+    const int pieces = std::max(1, static_cast<int>(std::ceil(quarters - 1e-9)));
     for (int piece = 1; piece <= pieces; ++piece) {
-        const double angle = first + turn * piece / pieces;
-        const PlanPoint end{center.x + seg.arc.radius() * std::cos(angle),
-                            center.y + seg.arc.radius() * std::sin(angle)};
-        curve.steps.push_back(
-            {piece == pieces ? inPlan(seg.endPoint) : end, std::tan(turn / pieces / 4.0)});
+        const PlanPoint end =
+            piece == pieces ? inPlan(seg.endPoint) : turn.at(static_cast<double>(piece) / pieces);
+        curve.steps.push_back({end, std::tan(turn.turn / pieces / 4.0)});
     }
     return curve;
 }
