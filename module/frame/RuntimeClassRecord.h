@@ -11,7 +11,7 @@ inline constexpr unsigned kNoSchema = 0xFFFF;
 
 /// A run-time class record with dynamic identity and without dynamic creation.
 constexpr CRuntimeClass RuntimeClassRecord(const char* name, std::size_t size,
-                                        CRuntimeClass* (*baseClass)()) {
+                                           CRuntimeClass* (*baseClass)()) {
     return CRuntimeClass{name, static_cast<int>(size), kNoSchema, nullptr, baseClass, nullptr};
 }
 
