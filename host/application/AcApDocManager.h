@@ -47,6 +47,9 @@ public:
     /// eLockViolation when a lock of one's own stands in the way.
     Acad::ErrorStatus lockByAnother(AcApDocument* document, AcAp::DocLockMode mode);
 
+    /// Locks held and not given back, over all documents.
+    std::size_t lockCount() const;
+
     /// Takes a document in and makes it the current one.
     AcApDocument* adopt(std::unique_ptr<AcApDocument> document);
     /// Closes a document and deletes its drawing; the one opened last of the rest becomes current.

@@ -35,7 +35,6 @@ public:
     const ACHAR* docTitle() const { return title_; }
     /// The strongest lock held, kNotLocked without one.
     AcAp::DocLockMode lockMode() const;
-    AcAp::DocLockMode myLockMode() const { return lockMode(); }
     /// Number of locks held and not given back.
     std::size_t lockCount() const { return locks_.size(); }
     /// What another holds on the document, kNotLocked for nothing.

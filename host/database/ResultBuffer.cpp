@@ -171,25 +171,35 @@ int acutRelRb(resbuf* chain) {
     return RTNORM;
 }
 
-resbuf* acutBuildList(int type, ...) {
-    resbuf* head = nullptr;
-    resbuf** tail = &head;
-    va_list arguments;
-    va_start(arguments, type);
+namespace host_db {
+
+bool buildList(int type, va_list& arguments, resbuf*& chain) {
+    chain = nullptr;
+    resbuf** tail = &chain;
     while (type != 0 && type != RTNONE) {
-        const host_db::ValueKind kind = host_db::valueKind(type);
-        if (kind == host_db::ValueKind::Unknown) {
-            acutRelRb(head);
-            head = nullptr;
-            break;
+        const ValueKind kind = valueKind(type);
+        if (kind == ValueKind::Unknown) {
+            acutRelRb(chain);
+            chain = nullptr;
+            return false;
         }
         *tail = acutNewRb(type == RTDXF0 ? 0 : type);
-        host_db::takeArgument(**tail, kind, arguments);
+        takeArgument(**tail, kind, arguments);
         tail = &(*tail)->rbnext;
         type = va_arg(arguments, int);
     }
+    return true;
+}
+
+} // namespace host_db
+
+resbuf* acutBuildList(int type, ...) {
+    va_list arguments;
+    va_start(arguments, type);
+    resbuf* chain = nullptr;
+    host_db::buildList(type, arguments, chain);
     va_end(arguments);
-    return head;
+    return chain;
 }
 
 int acutNewString(const ACHAR* source, ACHAR*& target) {

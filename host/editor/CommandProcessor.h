@@ -15,7 +15,8 @@
 ///   the current space. Then picks, closed by "": of the picked line, arc, circle or lightweight
 ///   polyline the part around the picked place goes, up to the nearest cuts on either side, or to
 ///   the end. Cuts are where object and edge cross in plan (the XY plane of the UCS). A pick that
-///   no edge crosses, or of another kind of entity, is passed over.
+///   no edge crosses, of another kind of entity or on a locked layer is passed over; a circle or a
+///   closed polyline takes two cuts.
 /// - "break": an entity (name, pick, or a set of one), first and second point; "@" as the second is
 ///   the first again. Each point counts at the nearest place of the object; the part between them
 ///   goes, with one place twice the object is parted there. A pick with a point has given the first
@@ -34,9 +35,10 @@
 ///
 /// RTNORM when everything was carried out. RTERROR: an unknown command, or one that was malformed
 /// (a wrong code, a missing argument, the name of no entity, input behind a command's end that is
-/// no command), that the drawing refused (an object is open, the document is locked by another,
-/// the layer is locked), or that would leave nothing of an object or break a circle at one place;
-/// no drawing. Such a command has changed nothing; those before it in the same list stay done and
+/// no command), that the drawing refused (an object is open, the document is locked by another, the
+/// layer of what is to be broken is locked), a break that would leave nothing, that would part a
+/// circle or an open curve's end at one place, or of another kind of entity; no drawing. A list with
+/// a code that commands do not know or the name of no entity or set is not begun at all. Such a command has changed nothing; those before it in the same list stay done and
 /// those behind it are not begun. No input at all, acedCommand(0), cancels what is being typed.
 ///
 /// A command that was begun by typing (see acedGetAcadDockCmdLine) takes the input first. Without
