@@ -47,7 +47,7 @@ AcGeVector3d normalOf(const CurvePiece& piece) {
 }
 
 /// The normal of a plane in which places that the two share in space can be told: that of an arc,
-/// unless the other is a segment across it; else one along both segments.
+/// unless the other is a segment across it; of two segments one that both lie along.
 AcGeVector3d viewNormal(const CurvePiece& first, const CurvePiece& second) {
     const bool firstIsArc = std::holds_alternative<ArcPiece>(first);
     const bool secondIsArc = std::holds_alternative<ArcPiece>(second);
@@ -94,20 +94,54 @@ AcGePoint3d farPoint(const CurvePiece& piece) {
 /// A place that was found: how far along its piece it is, and where.
 using Place = std::pair<double, AcGePoint3d>;
 
+void addPlace(const Operand& first, const Operand& second, const PlaneMeeting& meeting,
+              double slack, std::vector<Place>& places) {
+    const AcGePoint3d point = pointAt(first.piece, meeting.onFirst);
+    // What meets in a view may lie one above the other in space.
+    if (point.distanceTo(pointAt(second.piece, meeting.onSecond)) <= slack) {
+        places.emplace_back(meeting.onFirst, point);
+    }
+}
+
+/// Two arcs whose planes differ meet at most where the first goes through the plane of the second.
+void addMeetingsAcross(const Operand& first, const Operand& second, const AcGeVector3d& normal,
+                       double slack, std::vector<Place>& places) {
+    const auto& one = std::get<ArcPiece>(first.piece);
+    const auto& other = std::get<ArcPiece>(second.piece);
+    const AcGeMatrix3d toPlane = AcGeMatrix3d::worldToPlane(normal);
+    const PlanePiece firstImage = imageOf(first, toPlane);
+    const PlanePiece secondImage = imageOf(second, toPlane);
+    for (const double angle :
+         host_db::anglesWhere(normal.dotProduct(one.u), normal.dotProduct(one.v),
+                              normal.dotProduct(other.center - one.center), slack)) {
+        PlaneMeeting meeting{angle,
+                             host_db::angleOnArc(secondImage, host_db::pointAt(firstImage, angle))};
+        if (host_db::settle(firstImage, slack, meeting.onFirst) &&
+            host_db::settle(secondImage, slack, meeting.onSecond)) {
+            addPlace(first, second, meeting, slack, places);
+        }
+    }
+}
+
+bool areArcsAcross(const CurvePiece& first, const CurvePiece& second) {
+    return std::holds_alternative<ArcPiece>(first) && std::holds_alternative<ArcPiece>(second) &&
+           !normalOf(first).isParallelTo(normalOf(second));
+}
+
 void addMeetings(const Operand& first, const Operand& second, std::vector<Place>& places) {
     const AcGeVector3d normal = viewNormal(first.piece, second.piece);
     if (normal.length() == 0.0) {
         return;
     }
-    const AcGeMatrix3d toPlane = AcGeMatrix3d::worldToPlane(normal.normal());
     const double slack = slackAt(farPoint(first.piece), farPoint(second.piece));
+    if (areArcsAcross(first.piece, second.piece)) {
+        addMeetingsAcross(first, second, normalOf(second.piece).normal(), slack, places);
+        return;
+    }
+    const AcGeMatrix3d toPlane = AcGeMatrix3d::worldToPlane(normal.normal());
     for (const PlaneMeeting& meeting :
          host_db::meetings(imageOf(first, toPlane), imageOf(second, toPlane), slack)) {
-        const AcGePoint3d point = pointAt(first.piece, meeting.onFirst);
-        // What meets in the view may lie one above the other in space.
-        if (point.distanceTo(pointAt(second.piece, meeting.onSecond)) <= slack) {
-            places.emplace_back(meeting.onFirst, point);
-        }
+        addPlace(first, second, meeting, slack, places);
     }
 }
 

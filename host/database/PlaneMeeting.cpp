@@ -46,9 +46,32 @@ bool settleArc(const PlanePiece& piece, double slack, double& param) {
     return isAtStart || turned - sweep <= play;
 }
 
+} // namespace
+
 bool settle(const PlanePiece& piece, double slack, double& param) {
     return piece.isArc ? settleArc(piece, slack, param) : settleSegment(piece, slack, param);
 }
+
+double angleOnArc(const PlanePiece& arc, const AcGePoint2d& point) {
+    const AcGeVector2d offset = point - arc.a;
+    const double area = cross(arc.b, arc.c);
+    return std::atan2(cross(arc.b, offset) / area, cross(offset, arc.c) / area);
+}
+
+std::vector<double> anglesWhere(double a, double b, double c, double slack) {
+    const double reach = std::hypot(a, b);
+    if (reach == 0.0 || std::abs(c) > reach + slack) {
+        return {};
+    }
+    const double middle = std::atan2(b, a);
+    if (std::abs(c) >= reach - slack) {
+        return {c < 0.0 ? middle + std::numbers::pi : middle};
+    }
+    const double half = std::acos(c / reach);
+    return {middle - half, middle + half};
+}
+
+namespace {
 
 void offer(const PlanePiece& first, const PlanePiece& second, double slack, PlaneMeeting meeting,
            Meetings& found) {
@@ -59,13 +82,6 @@ void offer(const PlanePiece& first, const PlanePiece& second, double slack, Plan
 
 double paramOnSegment(const PlanePiece& segment, const AcGePoint2d& point) {
     return (point - segment.a).dotProduct(segment.b) / segment.b.lengthSqrd();
-}
-
-/// The angle at which an arc's ellipse has the point's direction from the centre.
-double angleOnArc(const PlanePiece& arc, const AcGePoint2d& point) {
-    const AcGeVector2d offset = point - arc.a;
-    const double area = cross(arc.b, arc.c);
-    return std::atan2(cross(arc.b, offset) / area, cross(offset, arc.c) / area);
 }
 
 bool isFlat(const PlanePiece& arc) {
@@ -95,22 +111,11 @@ void meetSegments(const PlanePiece& first, const PlanePiece& second, double slac
           found);
 }
 
-/// Angles at which an arc's ellipse meets the line of a segment: A cos t + B sin t = C.
+/// Angles at which an arc's ellipse meets the line of a segment.
 std::vector<double> anglesOnLine(const PlanePiece& arc, const PlanePiece& line, double slack) {
     const AcGeVector2d normal = line.b.perpVector().normal();
-    const double a = normal.dotProduct(arc.b);
-    const double b = normal.dotProduct(arc.c);
-    const double c = normal.dotProduct(line.a - arc.a);
-    const double reach = std::hypot(a, b);
-    if (reach == 0.0 || std::abs(c) > reach + slack) {
-        return {};
-    }
-    const double middle = std::atan2(b, a);
-    if (std::abs(c) >= reach - slack) {
-        return {c < 0.0 ? middle + std::numbers::pi : middle};
-    }
-    const double half = std::acos(c / reach);
-    return {middle - half, middle + half};
+    return anglesWhere(normal.dotProduct(arc.b), normal.dotProduct(arc.c),
+                       normal.dotProduct(line.a - arc.a), slack);
 }
 
 void meetArcAndSegment(const PlanePiece& arc, const PlanePiece& segment, bool arcIsFirst,

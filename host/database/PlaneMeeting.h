@@ -28,6 +28,17 @@ AcGePoint2d pointAt(const PlanePiece& piece, double param);
 /// leads to.
 PlanePiece planePiece(const CurvePiece& piece, const AcGeMatrix3d& toPlane);
 
+/// Brings a parameter within the piece's bounds, when it is beyond them by `slack` drawing units at
+/// most, or it is prolonged there; an angle may be whole turns away. False when it is outside.
+bool settle(const PlanePiece& piece, double slack, double& param);
+
+/// The angle at which an arc's ellipse, which is not flat, has the point's direction from the
+/// centre.
+double angleOnArc(const PlanePiece& arc, const AcGePoint2d& point);
+
+/// The angles t at which a cos t + b sin t = c: two, one for a touch within `slack`, or none.
+std::vector<double> anglesWhere(double a, double b, double c, double slack);
+
 /// A place that two pieces share: the parameter on each, within its bounds unless it is prolonged.
 struct PlaneMeeting {
     double onFirst = 0.0;

@@ -68,23 +68,34 @@ public:
         return settle(session.pending->take(input, context_));
     }
 
+    /// What programs changed since the last command is a step of its own.
+    void start() {
+        if (context_.session.pending == nullptr) {
+            context_.database.undoJournal().closeStep();
+        }
+    }
+
     /// A program's list holds its commands whole; what was typed may go on with the next line.
     bool finish() {
-        const bool isLeft = context_.session.pending != nullptr && !context_.session.pendingTyped;
-        return isLeft ? settle(CommandState::Failed) : true;
+        if (context_.session.pending == nullptr) {
+            context_.database.undoJournal().closeStep();
+            return true;
+        }
+        return context_.session.pendingTyped || settle(CommandState::Failed);
     }
 
 private:
     bool begin(const CommandInput& input) {
         if (input.kind != CommandInput::Kind::Text) {
+            // The command that has just ended was given too much.
+            context_.database.undoJournal().rollBack();
             return false;
         }
+        context_.database.undoJournal().closeStep();
         auto command = makeCommand(input.text);
         if (command == nullptr) {
             return false;
         }
-        // What programs changed since the last command is a step of its own.
-        context_.database.undoJournal().closeStep();
         context_.session.pending = std::move(command);
         context_.session.pendingTyped = typed_;
         return settle(context_.session.pending->begin(context_));
@@ -99,7 +110,6 @@ private:
             context_.database.undoJournal().rollBack();
             return false;
         }
-        context_.database.undoJournal().closeStep();
         return true;
     }
 
@@ -115,6 +125,7 @@ bool run(const std::vector<CommandInput>& inputs, bool typed) {
     }
     const host::EventSilence silence;
     Run run(*database, *session, typed);
+    run.start();
     for (const CommandInput& input : inputs) {
         if (!run.feed(input)) {
             return false;

@@ -33,16 +33,20 @@
 /// everything from "Group" to "End" is one. A count takes back the last steps, as many as there
 /// are, within a group not beyond its beginning. A "Group" within a group ends that.
 ///
-/// RTNORM when everything was carried out. RTERROR: an unknown command, or one that was malformed
-/// (a wrong code, a missing argument, the name of no entity, input behind a command's end that is
-/// no command), that the drawing refused (an object is open, the document is locked by another, the
-/// layer of what is to be broken is locked), a break that would leave nothing, that would part a
-/// circle or an open curve's end at one place, or of another kind of entity; no drawing. A list with
-/// a code that commands do not know or the name of no entity or set is not begun at all. Such a command has changed nothing; those before it in the same list stay done and
-/// those behind it are not begun. No input at all, acedCommand(0), cancels what is being typed.
+/// RTNORM when everything was carried out, else RTERROR:
+/// - an unknown command, no drawing;
+/// - a malformed command: a missing argument, one of a wrong kind, input behind its end that is
+///   neither text nor Enter; a list with a code that commands do not know, or the name of no entity
+///   or set, is not begun at all;
+/// - the drawing refused: an object is open, the document is locked by another, what is to be
+///   broken is on a locked layer;
+/// - a break that would leave nothing, that would part a circle or an open curve's end at one
+///   place, or of another kind of entity.
+/// Such a command has changed nothing, but steps that an "Undo" took back stay taken back. Commands
+/// before it in the list stay done, those behind it are not begun.
 ///
 /// A command that was begun by typing (see acedGetAcadDockCmdLine) takes the input first. Without
-/// one "" does nothing.
+/// one "" does nothing. No input at all, acedCommand(0), cancels the one that was begun.
 int acedCommand(int type, ...);
 
 /// The same from a chain, which stays the caller's; nullptr is no input at all.
