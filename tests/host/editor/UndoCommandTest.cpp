@@ -1,11 +1,15 @@
 #include "host/editor/CommandFixture.h"
 
-#include "database/AcDbText.h"
+#include "application/AcApDocument.h"
+#include "application/HostDocuments.h"
 #include "database/AcDbXrecord.h"
 #include "database/SymbolTableSearch.h"
 #include "database/UndoJournal.h"
 
+#include <filesystem>
+#include <fstream>
 #include <random>
+#include <unistd.h>
 
 namespace {
 
@@ -237,6 +241,46 @@ TEST_F(UndoCommandTest, OnlyCountsAndOptionsAreTaken) {
     EXPECT_EQ(acedCommand(RTSTR, L"Undo", RTENAME, Name(line).name, 0), RTERROR);
     EXPECT_EQ(acedCommand(RTSTR, L"Undo", 0), RTERROR);
     EXPECT_EQ(dumpOf(database()), before);
+}
+
+TEST_F(UndoCommandTest, ADrawingFromAFileIsUnmodifiedAgain) {
+    const std::filesystem::path path = std::filesystem::temp_directory_path() /
+                                       ("tkvlt_undo_test_" + std::to_string(::getpid()) + ".dxf");
+    std::ofstream(path)
+        << "  0\nSECTION\n  2\nTABLES\n  0\nTABLE\n  2\nAPPID\n  0\nAPPID\n  2\nAPP\n 70\n0\n"
+           "  0\nENDTAB\n  0\nENDSEC\n  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n  5\nAB\n  8\n0\n"
+           " 10\n0.0\n 20\n0.0\n 30\n0.0\n 11\n10.0\n 21\n0.0\n 31\n0.0\n1001\nAPP\n1000\ntext\n"
+           "  0\nCIRCLE\n  5\nAC\n  8\n0\n 10\n5.0\n 20\n0.0\n 30\n0.0\n 40\n2.0\n"
+           "  0\nENDSEC\n  0\nEOF\n";
+    std::string error;
+    AcApDocument* document = host::openDocument(path.string(), error);
+    std::filesystem::remove(path);
+    ASSERT_NE(document, nullptr) << error;
+    AcDbDatabase& drawing = *document->database();
+    AcDbObjectId line;
+    AcDbObjectId circle;
+    ASSERT_EQ(drawing.getAcDbObjectId(line, false, AcDbHandle(0xAB)), Acad::eOk);
+    ASSERT_EQ(drawing.getAcDbObjectId(circle, false, AcDbHandle(0xAC)), Acad::eOk);
+    const auto before = dumpOf(drawing);
+    EXPECT_FALSE(host_db::peek<AcDbLine>(line)->isModified());
+
+    undo(L"Group");
+    EXPECT_EQ(trimAt(circle, line, {5, 0, 0}), RTNORM);
+    EXPECT_EQ(breakAt(circle, {7, 0, 0}, {5, 2, 0}), RTNORM);
+    change<AcDbLine>(line, [](AcDbLine& it) {
+        resbuf* chain = acutBuildList(1001, L"APP", 1000, L"other", 0);
+        EXPECT_EQ(it.setXData(chain), Acad::eOk);
+        acutRelRb(chain);
+        it.erase();
+    });
+    undo(L"End");
+    EXPECT_NE(dumpOf(drawing), before);
+    EXPECT_EQ(undo(L"1"), RTNORM);
+    EXPECT_EQ(dumpOf(drawing), before);
+    EXPECT_FALSE(host_db::peek<AcDbLine>(line)->isModified());
+    EXPECT_EQ(host_db::peek<AcDbLine>(line)->ownXdata(), nullptr);
+    EXPECT_FALSE(host_db::peek<AcDbCircle>(circle)->isNewObject());
+    host::closeDocument(document);
 }
 
 /// Random changes by commands and by a program, each with what stood before it.
