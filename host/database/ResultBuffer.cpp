@@ -173,22 +173,28 @@ int acutRelRb(resbuf* chain) {
 
 namespace host_db {
 
-bool buildList(int type, va_list& arguments, resbuf*& chain) {
+bool buildList(int type, va_list arguments, resbuf*& chain) {
     chain = nullptr;
     resbuf** tail = &chain;
-    while (type != 0 && type != RTNONE) {
+    bool isKnown = true;
+    va_list rest;
+    va_copy(rest, arguments);
+    while (type != 0 && type != RTNONE && isKnown) {
         const ValueKind kind = valueKind(type);
-        if (kind == ValueKind::Unknown) {
-            acutRelRb(chain);
-            chain = nullptr;
-            return false;
+        isKnown = kind != ValueKind::Unknown;
+        if (isKnown) {
+            *tail = acutNewRb(type == RTDXF0 ? 0 : type);
+            takeArgument(**tail, kind, rest);
+            tail = &(*tail)->rbnext;
+            type = va_arg(rest, int);
         }
-        *tail = acutNewRb(type == RTDXF0 ? 0 : type);
-        takeArgument(**tail, kind, arguments);
-        tail = &(*tail)->rbnext;
-        type = va_arg(arguments, int);
     }
-    return true;
+    va_end(rest);
+    if (!isKnown) {
+        acutRelRb(chain);
+        chain = nullptr;
+    }
+    return isKnown;
 }
 
 } // namespace host_db

@@ -65,7 +65,7 @@ ValueKind valueKind(int type);
 
 /// What acutBuildList does, for functions that take the same arguments. False, with `chain`
 /// nullptr, for an unknown code; an empty list is true and nullptr.
-bool buildList(int type, va_list& arguments, resbuf*& chain);
+bool buildList(int type, va_list arguments, resbuf*& chain);
 
 /// Number of items of all chains not yet released, for leak checks.
 std::size_t liveResultBuffers();
