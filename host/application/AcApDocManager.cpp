@@ -1,8 +1,39 @@
 #include "application/AcApDocManager.h"
 
 #include "database/AcDbHostApplicationServices.h"
+#include "database/UndoJournal.h"
+#include "platform/HostEvents.h"
 
 #include <algorithm>
+
+namespace {
+
+/// Two readers go together, nothing else does.
+bool goTogether(AcAp::DocLockMode one, AcAp::DocLockMode other) {
+    return one == AcAp::kNotLocked || other == AcAp::kNotLocked ||
+           (one == AcAp::kRead && other == AcAp::kRead);
+}
+
+const wchar_t* nameOf(AcAp::DocLockMode mode) {
+    switch (mode) {
+    case AcAp::kAutoWrite:
+        return L"kAutoWrite";
+    case AcAp::kWrite:
+        return L"kWrite";
+    case AcAp::kProtectedAutoWrite:
+        return L"kProtectedAutoWrite";
+    case AcAp::kRead:
+        return L"kRead";
+    case AcAp::kXWrite:
+        return L"kXWrite";
+    case AcAp::kNone:
+    case AcAp::kNotLocked:
+        break;
+    }
+    return L"kNotLocked";
+}
+
+} // namespace
 
 AcApDocManager::~AcApDocManager() = default;
 
@@ -41,7 +72,8 @@ Acad::ErrorStatus AcApDocManager::setCurDocument(AcApDocument* document, AcAp::D
         return Acad::eInvalidInput;
     }
     makeCurrent(document);
-    return mode == AcAp::kNone ? Acad::eOk : lockDocument(document, mode);
+    const bool asksLock = mode != AcAp::kNone && mode != AcAp::kNotLocked;
+    return asksLock ? lockDocument(document, mode) : Acad::eOk;
 }
 
 Acad::ErrorStatus AcApDocManager::activateDocument(AcApDocument* document) {
@@ -51,11 +83,38 @@ Acad::ErrorStatus AcApDocManager::activateDocument(AcApDocument* document) {
 Acad::ErrorStatus AcApDocManager::lockDocument(AcApDocument* document, AcAp::DocLockMode mode,
                                                const ACHAR* /*globalName*/,
                                                const ACHAR* /*localName*/, bool /*prompt*/) {
-    if (!has(document)) {
+    if (!has(document) || mode == AcAp::kNone || mode == AcAp::kNotLocked) {
         return Acad::eInvalidInput;
     }
+    if (!goTogether(mode, document->othersLock_)) {
+        return Acad::eLockViolation;
+    }
     document->locks_.push_back(mode);
+    if (host::isListening()) {
+        host::announce(std::wstring(L"lock ") + nameOf(mode));
+    }
     return Acad::eOk;
+}
+
+Acad::ErrorStatus AcApDocManager::lockByAnother(AcApDocument* document, AcAp::DocLockMode mode) {
+    if (!has(document) || mode == AcAp::kNone) {
+        return Acad::eInvalidInput;
+    }
+    if (!std::all_of(document->locks_.begin(), document->locks_.end(),
+                     [&](AcAp::DocLockMode own) { return goTogether(own, mode); })) {
+        return Acad::eLockViolation;
+    }
+    document->othersLock_ = mode;
+    document->database()->setWriteBlocked(mode != AcAp::kNotLocked);
+    return Acad::eOk;
+}
+
+std::size_t AcApDocManager::lockCount() const {
+    std::size_t count = 0;
+    for (const auto& each : documents_) {
+        count += each->lockCount();
+    }
+    return count;
 }
 
 Acad::ErrorStatus AcApDocManager::unlockDocument(AcApDocument* document) {
@@ -66,10 +125,13 @@ Acad::ErrorStatus AcApDocManager::unlockDocument(AcApDocument* document) {
         return Acad::eLockViolation;
     }
     document->locks_.pop_back();
+    host::announce(L"unlock");
     return Acad::eOk;
 }
 
 AcApDocument* AcApDocManager::adopt(std::unique_ptr<AcApDocument> document) {
+    // From here on what is done to the drawing can be taken back.
+    document->database()->undoJournal();
     documents_.push_back(std::move(document));
     makeCurrent(documents_.back().get());
     return current_;

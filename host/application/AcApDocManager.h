@@ -34,13 +34,23 @@ public:
                                      bool activate = false);
     Acad::ErrorStatus activateDocument(AcApDocument* document);
 
-    /// Takes a lock. The process has one user and one thread, so a lock is always had; it must be
-    /// given back as often as it was taken. Command names and `prompt` have no effect.
+    /// Takes a lock, to be given back as often as it was taken. Locks of one's own never stand in
+    /// each other's way; against a lock of another (see lockByAnother) only kRead is had
+    /// while that one is kRead too, else eLockViolation. kNone and kNotLocked are no locks:
+    /// eInvalidInput. Command names and `prompt` have no effect.
     Acad::ErrorStatus lockDocument(AcApDocument* document, AcAp::DocLockMode mode = AcAp::kWrite,
                                    const ACHAR* globalName = nullptr,
                                    const ACHAR* localName = nullptr, bool prompt = true);
     /// Gives the lock taken last back. eLockViolation when none is held.
     Acad::ErrorStatus unlockDocument(AcApDocument* document);
+
+    /// Plays another user of the document who takes a lock, or gives it back with kNotLocked. While
+    /// it is held, opening an object of the drawing for write gives eLockViolation.
+    /// eLockViolation when a lock of one's own stands in the way.
+    Acad::ErrorStatus lockByAnother(AcApDocument* document, AcAp::DocLockMode mode);
+
+    /// Locks held and not given back, over all documents.
+    std::size_t lockCount() const;
 
     /// Takes a document in and makes it the current one.
     AcApDocument* adopt(std::unique_ptr<AcApDocument> document);

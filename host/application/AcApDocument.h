@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 /// Kinds of document lock.
 namespace AcAp {
@@ -34,6 +35,10 @@ public:
     const ACHAR* docTitle() const { return title_; }
     /// The strongest lock held, kNotLocked without one.
     AcAp::DocLockMode lockMode() const;
+    /// Number of locks held and not given back.
+    std::size_t lockCount() const { return locks_.size(); }
+    /// What another holds on the document, kNotLocked for nothing.
+    AcAp::DocLockMode lockModeOfOthers() const { return othersLock_; }
 
     /// Takes the path of the file that the drawing was written to.
     void setPath(const std::string& path);
@@ -45,4 +50,5 @@ private:
     CString fileName_;
     CString title_;
     std::vector<AcAp::DocLockMode> locks_;
+    AcAp::DocLockMode othersLock_ = AcAp::kNotLocked;
 };

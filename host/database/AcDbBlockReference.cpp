@@ -5,6 +5,7 @@
 #include "database/AcDbDatabase.h"
 #include "database/AcDbObjectIterator.h"
 #include "database/BlockExtents.h"
+#include "database/ListRemoval.h"
 #include "database/Normals.h"
 #include "database/OpenObject.h"
 
@@ -19,6 +20,21 @@ AcDbBlockReference::AcDbBlockReference(const AcDbBlockReference& other)
     : AcDbEntity(other), position_(other.position_), scale_(other.scale_), normal_(other.normal_),
       rotation_(other.rotation_), block_(other.block_),
       grid_(other.grid_ ? std::make_unique<Grid>(*other.grid_) : nullptr) {}
+
+void AcDbBlockReference::takeLists(AcDbObject& changed) {
+    attributes_ = std::move(static_cast<AcDbBlockReference&>(changed).attributes_);
+}
+
+void AcDbBlockReference::disown(const AcDbObject& owned) {
+    // A reference may own an extension dictionary as well.
+    if (attributes_ == nullptr) {
+        return;
+    }
+    host_db::eraseLast(attributes_->ids, owned.objectId());
+    if (attributes_->ids.empty() && attributes_->end.isEmpty()) {
+        attributes_.reset();
+    }
+}
 
 AcRxObject* AcDbBlockReference::clone() const {
     return new AcDbBlockReference(*this);

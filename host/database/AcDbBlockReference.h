@@ -68,6 +68,8 @@ public:
 
 protected:
     AcDbBlockReference(const AcDbBlockReference& other);
+    void takeLists(AcDbObject& changed) override;
+    void disown(const AcDbObject& owned) override;
 
 private:
     friend class host_db::DatabaseBuilder;

@@ -2,11 +2,28 @@
 
 #include "database/AcDbAttributeDefinition.h"
 #include "database/AcDbDatabase.h"
+#include "database/ListRemoval.h"
 #include "database/OpenObject.h"
 
 #include <algorithm>
 
 ACRX_DEFINE_MEMBERS(AcDbBlockTableRecord, AcDbSymbolTableRecord, L"BLOCK_RECORD")
+
+AcDbBlockTableRecord::AcDbBlockTableRecord(const AcDbBlockTableRecord& other)
+    : AcDbSymbolTableRecord(other), origin_(other.origin_), layout_(other.layout_) {}
+
+std::unique_ptr<AcDbObject> AcDbBlockTableRecord::savedCopy() const {
+    return std::unique_ptr<AcDbObject>(new AcDbBlockTableRecord(*this));
+}
+
+void AcDbBlockTableRecord::takeLists(AcDbObject& changed) {
+    AcDbSymbolTableRecord::takeLists(changed);
+    entities_ = std::move(static_cast<AcDbBlockTableRecord&>(changed).entities_);
+}
+
+void AcDbBlockTableRecord::disown(const AcDbObject& owned) {
+    host_db::eraseLast(entities_, owned.objectId());
+}
 
 Acad::ErrorStatus AcDbBlockTableRecord::setOrigin(const AcGePoint3d& origin) {
     return change(origin_, origin);

@@ -39,6 +39,13 @@ public:
     /// Ids of all entities in drawing order, erased ones included.
     const std::vector<AcDbObjectId>& entityIds() const { return entities_; }
 
+protected:
+    /// A copy without the entities.
+    AcDbBlockTableRecord(const AcDbBlockTableRecord& other);
+    std::unique_ptr<AcDbObject> savedCopy() const override;
+    void takeLists(AcDbObject& changed) override;
+    void disown(const AcDbObject& owned) override;
+
 private:
     friend class host_db::DatabaseBuilder;
 

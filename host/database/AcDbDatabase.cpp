@@ -5,6 +5,7 @@
 #include "database/DatabaseRegistry.h"
 #include "database/ObjectIdPacking.h"
 #include "database/OpenObjects.h"
+#include "database/UndoJournal.h"
 
 #include <limits>
 
@@ -45,6 +46,23 @@ void AcDbDatabase::put(std::uint32_t place, std::unique_ptr<AcDbObject> object,
     object->id_ = idAt(place);
     object->ownerId_ = owner;
     objects_.fill(place, std::move(object));
+    if (journal_ != nullptr) {
+        journal_->noteAdded(idAt(place));
+    }
+}
+
+void AcDbDatabase::replace(AcDbObjectId id, AcDbObject* object) {
+    const auto place = static_cast<std::uint32_t>(host_db::placeOf(id.asOldId()));
+    // The one that stood there is the caller's from now on.
+    (void)objects_.take(place).release();
+    objects_.fill(place, std::unique_ptr<AcDbObject>(object));
+}
+
+host_db::UndoJournal& AcDbDatabase::undoJournal() {
+    if (journal_ == nullptr) {
+        journal_ = std::make_unique<host_db::UndoJournal>(*this);
+    }
+    return *journal_;
 }
 
 void AcDbDatabase::noteHandle(std::uint64_t handle) {
@@ -54,6 +72,9 @@ void AcDbDatabase::noteHandle(std::uint64_t handle) {
 }
 
 std::uint64_t AcDbDatabase::newHandle() {
+    if (journal_ != nullptr) {
+        journal_->noteSettings();
+    }
     // Handles run on; only a file that has used the very last one makes them start over.
     while (handleSeed_ == 0 || objects_.find(handleSeed_) != host_db::ObjectTable::kNone) {
         ++handleSeed_;
@@ -85,6 +106,9 @@ AcDbObjectId AcDbDatabase::clayer() const {
 Acad::ErrorStatus AcDbDatabase::setClayer(AcDbObjectId layer) {
     if (layer.database() != this || host_db::peek<AcDbLayerTableRecord>(layer) == nullptr) {
         return Acad::eInvalidInput;
+    }
+    if (journal_ != nullptr) {
+        journal_->noteSettings();
     }
     currentLayer_ = layer;
     ++revision_;

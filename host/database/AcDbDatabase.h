@@ -12,6 +12,10 @@
 #include <memory>
 #include <vector>
 
+namespace host_db {
+class UndoJournal;
+}
+
 /// One drawing: its objects, symbol tables, spaces and named objects dictionary.
 ///
 /// A database is used on one thread. Deleting it deletes its objects; ids into it stay safe and
@@ -79,6 +83,12 @@ public:
     /// Registers an application for extended data; no error when it is registered already.
     Acad::ErrorStatus registerApplication(const ACHAR* name);
 
+    /// The journal by which changes are taken back, kept from the first call on.
+    host_db::UndoJournal& undoJournal();
+    /// While another has locked the drawing, nothing of it can be opened for write.
+    bool isWriteBlocked() const { return writeBlocked_; }
+    void setWriteBlocked(bool blocked) { writeBlocked_ = blocked; }
+
     /// The file behind the drawing, nullptr for one made in this process.
     const host_db::DrawingSource* source() const { return source_.get(); }
     const host_db::XdataApplications& applications() const { return applications_; }
@@ -94,10 +104,12 @@ private:
     friend class AcDbObjectId;
     friend class AcDbRegAppTableRecord;
     friend class host_db::DatabaseBuilder;
+    friend class host_db::UndoJournal;
     friend struct host_db::OpenObjects;
 
     AcDbObjectId idAt(std::uint32_t place) const;
     void put(std::uint32_t place, std::unique_ptr<AcDbObject> object, AcDbObjectId owner);
+    void replace(AcDbObjectId id, AcDbObject* object);
     void noteHandle(std::uint64_t handle);
     std::uint64_t newHandle();
     AcDbObjectId makeObject(std::unique_ptr<AcDbObject> object);
@@ -107,6 +119,7 @@ private:
     std::uint64_t revision_ = 0;
     std::size_t openCount_ = 0;
     bool complete_ = false;
+    bool writeBlocked_ = false;
     host_db::XdataApplications applications_;
     std::unique_ptr<host_db::DrawingSource> source_;
     host_db::ObjectTable objects_;
@@ -119,4 +132,5 @@ private:
     AcDbObjectId regAppTable_;
     AcDbObjectId namedObjects_;
     AcDbObjectId currentLayer_;
+    std::unique_ptr<host_db::UndoJournal> journal_;
 };

@@ -8,6 +8,10 @@
 
 ACRX_DEFINE_MEMBERS(AcDbDictionary, AcDbObject, L"DICTIONARY")
 
+std::unique_ptr<AcDbObject> AcDbDictionary::savedCopy() const {
+    return std::unique_ptr<AcDbObject>(new AcDbDictionary(*this));
+}
+
 AcDbObjectId AcDbDictionary::find(const ACHAR* name) const {
     const auto it = byName_.find(host_db::nameKey(name));
     return it != byName_.end() && entries_[it->second].id.isValid() ? entries_[it->second].id

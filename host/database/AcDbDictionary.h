@@ -46,6 +46,10 @@ public:
     /// The entries in order, those of erased objects included.
     const std::vector<Entry>& entries() const { return entries_; }
 
+protected:
+    AcDbDictionary(const AcDbDictionary&) = default;
+    std::unique_ptr<AcDbObject> savedCopy() const override;
+
 private:
     friend class host_db::DatabaseBuilder;
 

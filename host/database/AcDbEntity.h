@@ -2,6 +2,7 @@
 
 #include "database/AcDbExtents.h"
 #include "database/AcDbObject.h"
+#include "geometry/AcGePoint3dArray.h"
 
 /// A drawable object: layer, colour, linetype, extents.
 class AcDbEntity : public AcDbObject {
@@ -45,6 +46,17 @@ public:
 
     /// Takes layer 0 and the by-layer properties of `database` (the working one for nullptr).
     void setDatabaseDefaults(AcDbDatabase* database = nullptr);
+
+    /// Appends to `points` the places where this entity's curves meet the other's in space, each
+    /// once, in order along this one; places are on this entity. Block references show their
+    /// definition's curves, attributes, texts and unknown entities have none. Prolonged, a line and
+    /// the end segments of an open polyline are unbounded and an arc is its circle. Parallel lines
+    /// and arcs on one circle have no meeting; a touch counts once. Splines count as chords, 64
+    /// between two knots. The markers have no effect. eOk also without any place; eInvalidInput for
+    /// nullptr.
+    Acad::ErrorStatus intersectWith(const AcDbEntity* other, AcDb::Intersect which,
+                                    AcGePoint3dArray& points, Adesk::IntPtr thisMarker = 0,
+                                    Adesk::IntPtr otherMarker = 0) const;
 
     /// Grows `box` by the geometry as it stands under `transform`, exactly for curves. Returns
     /// false, with `box` untouched, when there is nothing to add.

@@ -2,6 +2,8 @@
 
 #include "database/AcDbDatabase.h"
 #include "database/OpenObjects.h"
+#include "database/UndoJournal.h"
+#include "platform/HostEvents.h"
 #include "platform/WideCharacters.h"
 
 #include <algorithm>
@@ -121,6 +123,9 @@ Acad::ErrorStatus AcDbObject::erase(bool erasing) {
     const Acad::ErrorStatus status = prepareWrite();
     if (status == Acad::eOk) {
         erased_ = erasing;
+        if (host::isListening()) {
+            host::announce(host_db::eventLine(erasing ? L"erase" : L"unerase", id_));
+        }
     }
     return status;
 }
@@ -132,8 +137,47 @@ Acad::ErrorStatus AcDbObject::prepareWrite() {
     if (!openForWrite_) {
         return Acad::eNotOpenForWrite;
     }
+    AcDbDatabase& owner = *database();
+    if (owner.journal_ != nullptr) {
+        owner.journal_->noteChange(*this);
+    }
     modified_ = true;
-    ++database()->revision_;
+    ++owner.revision_;
+    return Acad::eOk;
+}
+
+std::unique_ptr<AcDbObject> AcDbObject::savedCopy() const {
+    return std::unique_ptr<AcDbObject>(static_cast<AcDbObject*>(clone()));
+}
+
+void AcDbObject::takeLists(AcDbObject& /*changed*/) {}
+
+void AcDbObject::disown(const AcDbObject& /*owned*/) {}
+
+Acad::ErrorStatus AcDbObject::handOverTo(AcDbObject* object, Adesk::Boolean keepXdata,
+                                         Adesk::Boolean keepExtensionDictionary) {
+    if (object == nullptr || !object->id_.isNull()) {
+        return object == nullptr ? Acad::eNullObjectPointer : Acad::eAlreadyInDb;
+    }
+    const Acad::ErrorStatus status = id_.isNull() ? Acad::eNotInDatabase : prepareWrite();
+    if (status != Acad::eOk) {
+        return status;
+    }
+    AcDbDatabase& owner = *database();
+    host_db::ResultItems xdata = keepXdata != 0 ? readXdata() : object->readXdata();
+    object->id_ = id_;
+    object->ownerId_ = ownerId_;
+    object->openForWrite_ = true;
+    object->onAdded(owner);
+    if (!xdata.empty()) {
+        object->storeXdata(std::move(xdata));
+    }
+    if (keepExtensionDictionary != 0 && !extensionDictionary().isNull()) {
+        object->extra().extensionDictionary = extensionDictionary();
+    }
+    owner.replace(id_, object);
+    id_.setNull();
+    openForWrite_ = false;
     return Acad::eOk;
 }
 

@@ -15,6 +15,7 @@ class AcDbDatabase;
 
 namespace host_db {
 class DatabaseBuilder;
+class UndoJournal;
 struct OpenObjects;
 } // namespace host_db
 
@@ -51,6 +52,13 @@ public:
     /// Marks the object erased, or brings it back with `erasing` false. Needs it open for write. An
     /// erased object keeps its id and handle; opening it gives eWasErased.
     virtual Acad::ErrorStatus erase(bool erasing = true);
+
+    /// Puts `object`, which is in no database, into this one's place: id, handle, owner and place
+    /// in the drawing become its own, and on request the extended data and the extension
+    /// dictionary. This one needs to be open for write; afterwards `object` is, and this one is in
+    /// no database and the caller's to delete. eAlreadyInDb, eNullObjectPointer.
+    Acad::ErrorStatus handOverTo(AcDbObject* object, Adesk::Boolean keepXdata = Adesk::kTrue,
+                                 Adesk::Boolean keepExtensionDictionary = Adesk::kTrue);
 
     bool isErased() const { return erased_; }
     bool isReadEnabled() const { return readers_ > 0 || openForWrite_; }
@@ -114,9 +122,18 @@ protected:
     /// Called once when the object has entered a database, with its id and owner set.
     virtual void onAdded(AcDbDatabase& database);
 
+    /// A copy of the object's own fields, for taking changes back. Lists of what the object owns
+    /// may be left out of it.
+    virtual std::unique_ptr<AcDbObject> savedCopy() const;
+    /// This copy has taken the place of `changed` again: takes over the lists it lacks.
+    virtual void takeLists(AcDbObject& changed);
+    /// An object that entered the database as this one's leaves it again.
+    virtual void disown(const AcDbObject& owned);
+
 private:
     friend class AcDbDatabase;
     friend class host_db::DatabaseBuilder;
+    friend class host_db::UndoJournal;
     friend struct host_db::OpenObjects;
 
     /// What few objects have.

@@ -2,6 +2,7 @@
 
 #include "database/AcDbDatabase.h"
 #include "database/AcDbSymbolTableIterator.h"
+#include "database/ListRemoval.h"
 #include "database/NameKey.h"
 #include "database/OpenObject.h"
 
@@ -114,6 +115,28 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
 Acad::ErrorStatus AcDbSymbolTable::add(AcDbSymbolTableRecord* record) {
     AcDbObjectId id;
     return add(id, record);
+}
+
+void AcDbSymbolTableRecord::takeLists(AcDbObject& changed) {
+    auto* table = const_cast<AcDbSymbolTable*>(host_db::peek<AcDbSymbolTable>(changed.ownerId()));
+    const CString& former = static_cast<AcDbSymbolTableRecord&>(changed).name_;
+    if (table != nullptr && former != name_) {
+        table->rename(*this, former, name_);
+    }
+}
+
+void AcDbSymbolTable::takeLists(AcDbObject& changed) {
+    auto& table = static_cast<AcDbSymbolTable&>(changed);
+    records_ = std::move(table.records_);
+    byName_ = std::move(table.byName_);
+}
+
+void AcDbSymbolTable::disown(const AcDbObject& owned) {
+    // A table may own an extension dictionary as well.
+    if (const auto* record = AcDbSymbolTableRecord::cast(&owned)) {
+        host_db::eraseLast(records_, record->objectId());
+        host_db::eraseLast(byName_[host_db::nameKey(record->name())], record->objectId());
+    }
 }
 
 void AcDbSymbolTable::enter(const AcDbSymbolTableRecord& record) {

@@ -38,6 +38,10 @@ public:
     /// The id under a name in any case, null when there is none; erased records do not count.
     AcDbObjectId find(const ACHAR* name) const;
 
+protected:
+    void takeLists(AcDbObject& changed) override;
+    void disown(const AcDbObject& owned) override;
+
 private:
     friend class AcDbSymbolTableRecord;
     friend class host_db::DatabaseBuilder;

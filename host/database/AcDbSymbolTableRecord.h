@@ -26,6 +26,7 @@ public:
 protected:
     AcDbSymbolTableRecord() = default;
     AcDbSymbolTableRecord(const AcDbSymbolTableRecord&) = default;
+    void takeLists(AcDbObject& changed) override;
 
 private:
     friend class AcDbSymbolTable;

@@ -35,6 +35,9 @@ enum DxfCode {
     kDxfXDInteger32 = 1071
 };
 
+/// Which of two entities counts as prolonged beyond its ends when they are intersected.
+enum Intersect { kOnBothOperands = 0, kExtendThis = 1, kExtendArg = 2, kExtendBoth = 3 };
+
 enum Visibility { kVisible = 0, kInvisible = 1 };
 
 enum TextHorzMode {

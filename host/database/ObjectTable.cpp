@@ -56,6 +56,21 @@ void ObjectTable::assignHandle(std::uint32_t place, std::uint64_t handle) {
     enterBucket(place);
 }
 
+void ObjectTable::forgetHandle(std::uint32_t place) {
+    std::size_t gap = bucketOf(slots_[place].handle);
+    const std::size_t mask = buckets_.size() - 1;
+    slots_[place].handle = 0;
+    --handles_;
+    // Entries behind the gap that were pushed on by what stood there move up, each as bucketOf
+    // would now find its place.
+    buckets_[gap] = 0;
+    for (std::size_t at = (gap + 1) & mask; buckets_[at] != 0; at = (at + 1) & mask) {
+        const std::uint32_t entry = buckets_[at];
+        buckets_[at] = 0;
+        buckets_[bucketOf(slots_[entry - 1].handle)] = entry;
+    }
+}
+
 void ObjectTable::fill(std::uint32_t place, std::unique_ptr<AcDbObject> object) {
     slots_[place].object = std::move(object);
 }

@@ -29,6 +29,8 @@ public:
     void fill(std::uint32_t place, std::unique_ptr<AcDbObject> object);
     /// Takes the object out; the place is vacant again.
     std::unique_ptr<AcDbObject> take(std::uint32_t place);
+    /// Takes the handle from a place, which is not used again; the handle may get another place.
+    void forgetHandle(std::uint32_t place);
     /// Marks a vacant place as used by something that is no object here.
     void claim(std::uint32_t place) { claimed_[place] = true; }
     /// Neither an object nor a claim is there.

@@ -5,6 +5,7 @@
 #include "database/AcDbHostApplicationServices.h"
 #include "database/ObjectIdPacking.h"
 #include "database/OpenObjects.h"
+#include "platform/HostEvents.h"
 
 namespace host_db {
 
@@ -30,6 +31,9 @@ Acad::ErrorStatus OpenObjects::open(AcDbObject& object, AcDb::OpenMode mode, boo
     if (object.openForWrite_) {
         return Acad::eWasOpenForWrite;
     }
+    if (mode == AcDb::kForWrite && object.database()->isWriteBlocked()) {
+        return Acad::eLockViolation;
+    }
     if (mode == AcDb::kForWrite && object.readers_ > 0) {
         return Acad::eWasOpenForRead;
     }
@@ -42,6 +46,10 @@ Acad::ErrorStatus OpenObjects::open(AcDbObject& object, AcDb::OpenMode mode, boo
         ++object.readers_;
     }
     add(*object.database(), true);
+    if (host::isListening()) {
+        host::announce(
+            eventLine(mode == AcDb::kForWrite ? L"open write" : L"open read", object.id_));
+    }
     return Acad::eOk;
 }
 
@@ -57,6 +65,9 @@ Acad::ErrorStatus OpenObjects::close(AcDbObject& object) {
         return Acad::eInvalidOpenState;
     }
     add(*object.database(), false);
+    if (host::isListening()) {
+        host::announce(eventLine(L"close", object.id_));
+    }
     return Acad::eOk;
 }
 
@@ -66,6 +77,9 @@ Acad::ErrorStatus OpenObjects::upgrade(AcDbObject& object) {
     }
     if (object.readers_ != 1) {
         return object.readers_ == 0 ? Acad::eInvalidOpenState : Acad::eWasOpenForRead;
+    }
+    if (object.database()->isWriteBlocked()) {
+        return Acad::eLockViolation;
     }
     object.readers_ = 0;
     object.openForWrite_ = true;
@@ -96,6 +110,12 @@ std::size_t OpenObjects::count() {
 AcDbObject* OpenObjects::find(AcDbObjectId id) {
     AcDbDatabase* database = id.database();
     return database == nullptr ? nullptr : database->objects_.at(placeOf(id.asOldId()));
+}
+
+std::wstring eventLine(const wchar_t* word, AcDbObjectId id) {
+    ACHAR handle[17];
+    id.handle().getIntoAsciiBuffer(handle);
+    return std::wstring(word) + L" " + handle;
 }
 
 std::size_t openObjectCount() {

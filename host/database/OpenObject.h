@@ -12,7 +12,8 @@
 ///
 /// eNullObjectId, eInvalidObjectId (no such object, or its database was closed), eWasErased (unless
 /// `openErased`), eWasOpenForWrite (a writer has it), eWasOpenForRead (write asked, readers have
-/// it), eAtMaxReaders (256). kForNotify opens like kForRead.
+/// it), eLockViolation (write asked, another has locked the drawing), eAtMaxReaders (256).
+/// kForNotify opens like kForRead.
 Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
                                      bool openErased = false);
 

@@ -4,6 +4,7 @@
 #include "database/AcDbObject.h"
 
 #include <cstddef>
+#include <string>
 
 namespace host_db {
 
@@ -26,5 +27,8 @@ private:
     static std::size_t& total();
     static void add(AcDbDatabase& database, bool opened);
 };
+
+/// `word` and the object's handle, as listeners are told.
+std::wstring eventLine(const wchar_t* word, AcDbObjectId id);
 
 } // namespace host_db

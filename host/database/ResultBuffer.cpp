@@ -171,25 +171,41 @@ int acutRelRb(resbuf* chain) {
     return RTNORM;
 }
 
+namespace host_db {
+
+bool buildList(int type, va_list arguments, resbuf*& chain) {
+    chain = nullptr;
+    resbuf** tail = &chain;
+    bool isKnown = true;
+    va_list rest;
+    va_copy(rest, arguments);
+    while (type != 0 && type != RTNONE && isKnown) {
+        const ValueKind kind = valueKind(type);
+        isKnown = kind != ValueKind::Unknown;
+        if (isKnown) {
+            *tail = acutNewRb(type == RTDXF0 ? 0 : type);
+            takeArgument(**tail, kind, rest);
+            tail = &(*tail)->rbnext;
+            type = va_arg(rest, int);
+        }
+    }
+    va_end(rest);
+    if (!isKnown) {
+        acutRelRb(chain);
+        chain = nullptr;
+    }
+    return isKnown;
+}
+
+} // namespace host_db
+
 resbuf* acutBuildList(int type, ...) {
-    resbuf* head = nullptr;
-    resbuf** tail = &head;
     va_list arguments;
     va_start(arguments, type);
-    while (type != 0 && type != RTNONE) {
-        const host_db::ValueKind kind = host_db::valueKind(type);
-        if (kind == host_db::ValueKind::Unknown) {
-            acutRelRb(head);
-            head = nullptr;
-            break;
-        }
-        *tail = acutNewRb(type == RTDXF0 ? 0 : type);
-        host_db::takeArgument(**tail, kind, arguments);
-        tail = &(*tail)->rbnext;
-        type = va_arg(arguments, int);
-    }
+    resbuf* chain = nullptr;
+    host_db::buildList(type, arguments, chain);
     va_end(arguments);
-    return head;
+    return chain;
 }
 
 int acutNewString(const ACHAR* source, ACHAR*& target) {

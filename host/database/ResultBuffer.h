@@ -3,6 +3,7 @@
 #include "database/ResultCodes.h"
 #include "platform/PlatformTypes.h"
 
+#include <cstdarg>
 #include <cstddef>
 #include <cstdint>
 
@@ -61,6 +62,10 @@ enum class ValueKind { None, Text, Real, Point, Short, Long, Int64, Name, Binary
 /// The kind of value that belongs to a type code. Handles (5, 105, 320 to 329, 390 to 399, 480,
 /// 481, 1005) are texts, object references (330 to 369) are names.
 ValueKind valueKind(int type);
+
+/// What acutBuildList does, for functions that take the same arguments. False, with `chain`
+/// nullptr, for an unknown code; an empty list is true and nullptr.
+bool buildList(int type, va_list arguments, resbuf*& chain);
 
 /// Number of items of all chains not yet released, for leak checks.
 std::size_t liveResultBuffers();

@@ -7,7 +7,7 @@
 namespace host_db {
 
 /// What the tables of one kind of record add to AcDbSymbolTable: typed look-up and adding.
-template<typename Record>
+template<typename Table, typename Record>
 class SymbolTableOf : public AcDbSymbolTable {
 public:
     using AcDbSymbolTable::getAt;
@@ -26,6 +26,9 @@ public:
         return Record::cast(record) == nullptr ? Acad::eNotThatKindOfClass
                                                : AcDbSymbolTable::add(id, record);
     }
+
+protected:
+    std::unique_ptr<AcDbObject> savedCopy() const override { return std::make_unique<Table>(); }
 };
 
 } // namespace host_db
@@ -134,26 +137,29 @@ protected:
     void onAdded(AcDbDatabase& database) override;
 };
 
-class AcDbBlockTable : public host_db::SymbolTableOf<AcDbBlockTableRecord> {
+class AcDbBlockTable : public host_db::SymbolTableOf<AcDbBlockTable, AcDbBlockTableRecord> {
     ACRX_DECLARE_MEMBERS(AcDbBlockTable);
 };
 
-class AcDbLayerTable : public host_db::SymbolTableOf<AcDbLayerTableRecord> {
+class AcDbLayerTable : public host_db::SymbolTableOf<AcDbLayerTable, AcDbLayerTableRecord> {
     ACRX_DECLARE_MEMBERS(AcDbLayerTable);
 };
 
-class AcDbLinetypeTable : public host_db::SymbolTableOf<AcDbLinetypeTableRecord> {
+class AcDbLinetypeTable
+    : public host_db::SymbolTableOf<AcDbLinetypeTable, AcDbLinetypeTableRecord> {
     ACRX_DECLARE_MEMBERS(AcDbLinetypeTable);
 };
 
-class AcDbTextStyleTable : public host_db::SymbolTableOf<AcDbTextStyleTableRecord> {
+class AcDbTextStyleTable
+    : public host_db::SymbolTableOf<AcDbTextStyleTable, AcDbTextStyleTableRecord> {
     ACRX_DECLARE_MEMBERS(AcDbTextStyleTable);
 };
 
-class AcDbDimStyleTable : public host_db::SymbolTableOf<AcDbDimStyleTableRecord> {
+class AcDbDimStyleTable
+    : public host_db::SymbolTableOf<AcDbDimStyleTable, AcDbDimStyleTableRecord> {
     ACRX_DECLARE_MEMBERS(AcDbDimStyleTable);
 };
 
-class AcDbRegAppTable : public host_db::SymbolTableOf<AcDbRegAppTableRecord> {
+class AcDbRegAppTable : public host_db::SymbolTableOf<AcDbRegAppTable, AcDbRegAppTableRecord> {
     ACRX_DECLARE_MEMBERS(AcDbRegAppTable);
 };

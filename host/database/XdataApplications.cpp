@@ -24,6 +24,10 @@ std::uint32_t XdataApplications::add(const wchar_t* name) {
     return it->second;
 }
 
+void XdataApplications::forget(const wchar_t* name) {
+    byName_.erase(nameKey(name));
+}
+
 std::uint32_t XdataApplications::setOf(std::span<const std::uint32_t> applications) {
     std::vector<std::uint32_t> set(applications.begin(), applications.end());
     std::sort(set.begin(), set.end());

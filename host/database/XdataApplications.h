@@ -25,6 +25,8 @@ public:
     std::uint32_t find(const wchar_t* name) const;
     /// The number of a name, given now when it is new.
     std::uint32_t add(const wchar_t* name);
+    /// Takes a name away, which is new again the next time; its number is not given again.
+    void forget(const wchar_t* name);
     /// The name as it was first spelled.
     const CString& name(std::uint32_t application) const { return names_[application]; }
     std::size_t count() const { return names_.size(); }

@@ -3,9 +3,11 @@
 #include "database/AcDbDatabase.h"
 #include "database/AcDbHostApplicationServices.h"
 #include "database/OpenObject.h"
+#include "editor/EditorCommand.h"
 #include "editor/EntityFilter.h"
+#include "editor/SelectionModes.h"
 #include "editor/SelectionSet.h"
-#include "platform/WideCharacters.h"
+#include "platform/HostEvents.h"
 
 #include <map>
 #include <memory>
@@ -52,28 +54,6 @@ bool enterSet(SelectionSet set, ads_name name) {
     return true;
 }
 
-std::vector<AcDbObjectId> select(const AcDbDatabase& database, const EntityFilter& filter) {
-    std::vector<AcDbObjectId> selected;
-    for (const AcDbObjectId space : database.spaceIds()) {
-        const auto* record = host_db::peek<AcDbBlockTableRecord>(space);
-        if (record == nullptr) {
-            continue;
-        }
-        for (const AcDbObjectId id : record->entityIds()) {
-            const auto* entity = static_cast<const AcDbEntity*>(host_db::peekObject(id));
-            if (entity != nullptr && filter.passes(*entity)) {
-                selected.push_back(id);
-            }
-        }
-    }
-    return selected;
-}
-
-bool isAllMode(const ACHAR* mode) {
-    return mode != nullptr && (host_text::compareNoCase(mode, L"X") == 0 ||
-                               host_text::compareNoCase(mode, L"_X") == 0);
-}
-
 template<typename Length>
 int lengthOf(const ads_name name, Length* length) {
     const SelectionSet* set = setOf(name);
@@ -111,19 +91,33 @@ int acedSSGet(const ACHAR* mode, const void* point1, const void* point2, const r
     set[0] = 0;
     set[1] = 0;
     const AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
-    if (database == nullptr || !host_ed::isAllMode(mode) || point1 != nullptr ||
-        point2 != nullptr) {
+    host_ed::EditorSession* session = host_ed::currentSession();
+    if (database == nullptr || session == nullptr || mode == nullptr) {
         return RTERROR;
     }
+    const std::wstring name = host_ed::plainName(mode);
     const auto compiled = host_ed::EntityFilter::compile(filter, *database);
-    if (!compiled.has_value()) {
+    auto selected = host_ed::candidatesOf(name, point1, point2, *database, *session);
+    if (!compiled.has_value() || !selected.has_value()) {
         return RTERROR;
     }
-    std::vector<AcDbObjectId> selected = host_ed::select(*database, *compiled);
-    if (selected.empty()) {
+    std::erase_if(*selected, [&](AcDbObjectId id) {
+        const auto* entity = static_cast<const AcDbEntity*>(host_db::peekObject(id));
+        return entity == nullptr || !compiled->passes(*entity);
+    });
+    if (selected->empty()) {
         return RTERROR;
     }
-    return host_ed::enterSet(host_ed::SelectionSet(std::move(selected)), set) ? RTNORM : RTERROR;
+    const std::size_t count = selected->size();
+    std::vector<AcDbObjectId> kept = *selected;
+    if (!host_ed::enterSet(host_ed::SelectionSet(std::move(*selected)), set)) {
+        return RTERROR;
+    }
+    session->previous = std::move(kept);
+    if (host::isListening()) {
+        host::announce(L"select " + name + L" " + std::to_wstring(count));
+    }
+    return RTNORM;
 }
 
 int acedSSLength(const ads_name set, Adesk::Int32* length) {
@@ -148,6 +142,7 @@ int acedSSFree(const ads_name set) {
         return RTERROR;
     }
     host_ed::openSets().sets.erase(set[0]);
+    host::announce(L"free");
     return RTNORM;
 }
 

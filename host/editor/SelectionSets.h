@@ -4,14 +4,21 @@
 #include "editor/EditorCodes.h"
 #include "platform/PlatformTypes.h"
 
-/// Selects entities into a new set. Mode "X" (or "_X", in any case) takes every entity of the
-/// current drawing that passes `filter`, in drawing order: model space, then the layouts in their
-/// file order; not the insides of block definitions; erased ones never. nullptr passes everything.
+/// Selects entities into a new set, in drawing order. Modes, in any case, with or without "_":
+/// - "X": every entity of the current drawing: model space, then the layouts in their file order;
+///   not the insides of block definitions; erased ones never.
+/// - "F": the entities of the current space whose curve crosses a fence in plan, the XY plane of
+///   the UCS. `point1` is a chain of two or more RTPOINT or RT3DPOINT items, in UCS. A block
+///   reference crosses by its definition's curves, a text by the sides of its box; invisible
+///   entities and those on layers that are off or frozen are not met.
+/// - "P": those of the set that was selected last which are not erased.
+/// - "L": the last entity of the current space, unless it is invisible.
+/// Of these, those that pass `filter`, a chain of conditions all of which must hold, for which see
+/// host_ed::EntityFilter; nullptr passes everything.
 ///
-/// The filter is a chain of conditions, all of which must hold, for which see
-/// host_ed::EntityFilter. RTNORM with a set that the caller frees (acedSSFree). RTERROR, with `set`
-/// zeroed: nothing was found, the filter is malformed, no drawing is open, 128 sets are in use,
-/// another mode. `point1` and `point2` belong to other modes and must be nullptr for "X".
+/// RTNORM with a set that the caller frees (acedSSFree). RTERROR, with `set` zeroed: nothing was
+/// found, the filter or the fence is malformed, no drawing is open, 128 sets are in use, another
+/// mode. `point1` belongs to "F" alone, `point2` to none of these; elsewhere they must be nullptr.
 int acedSSGet(const ACHAR* mode, const void* point1, const void* point2, const resbuf* filter,
               ads_name set);
 

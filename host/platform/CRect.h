@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/PlatformTypes.h"
+#include "platform/CPoint.h"
 
 /// A rectangle in pixels; `right` and `bottom` are the first column and row outside it.
 class CRect {
@@ -11,6 +11,12 @@ public:
     int Width() const { return right - left; }
     int Height() const { return bottom - top; }
     void SetRect(int l, int t, int r, int b) { *this = CRect(l, t, r, b); }
+    /// Inside, the left and top edges included, the right and bottom ones not.
+    BOOL PtInRect(const CPoint& point) const {
+        const bool inside =
+            point.x >= left && point.x < right && point.y >= top && point.y < bottom;
+        return inside ? TRUE : FALSE;
+    }
     friend bool operator==(const CRect& a, const CRect& b) {
         return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
     }

@@ -1,0 +1,99 @@
+#include "database/BlockWalk.h"
+
+#include "database/AcDbAttribute.h"
+#include "database/AcDbAttributeDefinition.h"
+#include "database/AcDbBlockTableRecord.h"
+#include "database/BlockExtents.h"
+#include "database/OpenObject.h"
+
+#include <set>
+
+namespace host_db {
+namespace {
+
+/// From a reference's first cell to another, in world directions.
+AcGeMatrix3d cellShift(const AcDbBlockReference& reference, int column, int row) {
+    AcGeVector3d shift(column * reference.columnSpacing(), row * reference.rowSpacing(), 0.0);
+    AcGeMatrix3d turn;
+    turn.setToRotation(reference.rotation(), {0.0, 0.0, 1.0});
+    AcGeMatrix3d matrix;
+    return matrix.setToTranslation(AcGeMatrix3d::planeToWorld(reference.normal()) * (turn * shift));
+}
+
+} // namespace
+
+bool BlockWalk::isTooMuch() const {
+    return repeated_ > kMaxRepeatedVisits;
+}
+
+bool BlockWalk::run(const AcDbBlockReference& reference, const AcGeMatrix3d& transform) {
+    push(reference, transform);
+    while (!work_.empty() && !isTooMuch()) {
+        const Step step = work_.back();
+        work_.pop_back();
+        if (step.leaves) {
+            path_.erase(step.block);
+        } else {
+            enter(step);
+        }
+    }
+    return !isTooMuch();
+}
+
+void BlockWalk::pushCell(const AcDbBlockReference& reference, const AcGeMatrix3d& transform,
+                         int column, int row) {
+    work_.push_back({reference.blockTableRecord(),
+                     transform * cellShift(reference, column, row) * reference.blockTransform(),
+                     false});
+}
+
+void BlockWalk::push(const AcDbBlockReference& reference, const AcGeMatrix3d& transform) {
+    const int columns = reference.columns();
+    const int rows = reference.rows();
+    if (cells_ == Cells::Corners) {
+        const std::set<int> cornerColumns{0, columns - 1};
+        const std::set<int> cornerRows{0, rows - 1};
+        for (const int column : cornerColumns) {
+            for (const int row : cornerRows) {
+                pushCell(reference, transform, column, row);
+            }
+        }
+        return;
+    }
+    repeated_ += static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows) - 1;
+    for (int column = 0; column < columns && !isTooMuch(); ++column) {
+        for (int row = 0; row < rows; ++row) {
+            pushCell(reference, transform, column, row);
+        }
+    }
+}
+
+void BlockWalk::enter(const Step& step) {
+    const auto* block = peek<AcDbBlockTableRecord>(step.block);
+    if (block == nullptr || !path_.insert(step.block).second) {
+        return;
+    }
+    work_.push_back({step.block, {}, true});
+    if (!seen_.insert(step.block).second) {
+        repeated_ += block->entityIds().size() + 1;
+        if (isTooMuch()) {
+            return;
+        }
+    }
+    for (const AcDbObjectId id : block->entityIds()) {
+        if (const auto* entity = peek<AcDbEntity>(id)) {
+            show(*entity, step.transform);
+        }
+    }
+}
+
+void BlockWalk::show(const AcDbEntity& entity, const AcGeMatrix3d& transform) {
+    if (const auto* nested = AcDbBlockReference::cast(&entity)) {
+        push(*nested, transform);
+    } else if (!entity.isKindOf(AcDbAttributeDefinition::desc()) &&
+               !entity.isKindOf(AcDbAttribute::desc())) {
+        show_(entity, transform);
+    }
+}
+
+} // namespace host_db
