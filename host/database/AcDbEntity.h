@@ -54,9 +54,9 @@ public:
     /// and arcs on one circle have no meeting; a touch counts once. Splines count as chords, 64
     /// between two knots. The markers have no effect. eOk also without any place; eInvalidInput for
     /// nullptr.
-    Acad::ErrorStatus intersectWith(const AcDbEntity* other, AcDb::Intersect which,
-                                    AcGePoint3dArray& points, Adesk::IntPtr thisMarker = 0,
-                                    Adesk::IntPtr otherMarker = 0) const;
+    virtual Acad::ErrorStatus intersectWith(const AcDbEntity* other, AcDb::Intersect which,
+                                            AcGePoint3dArray& points, Adesk::IntPtr thisMarker = 0,
+                                            Adesk::IntPtr otherMarker = 0) const;
 
     /// Grows `box` by the geometry as it stands under `transform`, exactly for curves. Returns
     /// false, with `box` untouched, when there is nothing to add.

@@ -1,0 +1,238 @@
+#include "UtilitiesTest.h"
+
+#include "utilities/BreakLine.h"
+
+#include <algorithm>
+#include <random>
+
+namespace module_tests {
+namespace {
+
+class BreakLineTest : public UtilitiesTest {
+protected:
+    AcDbObjectIdArray listOf(const Ids& ids) {
+        AcDbObjectIdArray list;
+        for (const AcDbObjectId& id : ids) {
+            list.append(id);
+        }
+        return list;
+    }
+
+    double lengthOf(const AcDbObjectId& id) {
+        const Ends ends = endsOf(id);
+        return ends.first.distanceTo(ends.second);
+    }
+};
+
+TEST_F(BreakLineTest, EmptyListAndOneLineAreLeftAlone) {
+    AcDbObjectIdArray none;
+    PelBreakLine(none);
+    EXPECT_EQ(none.length(), 0);
+    AcDbObjectIdArray one = listOf({addLine({0, 0, 0}, {100, 0, 0})});
+    PelBreakLine(one);
+    EXPECT_EQ(one.length(), 1);
+    EXPECT_TRUE(sameEnds(endsOf(one[0]), {0, 0, 0}, {100, 0, 0}));
+}
+
+TEST_F(BreakLineTest, LinesThatCrossAreBothBrokenAndAllPiecesEndAtTheCrossing) {
+    AcDbObjectIdArray lines =
+        listOf({addLine({0, 0, 0}, {100, 0, 0}), addLine({50, -50, 0}, {50, 50, 0})});
+    PelBreakLine(lines);
+    ASSERT_EQ(lines.length(), 4);
+    EXPECT_TRUE(sameEnds(endsOf(lines[0]), {0, 0, 0}, {50, 0, 0}));
+    EXPECT_TRUE(sameEnds(endsOf(lines[1]), {50, -50, 0}, {50, 0, 0}));
+    // The later line's piece is entered first. Pieces run back from the old end.
+    EXPECT_TRUE(sameEnds(endsOf(lines[2]), {50, 50, 0}, {50, 0, 0}));
+    EXPECT_TRUE(sameEnds(endsOf(lines[3]), {100, 0, 0}, {50, 0, 0}));
+    EXPECT_EQ(entities(), (Ids{lines[0], lines[1], lines[2], lines[3]}));
+}
+
+TEST_F(BreakLineTest, LinesThatMeetAtTheirEndsStayWhole) {
+    AcDbObjectIdArray lines =
+        listOf({addLine({0, 0, 0}, {100, 0, 0}), addLine({95, -5, 0}, {95, 90, 0})});
+    PelBreakLine(lines);
+    EXPECT_EQ(lines.length(), 2);
+    EXPECT_TRUE(sameEnds(endsOf(lines[0]), {0, 0, 0}, {100, 0, 0}));
+    EXPECT_TRUE(sameEnds(endsOf(lines[1]), {95, -5, 0}, {95, 90, 0}));
+}
+
+TEST_F(BreakLineTest, LineThatEndsOnAnotherBreaksThatOneAlone) {
+    AcDbObjectIdArray lines =
+        listOf({addLine({0, 0, 0}, {100, 0, 0}), addLine({91, -90, 0}, {91, 90, 0})});
+    PelBreakLine(lines);
+    ASSERT_EQ(lines.length(), 3);
+    EXPECT_TRUE(sameEnds(endsOf(lines[0]), {0, 0, 0}, {100, 0, 0}));
+    EXPECT_TRUE(sameEnds(endsOf(lines[1]), {91, -90, 0}, {91, 0, 0}));
+    EXPECT_TRUE(sameEnds(endsOf(lines[2]), {91, 90, 0}, {91, 0, 0}));
+}
+
+TEST_F(BreakLineTest, LineThatStopsShortStaysAndTheGapRemains) {
+    AcDbObjectIdArray lines =
+        listOf({addLine({50, 1, 0}, {50, 90, 0}), addLine({0, 0, 0}, {100, 0, 0})});
+    PelBreakLine(lines);
+    ASSERT_EQ(lines.length(), 3);
+    EXPECT_TRUE(sameEnds(endsOf(lines[0]), {50, 1, 0}, {50, 90, 0}));
+    EXPECT_TRUE(sameEnds(endsOf(lines[1]), {0, 0, 0}, {50, 0, 0}));
+    EXPECT_TRUE(sameEnds(endsOf(lines[2]), {100, 0, 0}, {50, 0, 0}));
+}
+
+TEST_F(BreakLineTest, PiecesAreBrokenAgain) {
+    // The first line crosses two others; its far piece, made at x = 30, holds the crossing at 70.
+    AcDbObjectIdArray lines =
+        listOf({addLine({0, 0, 0}, {100, 0, 0}), addLine({30, -50, 0}, {30, 50, 0}),
+                addLine({70, -50, 0}, {70, 50, 0})});
+    PelBreakLine(lines);
+    // Three lines, two crossings, two new pieces each.
+    ASSERT_EQ(lines.length(), 7);
+    std::vector<double> alongX;
+    for (int i = 0; i < lines.length(); ++i) {
+        const Ends ends = endsOf(lines[i]);
+        if (ends.first.y == 0.0 && ends.second.y == 0.0) {
+            alongX.push_back(std::min(ends.first.x, ends.second.x));
+            alongX.push_back(std::max(ends.first.x, ends.second.x));
+        }
+    }
+    std::sort(alongX.begin(), alongX.end());
+    EXPECT_EQ(alongX, (std::vector<double>{0, 30, 30, 70, 70, 100}));
+}
+
+TEST_F(BreakLineTest, PiecesCarryLayerAndTextsOfTheirLine) {
+    const AcDbObjectId layer = drawing.defineLayer(L"管");
+    PipeTexts texts;
+    texts.diameter = L"300";
+    const AcDbObjectId pipe = drawing.addPipe({0, 0, 0}, {100, 0, 0}, texts);
+    AcDbLine* opened = nullptr;
+    ASSERT_EQ(acdbOpenObject(opened, pipe, AcDb::kForWrite), Acad::eOk);
+    opened->setLayer(layer);
+    opened->close();
+    AcDbObjectIdArray lines = listOf({addLine({50, -50, 0}, {50, 5, 0}), pipe});
+    PelBreakLine(lines);
+    ASSERT_EQ(lines.length(), 3);
+    CString value;
+    EXPECT_EQ(GetXdata(lines[2], L"管径", value), 1);
+    EXPECT_EQ(utf8(value), "300");
+    ASSERT_EQ(acdbOpenObject(opened, lines[2], AcDb::kForRead), Acad::eOk);
+    EXPECT_EQ(opened->layerId(), layer);
+    opened->close();
+}
+
+TEST_F(BreakLineTest, LineThatStandsTwiceCannotBeOpenedTwiceAndTheRestGoesOn) {
+    const AcDbObjectId along = addLine({0, 0, 0}, {100, 0, 0});
+    AcDbObjectIdArray lines = listOf({along, along, addLine({50, -50, 0}, {50, 50, 0})});
+    PelBreakLine(lines);
+    // The pair of the line with itself is passed over; then it is broken once by the other one.
+    ASSERT_EQ(lines.length(), 5);
+    EXPECT_TRUE(sameEnds(endsOf(along), {0, 0, 0}, {50, 0, 0}));
+    EXPECT_TRUE(sameEnds(endsOf(lines[2]), {50, -50, 0}, {50, 0, 0}));
+}
+
+TEST_F(BreakLineTest, LineThatCannotBeOpenedIsPassedOver) {
+    const AcDbObjectId gone = addLine({50, -50, 0}, {50, 50, 0});
+    drawing.erase(gone);
+    AcDbObjectIdArray lines =
+        listOf({gone, addLine({0, 0, 0}, {100, 0, 0}), gone, addLine({30, -50, 0}, {30, 50, 0})});
+    PelBreakLine(lines);
+    ASSERT_EQ(lines.length(), 6);
+    EXPECT_TRUE(sameEnds(endsOf(lines[1]), {0, 0, 0}, {30, 0, 0}));
+}
+
+TEST_F(BreakLineTest, BothLinesOfAPairAreOpenWhileThePiecesAreAdded) {
+    const AcDbObjectId along = addLine({0, 0, 0}, {100, 0, 0});
+    const AcDbObjectId across = addLine({50, -50, 0}, {50, 50, 0});
+    AcDbObjectIdArray lines = listOf({along, across});
+    forget();
+    PelBreakLine(lines);
+    const Lines all = events();
+    ASSERT_GE(all.size(), 4U);
+    // The later line is opened first and closed last.
+    EXPECT_EQ(all[0], "open write " + handleOf(across));
+    EXPECT_EQ(all[1], "open write " + handleOf(along));
+    const auto first = std::find(all.begin(), all.end(), "close " + handleOf(along));
+    const auto piece = std::find(all.begin(), all.end(), "close " + handleOf(lines[3]));
+    ASSERT_NE(piece, all.end());
+    EXPECT_LT(piece, first);
+    EXPECT_EQ(*(first + 1), "close " + handleOf(across));
+}
+
+/// Breaking moves no line and loses none of it.
+TEST_F(BreakLineTest, RandomLinesKeepTheirLengthTextsAndPlaces) {
+    std::mt19937 random(20260117);
+    std::uniform_real_distribution<double> place(0.0, 1000.0);
+    for (int round = 0; round < 20; ++round) {
+        Ids parents;
+        double total = 0.0;
+        for (int i = 0; i < 12; ++i) {
+            const std::wstring name = L"r" + std::to_wstring(round) + L"-" + std::to_wstring(i);
+            PipeTexts texts;
+            texts.system = name.c_str();
+            parents.push_back(drawing.addPipe({place(random), place(random), 0},
+                                              {place(random), place(random), 0}, texts));
+            total += lengthOf(parents.back());
+        }
+        std::vector<Ends> whole;
+        for (const AcDbObjectId& id : parents) {
+            whole.push_back(endsOf(id));
+        }
+        AcDbObjectIdArray lines = listOf(parents);
+        PelBreakLine(lines);
+        EXPECT_GT(lines.length(), 12);
+        double sum = 0.0;
+        for (int i = 0; i < lines.length(); ++i) {
+            sum += lengthOf(lines[i]);
+            CString name;
+            ASSERT_EQ(GetXdata(lines[i], L"管道系统", name), 1);
+            const std::size_t parent = std::stoul(utf8(name).substr(utf8(name).find('-') + 1));
+            const AcGeLineSeg3d line(whole[parent].first, whole[parent].second);
+            const Ends ends = endsOf(lines[i]);
+            EXPECT_LT(line.distanceTo(ends.first), 1e-6);
+            EXPECT_LT(line.distanceTo(ends.second), 1e-6);
+        }
+        EXPECT_NEAR(sum, total, 1e-6);
+    }
+}
+
+/// After the breaking no two pieces cross farther than 10 from an end of either.
+TEST_F(BreakLineTest, NoTwoPiecesCrossInsideThemselves) {
+    std::mt19937 random(7);
+    std::uniform_real_distribution<double> place(0.0, 1000.0);
+    for (int round = 0; round < 20; ++round) {
+        Ids parents;
+        for (int i = 0; i < 10; ++i) {
+            parents.push_back(
+                addLine({place(random), place(random), 0}, {place(random), place(random), 0}));
+        }
+        AcDbObjectIdArray lines = listOf(parents);
+        PelBreakLine(lines);
+        for (int i = 1; i < lines.length(); ++i) {
+            for (int j = 0; j < i; ++j) {
+                const Ends a = endsOf(lines[i]);
+                const Ends b = endsOf(lines[j]);
+                AcGePoint3d at;
+                if (!AcGeLineSeg3d(a.first, a.second)
+                         .intersectWith(AcGeLineSeg3d(b.first, b.second), at)) {
+                    continue;
+                }
+                const double near =
+                    std::min(std::min(at.distanceTo(a.first), at.distanceTo(a.second)),
+                             std::min(at.distanceTo(b.first), at.distanceTo(b.second)));
+                EXPECT_LT(near, 10.0);
+            }
+        }
+    }
+}
+
+TEST_F(BreakLineTest, UndoOfAGroupGivesTheLinesBack) {
+    const AcDbObjectId along = addLine({0, 0, 0}, {100, 0, 0});
+    const AcDbObjectId across = addLine({50, -50, 0}, {50, 50, 0});
+    AcDbObjectIdArray lines = listOf({along, across});
+    ASSERT_EQ(acedCommand(RTSTR, L"Undo", RTSTR, L"Group", 0), RTNORM);
+    PelBreakLine(lines);
+    ASSERT_EQ(acedCommand(RTSTR, L"Undo", RTSTR, L"End", 0), RTNORM);
+    ASSERT_EQ(acedCommand(RTSTR, L"Undo", RTSTR, L"1", 0), RTNORM);
+    EXPECT_EQ(entities(), (Ids{along, across}));
+    EXPECT_TRUE(sameEnds(endsOf(along), {0, 0, 0}, {100, 0, 0}));
+    EXPECT_TRUE(sameEnds(endsOf(across), {50, -50, 0}, {50, 50, 0}));
+}
+
+} // namespace
+} // namespace module_tests
