@@ -2,9 +2,11 @@
 
 #include "module/pressure/PressureMap.h"
 #include "module/support/Compare.h"
+#include "Siblings.h"
 #include "TKVltSearchModule18.h"
 
 #include <memory>
+#include <optional>
 
 namespace module_tests {
 
@@ -35,9 +37,14 @@ class PressureNetworkTest : public DrawingTest {
 protected:
     /// Reads the map's drawing and searches. Null when the module says no.
     PressureSearchObject* search(const std::string& picked, Place pick, int lengthMode) {
-        found_.reset();
         drawing.setLengthMode(lengthMode);
-        drawing.openDxf(map.text());
+        return searchIn(map.text(), picked, pick);
+    }
+
+    /// The same in a drawing that is read from this text, with the settings as they stand.
+    PressureSearchObject* searchIn(const std::string& dxf, const std::string& picked, Place pick) {
+        found_.reset();
+        drawing.openDxf(dxf);
         AcDbObjectId start = drawing.byHandle(host_text::fromUtf8(map.handle(picked)).c_str());
         AcDbObjectId none;
         SearchObject* object = nullptr;
@@ -214,6 +221,8 @@ TEST_F(PressureNetworkTest, Crossing) {
     }
 }
 
+namespace {
+
 /// Three pipes that stop short of the centre of a well of 2 m. In mode 0, seen from the end of P,
 /// N is 1.45 away and S 1.64, where 1 + 0.4 are allowed; in the other modes P and N, less than 1.1
 /// from the centre, are moved there, and S is 1.3 away from it.
@@ -221,11 +230,46 @@ TEST_F(PressureNetworkTest, Crossing) {
 ///          | N ends 1.05 above the centre
 ///   P -----o
 ///          | S ends 1.3 below it
-TEST_F(PressureNetworkTest, JunctionInAWell) {
+void drawJunction(PressureMap& map) {
     map.main("P", {0, 0}, {9.0, 0});
     map.main("N", {10, 1.05}, {10, 10});
     map.main("S", {10, -10}, {10, -1.3});
     map.well("W", {10, 0}, "2");
+}
+
+/// The same text with a record in it that says how lengths are reckoned in this drawing.
+std::string withLengthMode(const std::string& dxf, int mode) {
+    const std::string records = "0\nSECTION\n2\nOBJECTS\n"
+                                "0\nDICTIONARY\n5\nE0\n100\nAcDbDictionary\n"
+                                "3\nTKVLT_DRAWING_SETTINGS\n350\nE1\n"
+                                "0\nDICTIONARY\n5\nE1\n330\nE0\n100\nAcDbDictionary\n"
+                                "3\nPipeCalLongType\n360\nE2\n"
+                                "0\nXRECORD\n5\nE2\n330\nE1\n100\nAcDbXrecord\n280\n1\n8\n" +
+                                std::to_string(mode) + "\n0\nENDSEC\n";
+    std::string text = dxf;
+    text.insert(text.rfind("0\nEOF\n"), records);
+    return text;
+}
+
+} // namespace
+
+TEST_F(PressureNetworkTest, LengthModeMayStandInTheDrawing) {
+    drawJunction(map);
+    siblings::setDrawingSettings({.dwgScale = 1.0,
+                                  .drawScale = 1000.0,
+                                  .pipeBreakDist = 0.1,
+                                  .pipeCalLongType = std::nullopt});
+    for (const int mode : {0, 1, 2}) {
+        const PressureSearchObject* network =
+            searchIn(withLengthMode(map.text(), mode), "P", {0, 0});
+        ASSERT_NE(network, nullptr);
+        EXPECT_EQ(network->segs.GetSize(), mode == 0 ? 1 : 3) << mode;
+        EXPECT_EQ(network->segs[0].lengthMode, mode);
+    }
+}
+
+TEST_F(PressureNetworkTest, JunctionInAWell) {
+    drawJunction(map);
     ASSERT_NE(search("P", {0, 0}, 0), nullptr);
     expectRuns({{{"P"}, {1}, -1, {}, 0, {0, 0}, {9, 0}, 9}});
     for (const int mode : {1, 2}) {
