@@ -141,6 +141,35 @@ TEST_F(BuildSingleSegTest, FailedOpenLeavesTheTextsThatWereThere) {
     EXPECT_EQ(single.diameter, 0);
 }
 
+TEST_F(BuildSingleSegTest, FittingsAreInsertedAsInAnyOther) {
+    BuildSingleSeg(single, drawing.main({0, 0, 0}, {10, 0, 0}, texts(L"ES")));
+    const Ids ids = {drawing.meter({6, 0, 0}), drawing.valve({7, 0, 0}), drawing.well({8, 0, 0})};
+    single.InsertMeterWell({6, 0, 0}, ids[0]);
+    single.InsertMeterWell({2, 0, 0}, {});
+    single.InsertValveWell({7, 0, 0}, ids[1]);
+    single.InsertValveWell({3, 0, 0}, {});
+    single.InsertOutputPoint({8, 0, 0}, ids[2], 1.5);
+    single.InsertOutputPoint({4, 0, 0}, {}, 2.5);
+    // From (0, 0), the begin point whatever the flow.
+    EXPECT_EQ(xOf(single.meterPoints), (std::vector<double>{2, 6}));
+    EXPECT_EQ(idsOf(single.meterIds), (Ids{AcDbObjectId(), ids[0]}));
+    EXPECT_EQ(xOf(single.valvePoints), (std::vector<double>{3, 7}));
+    EXPECT_EQ(idsOf(single.valveIds), (Ids{AcDbObjectId(), ids[1]}));
+    EXPECT_EQ(xOf(single.outputPoints), (std::vector<double>{4, 8}));
+    EXPECT_EQ((Ids{single.outputIds[0], single.outputIds[1]}), (Ids{AcDbObjectId(), ids[2]}));
+    EXPECT_EQ(single.outputValues[0], 2.5);
+    EXPECT_EQ(single.outputValues[1], 1.5);
+}
+
+TEST_F(BuildSingleSegTest, WellAllowanceIsThatOfTheTwoWells) {
+    BuildSingleSeg(single, drawing.main({0, 0, 0}, {10, 0, 0}, texts(L"SE")));
+    const AcDbObjectId one = drawing.well({0, 0, 0}, L"1.0");
+    const AcDbObjectId two = drawing.well({10, 0, 0}, L"2.0");
+    EXPECT_EQ(wellLength(single, one, two), 1500.0);
+    EXPECT_EQ(wellLength(single, two, {}), 2000.0);
+    EXPECT_EQ(single.GetLength(), 10.0);
+}
+
 TEST_F(BuildSingleSegTest, ArcIsMeasuredAndLabelledAsAnyOther) {
     BuildSingleSeg(single, drawing.arc({0, 0, 0}, {10, 0, 0}, 1.0));
     EXPECT_NEAR(single.GetLength(), 5.0 * kPi, 1e-9);

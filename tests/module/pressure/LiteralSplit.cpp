@@ -51,7 +51,19 @@ bool LiteralSplit::hit(_Pipe& first, _Pipe& second, AcGePoint3d& point) const {
 
 bool LiteralSplit::isCutBy(const _Pipe& pipe, const AcGePoint3d& point) const {
     return !(point.distanceTo(pipe.startPoint) < endTolerance()) &&
-           !(point.distanceTo(pipe.endPoint) < endTolerance());
+           !(point.distanceTo(pipe.endPoint) < endTolerance()) &&
+           (repeats_ || !isMade(pipe, point));
+}
+
+bool LiteralSplit::isMade(const _Pipe& pipe, const AcGePoint3d& point) const {
+    for (const Cut& cut : made) {
+        if (cut.id == pipe.id && cut.start.distanceTo(pipe.startPoint) < endTolerance() &&
+            cut.end.distanceTo(pipe.endPoint) < endTolerance() &&
+            cut.point.distanceTo(point) < endTolerance()) {
+            return true;
+        }
+    }
+    return false;
 }
 
 void LiteralSplit::cut(INT_PTR index, const AcGePoint3d& point) {
@@ -70,10 +82,10 @@ void LiteralSplit::cut(INT_PTR index, const AcGePoint3d& point) {
         a.arc.set(start, end, point);
         b.arc.set(point, end, start);
     }
+    made.push_back({a.id, a.startPoint, b.endPoint, point});
     pool.RemoveAt(index);
     pool.Add(a);
     pool.Add(b);
-    ++cuts;
 }
 
 bool LiteralSplit::run(int limit) {
@@ -89,7 +101,7 @@ bool LiteralSplit::run(int limit) {
             }
             const bool cutI = isCutBy(pool[i], point);
             const bool cutJ = isCutBy(pool[j], point);
-            if (cuts + (cutI ? 1 : 0) + (cutJ ? 1 : 0) > limit) {
+            if (static_cast<int>(made.size()) + (cutI ? 1 : 0) + (cutJ ? 1 : 0) > limit) {
                 return false;
             }
             if (cutJ) {
@@ -105,6 +117,11 @@ bool LiteralSplit::run(int limit) {
         i += restart ? 0 : 1;
     }
     return true;
+}
+
+bool LiteralSplit::runWithoutRepeats(int limit) {
+    repeats_ = false;
+    return run(limit);
 }
 
 ::testing::AssertionResult same(LiteralSplit::Pool& literal, const tkvlt::RecordPool<_Pipe>& pool) {

@@ -9,15 +9,40 @@ using tkvlt::PressureNetworkSearch;
 
 namespace {
 
+/// Reaches how a search classifies one entity, selected or not: an explicit instantiation may name
+/// what is private.
+using Classify = void (PressureNetworkSearch::*)(const AcDbObjectId&);
+Classify classifyMember();
+template<Classify member>
+struct ClassifyAccess {
+    friend Classify classifyMember() { return member; }
+};
+template struct ClassifyAccess<&PressureNetworkSearch::AddToPool>;
+
 class PressureDriverTest : public PressureTest {
 protected:
-    void expectRefusedUntouched(AcDbObjectId picked) {
+    /// A pipe of 给水 that belongs to a block definition, so that no selection finds it.
+    AcDbObjectId addPipeInsideABlock() {
+        const AcDbObjectId block = drawing.defineBlock(L"DETAIL", {0, 0, 0}, {1, 1, 0});
+        AcDbObject* record = nullptr;
+        EXPECT_EQ(acdbOpenAcDbObject(record, block, AcDb::kForWrite), Acad::eOk);
+        auto* line = new AcDbLine({0, 0, 0}, {10, 0, 0});
+        AcDbObjectId id;
+        EXPECT_EQ(static_cast<AcDbBlockTableRecord*>(record)->appendAcDbEntity(id, line),
+                  Acad::eOk);
+        line->close();
+        record->close();
+        drawing.setText(id, L"管道系统", kSupply);
+        return id;
+    }
+
+    void expectRefusedUntouched(AcDbObjectId picked, const AcGePoint3d& at = {}) {
         segs.RemoveAll();
         PressureSeg mark;
         mark.parent = 77;
         segs.Add(mark);
         rootSeg = -7;
-        EXPECT_EQ(GetPressureNetwork(segs, picked, {}, rootSeg), 0);
+        EXPECT_EQ(GetPressureNetwork(segs, picked, at, rootSeg), 0);
         ASSERT_EQ(count(), 1);
         EXPECT_EQ(seg(0).parent, 77);
         EXPECT_EQ(seg(0).children.GetSize(), 0);
@@ -73,6 +98,51 @@ TEST_F(PressureDriverTest, PickedPipeOfOneUnitIsNotCollected) {
     drawing.main({1, 0, 0}, {1, 10, 0});
     drawing.main({0, 0, 0}, {0, 10, 0});
     expectRefusedUntouched(picked);
+}
+
+/// It has a system, but nothing at all is there to be collected.
+TEST_F(PressureDriverTest, PipeInADrawingWithoutAnySelectedEntityIsNoStart) {
+    const AcDbObjectId hidden = addPipeInsideABlock();
+    CString system;
+    ASSERT_NE(GetXdata(hidden, L"管道系统", system), 0);
+    ASSERT_EQ(utf8(system), "给水");
+    expectRefusedUntouched(hidden);
+}
+
+/// It cannot be opened as a curve, has no length then and is dropped; the others are collected.
+TEST_F(PressureDriverTest, PipeThatIsNoCurveIsDropped) {
+    const AcDbObjectId block = drawing.addBlock({0, 0, 0}, L"ANY", {{L"管道系统", kSupply}});
+    const AcDbObjectId pipe = drawing.main({0, 0, 0}, {10, 0, 0});
+    EXPECT_TRUE(holds(collected(pipe)->pipePool, {{pipe, {0, 0, 0}, {10, 0, 0}, 1}}));
+    expectRefusedUntouched(block);
+}
+
+/// It cannot be opened as a block. What is read by its id alone is there, the rest is default.
+TEST_F(PressureDriverTest, WellThatIsNoBlockStaysWithItsDefaults) {
+    const AcDbObjectId pipe = drawing.main({0, 0, 0}, {10, 0, 0});
+    const AcDbObjectId line = drawing.addEntity(new AcDbLine({7, 7, 0}, {8, 8, 0}),
+                                                {{L"管井系统", kSupply}, {L"井的直径", L"3"}});
+    const auto search = collected(pipe);
+    ASSERT_EQ(search->wellPool.Size(), 1);
+    const _Block& well = search->wellPool[0];
+    EXPECT_EQ(well.id, line);
+    EXPECT_EQ(well.valid, 0);
+    EXPECT_EQ(utf8(well.systemName), "给水");
+    EXPECT_EQ(well.radius, 1.5);
+    EXPECT_TRUE(samePoint(well.position, {0, 0, 0}, 0));
+    EXPECT_EQ(well.rotation, 0.0);
+    EXPECT_EQ(well.isSquareWell, 0);
+    EXPECT_TRUE(well.layer.IsEmpty());
+    EXPECT_TRUE(well.handle.IsEmpty());
+}
+
+/// No piece is nearer than 1e24, so none is the root.
+TEST_F(PressureDriverTest, PickFartherThanAnythingIsRefused) {
+    const AcDbObjectId picked = drawing.main({0, 0, 0}, {10, 0, 0});
+    expectRefusedUntouched(picked, {2e24, 0, 0});
+    expectRefusedUntouched(picked, {1e24, 0, 0}); // the bound itself does not count
+    EXPECT_EQ(search(picked, {0.9e24, 0, 0}), 1);
+    EXPECT_EQ(count(), 1);
 }
 
 TEST_F(PressureDriverTest, CollectingFromADrawingWithoutAnyFails) {
@@ -177,6 +247,36 @@ TEST_F(PressureDriverTest, NoStepReadsTheOutflowPool) {
     EXPECT_EQ(seg(0).meterIds.length(), 0);
     ASSERT_TRUE(search->outflowPool.Has(0));
     EXPECT_EQ(search->outflowPool[0].id, outflow);
+}
+
+/// No selection hands these over, since it finds wells and pipes alone.
+TEST_F(PressureDriverTest, BlockWithTheOutflowFlagZeroIsAnOutflow) {
+    PressureNetworkSearch search(segs, {}, {}, rootSeg);
+    const auto classify = [&](AcDbObjectId id) { (search.*classifyMember())(id); };
+    for (const wchar_t* flag : {L"1", L"", L"00", L"0.0", L" 0", L"0 "}) {
+        classify(drawing.addBlock({5, 0, 0}, L"OUTFLOW", {{L"临时出流标志", flag}}));
+    }
+    EXPECT_EQ(search.outflowPool.Size(), 0);
+    const AcDbObjectId outflow =
+        drawing.addBlock({6, 2, 0}, L"OUTFLOW", {{L"临时出流标志", L"0"}, {L"井的直径", L"3"}});
+    classify(outflow);
+    ASSERT_EQ(search.outflowPool.Size(), 1);
+    EXPECT_EQ(search.outflowPool[0].id, outflow);
+    EXPECT_TRUE(samePoint(search.outflowPool[0].position, {6, 2, 0}));
+    EXPECT_EQ(search.outflowPool[0].radius, 1.5);
+    EXPECT_TRUE(search.outflowPool[0].systemName.IsEmpty());
+    EXPECT_TRUE(search.outflowPool[0].note.IsEmpty());
+    EXPECT_EQ(search.pipePool.Size() + search.wellPool.Size(), 0);
+}
+
+TEST_F(PressureDriverTest, TankIsNoOutflowUnderItsShortNameAlone) {
+    PressureNetworkSearch search(segs, {}, {}, rootSeg);
+    const auto classify = [&](AcDbObjectId id) { (search.*classifyMember())(id); };
+    classify(drawing.addBlock({5, 0, 0}, L"TANK", {{L"池体", L"1"}, {L"临时出流标志", L"0"}}));
+    EXPECT_EQ(search.outflowPool.Size(), 0);
+    classify(drawing.addBlock({5, 0, 0}, L"TANK", {{L"池体系统", L"1"}, {L"临时出流标志", L"0"}}));
+    EXPECT_EQ(search.outflowPool.Size(), 1);
+    EXPECT_EQ(search.wellPool.Size(), 0);
 }
 
 TEST_F(PressureDriverTest, SettingsAreReadOnceAtConstruction) {

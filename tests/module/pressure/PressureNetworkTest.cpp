@@ -2,9 +2,11 @@
 
 #include "module/pressure/PressureMap.h"
 #include "module/support/Compare.h"
+#include "Siblings.h"
 #include "TKVltSearchModule18.h"
 
 #include <memory>
+#include <optional>
 
 namespace module_tests {
 
@@ -15,13 +17,16 @@ using Names = std::vector<std::string>;
 /// A segment as worked out by hand, entities by their names on the map.
 struct ExpectedRun {
     Names pipes;
+    std::vector<int> flags; ///< of each pipe 1 when it is whole, 0 when it is a piece
     int parent;
     std::vector<int> children;
+    int reversed;
     Place begin;
     Place end;
     double length;
     Names valves = {};
     Names meters = {};
+    int isArc = 0;
 };
 
 AcGePoint3d at(Place place) {
@@ -32,9 +37,14 @@ class PressureNetworkTest : public DrawingTest {
 protected:
     /// Reads the map's drawing and searches. Null when the module says no.
     PressureSearchObject* search(const std::string& picked, Place pick, int lengthMode) {
-        found_.reset();
         drawing.setLengthMode(lengthMode);
-        drawing.openDxf(map.text());
+        return searchIn(map.text(), picked, pick);
+    }
+
+    /// The same in a drawing that is read from this text, with the settings as they stand.
+    PressureSearchObject* searchIn(const std::string& dxf, const std::string& picked, Place pick) {
+        found_.reset();
+        drawing.openDxf(dxf);
         AcDbObjectId start = drawing.byHandle(host_text::fromUtf8(map.handle(picked)).c_str());
         AcDbObjectId none;
         SearchObject* object = nullptr;
@@ -80,6 +90,9 @@ protected:
 private:
     void expectRun(PressureSeg& seg, const ExpectedRun& want) const {
         EXPECT_EQ(namesOf(seg.pipeIds), want.pipes);
+        EXPECT_EQ(intsOf(seg.orientationFlags), want.flags);
+        EXPECT_EQ(seg.reversed, want.reversed);
+        EXPECT_EQ(seg.isArc, want.isArc);
         EXPECT_EQ(seg.parent, want.parent);
         EXPECT_EQ(intsOf(seg.children), want.children);
         EXPECT_TRUE(samePoint(seg.GetBeginPoint(), at(want.begin)));
@@ -125,13 +138,13 @@ void drawStreet(PressureMap& map) {
 
 /// The runs of the street, where B1 with what continues it ends at `end`.
 std::vector<ExpectedRun> streetRuns(double end) {
-    return {{{"M"}, -1, {1, 2}, {0, 0}, {10, 0}, 10, {"V1"}},
-            {{"B1", "B1b"}, 0, {}, {10, 0}, {10, end}, end, {}, {"K1"}},
-            {{"M"}, 0, {3, 4}, {10, 0}, {25, 0}, 15},
-            {{"B2"}, 2, {}, {25, 0}, {25, -12}, 12},
-            {{"M"}, 2, {5}, {25, 0}, {40, 0}, 15, {"V2"}},
-            {{"A"}, 4, {6}, {40, 0}, {40, 20}, 31.41592653589793, {}, {"K2"}},
-            {{"T2", "T3"}, 5, {}, {40, 20}, {5, 20}, 35, {"V4", "V3"}, {"K3"}}};
+    return {{{"M"}, {0}, -1, {1, 2}, 0, {0, 0}, {10, 0}, 10, {"V1"}},
+            {{"B1", "B1b"}, {1, 1}, 0, {}, 0, {10, 0}, {10, end}, end, {}, {"K1"}},
+            {{"M"}, {0}, 0, {3, 4}, 0, {10, 0}, {25, 0}, 15},
+            {{"B2"}, {1}, 2, {}, 1, {25, 0}, {25, -12}, 12},
+            {{"M"}, {0}, 2, {5}, 0, {25, 0}, {40, 0}, 15, {"V2"}},
+            {{"A"}, {1}, 4, {6}, 0, {40, 0}, {40, 20}, 31.41592653589793, {}, {"K2"}, 1},
+            {{"T2", "T3"}, {1, 1}, 5, {}, 0, {40, 20}, {5, 20}, 35, {"V4", "V3"}, {"K3"}}};
 }
 
 } // namespace
@@ -173,11 +186,11 @@ TEST_F(PressureNetworkTest, HeightsOfTheStreet) {
 TEST_F(PressureNetworkTest, StreetFromTheMiddle) {
     drawStreet(map);
     ASSERT_NE(search("M", {40, 0}, 0), nullptr);
-    expectRuns({{{"M"}, -1, {1, 2}, {40, 0}, {25, 0}, 15, {"V2"}},
-                {{"B2"}, 0, {}, {25, 0}, {25, -12}, 12},
-                {{"M"}, 0, {3, 4}, {25, 0}, {10, 0}, 15},
-                {{"B1", "B1b"}, 2, {}, {10, 0}, {10, 18.5}, 18.5, {}, {"K1"}},
-                {{"M"}, 2, {}, {10, 0}, {0, 0}, 10, {"V1"}}});
+    expectRuns({{{"M"}, {0}, -1, {1, 2}, 1, {40, 0}, {25, 0}, 15, {"V2"}},
+                {{"B2"}, {1}, 0, {}, 1, {25, 0}, {25, -12}, 12},
+                {{"M"}, {0}, 0, {3, 4}, 1, {25, 0}, {10, 0}, 15},
+                {{"B1", "B1b"}, {1, 1}, 2, {}, 0, {10, 0}, {10, 18.5}, 18.5, {}, {"K1"}},
+                {{"M"}, {0}, 2, {}, 1, {10, 0}, {0, 0}, 10, {"V1"}}});
 }
 
 /// The run of T3 and T2, drawn against the walk, is turned round: what the walk goes on to is what
@@ -186,7 +199,8 @@ TEST_F(PressureNetworkTest, StreetFromItsFarEndIsTurnedRound) {
     drawStreet(map);
     for (const int mode : {0, 1, 2}) {
         ASSERT_NE(search("T3", {5, 20}, mode), nullptr);
-        expectRuns({{{"T3", "T2"}, -1, {}, {40, 20}, {5, 20}, 35, {"V4", "V3"}, {"K3"}}});
+        expectRuns(
+            {{{"T3", "T2"}, {1, 1}, -1, {}, 1, {40, 20}, {5, 20}, 35, {"V4", "V3"}, {"K3"}}});
     }
 }
 
@@ -200,12 +214,14 @@ TEST_F(PressureNetworkTest, Crossing) {
     map.main("Y", {10, -10}, {10, 10});
     for (const int mode : {0, 1, 2}) {
         ASSERT_NE(search("X", {0, 0}, mode), nullptr);
-        expectRuns({{{"X"}, -1, {1, 2, 3}, {0, 0}, {10, 0}, 10},
-                    {{"Y"}, 0, {}, {10, 0}, {10, -10}, 10},
-                    {{"Y"}, 0, {}, {10, 0}, {10, 10}, 10},
-                    {{"X"}, 0, {}, {10, 0}, {20, 0}, 10}});
+        expectRuns({{{"X"}, {0}, -1, {1, 2, 3}, 0, {0, 0}, {10, 0}, 10},
+                    {{"Y"}, {0}, 0, {}, 1, {10, 0}, {10, -10}, 10},
+                    {{"Y"}, {0}, 0, {}, 0, {10, 0}, {10, 10}, 10},
+                    {{"X"}, {0}, 0, {}, 0, {10, 0}, {20, 0}, 10}});
     }
 }
+
+namespace {
 
 /// Three pipes that stop short of the centre of a well of 2 m. In mode 0, seen from the end of P,
 /// N is 1.45 away and S 1.64, where 1 + 0.4 are allowed; in the other modes P and N, less than 1.1
@@ -214,18 +230,53 @@ TEST_F(PressureNetworkTest, Crossing) {
 ///          | N ends 1.05 above the centre
 ///   P -----o
 ///          | S ends 1.3 below it
-TEST_F(PressureNetworkTest, JunctionInAWell) {
+void drawJunction(PressureMap& map) {
     map.main("P", {0, 0}, {9.0, 0});
     map.main("N", {10, 1.05}, {10, 10});
     map.main("S", {10, -10}, {10, -1.3});
     map.well("W", {10, 0}, "2");
+}
+
+/// The same text with a record in it that says how lengths are reckoned in this drawing.
+std::string withLengthMode(const std::string& dxf, int mode) {
+    const std::string records = "0\nSECTION\n2\nOBJECTS\n"
+                                "0\nDICTIONARY\n5\nE0\n100\nAcDbDictionary\n"
+                                "3\nTKVLT_DRAWING_SETTINGS\n350\nE1\n"
+                                "0\nDICTIONARY\n5\nE1\n330\nE0\n100\nAcDbDictionary\n"
+                                "3\nPipeCalLongType\n360\nE2\n"
+                                "0\nXRECORD\n5\nE2\n330\nE1\n100\nAcDbXrecord\n280\n1\n8\n" +
+                                std::to_string(mode) + "\n0\nENDSEC\n";
+    std::string text = dxf;
+    text.insert(text.rfind("0\nEOF\n"), records);
+    return text;
+}
+
+} // namespace
+
+TEST_F(PressureNetworkTest, LengthModeMayStandInTheDrawing) {
+    drawJunction(map);
+    siblings::setDrawingSettings({.dwgScale = 1.0,
+                                  .drawScale = 1000.0,
+                                  .pipeBreakDist = 0.1,
+                                  .pipeCalLongType = std::nullopt});
+    for (const int mode : {0, 1, 2}) {
+        const PressureSearchObject* network =
+            searchIn(withLengthMode(map.text(), mode), "P", {0, 0});
+        ASSERT_NE(network, nullptr);
+        EXPECT_EQ(network->segs.GetSize(), mode == 0 ? 1 : 3) << mode;
+        EXPECT_EQ(network->segs[0].lengthMode, mode);
+    }
+}
+
+TEST_F(PressureNetworkTest, JunctionInAWell) {
+    drawJunction(map);
     ASSERT_NE(search("P", {0, 0}, 0), nullptr);
-    expectRuns({{{"P"}, -1, {}, {0, 0}, {9, 0}, 9}});
+    expectRuns({{{"P"}, {1}, -1, {}, 0, {0, 0}, {9, 0}, 9}});
     for (const int mode : {1, 2}) {
         ASSERT_NE(search("P", {0, 0}, mode), nullptr);
-        expectRuns({{{"P"}, -1, {1, 2}, {0, 0}, {10, 0}, 10},
-                    {{"N"}, 0, {}, {10, 0}, {10, 10}, 10},
-                    {{"S"}, 0, {}, {10, -1.3}, {10, -10}, 8.7}});
+        expectRuns({{{"P"}, {1}, -1, {1, 2}, 0, {0, 0}, {10, 0}, 10},
+                    {{"N"}, {1}, 0, {}, 0, {10, 0}, {10, 10}, 10},
+                    {{"S"}, {1}, 0, {}, 1, {10, -1.3}, {10, -10}, 8.7}});
     }
 }
 
@@ -244,21 +295,34 @@ TEST_F(PressureNetworkTest, BranchOnAnArc) {
     const double longWay = 47.12388980384690;
     for (const int mode : {0, 1, 2}) {
         ASSERT_NE(search("A", {10, 0}, mode), nullptr);
-        expectRuns({{{"A"}, -1, {1, 2}, {10, 0}, {0, 10}, longWay, {}, {"K"}},
-                    {{"B"}, 0, {}, {0, 10}, {0, 20}, 10},
-                    {{"A"}, 0, {3}, {0, 10}, {-10, 0}, longWay},
-                    {{"E"}, 2, {}, {-10, 0}, {-30, 0}, 20}});
+        expectRuns({{{"A"}, {0}, -1, {1, 2}, 0, {10, 0}, {0, 10}, longWay, {}, {"K"}, 1},
+                    {{"B"}, {1}, 0, {}, 0, {0, 10}, {0, 20}, 10},
+                    {{"A"}, {0}, 0, {3}, 0, {0, 10}, {-10, 0}, longWay, {}, {}, 1},
+                    {{"E"}, {1}, 2, {}, 0, {-10, 0}, {-30, 0}, 20}});
     }
 }
 
-/// The same with E behind the arc in the drawing: it meets the piece that sweeps over its end and
-/// cuts that, and the network closes on itself.
+/// The same with E behind the arc in the drawing. The pieces of the first cut are (10, 0)-(0, 10)
+/// and (0, 10)-(-10, 0); E meets the first of them, which sweeps over its end, and cuts it. In the
+/// pool stand then
+///   B, E, (0, 10)-(-10, 0) swept from 90 to 360 degrees,
+///   (10, 0)-(-10, 0) swept from 0 to 180, (-10, 0)-(0, 10) swept from 180 to 0.
+/// All three pieces come to (10, 0), where the pick is, so the first in the pool is the root. It
+/// begins at the top, and from (-10, 0) the walk goes on to E and to the two others; B hangs on the
+/// last. They end at (-10, 0), (-30, 0), (10, 0), (0, 10) and (0, 20), all apart.
 TEST_F(PressureNetworkTest, BranchOnAnArcThatIsContinuedByALaterPipe) {
     map.main("A", {10, 0}, {-10, 0}, {.bulge = 1.0});
     map.main("B", {0, 10}, {0, 20});
     map.main("E", {-10, 0}, {-30, 0});
+    const double longWay = 47.12388980384690;
+    const double half = 31.41592653589793;
     for (const int mode : {0, 1, 2}) {
-        EXPECT_EQ(search("A", {10, 0}, mode), nullptr);
+        ASSERT_NE(search("A", {10, 0}, mode), nullptr);
+        expectRuns({{{"A"}, {0}, -1, {1, 2, 3}, 0, {0, 10}, {-10, 0}, longWay, {}, {}, 1},
+                    {{"E"}, {1}, 0, {}, 0, {-10, 0}, {-30, 0}, 20},
+                    {{"A"}, {0}, 0, {}, 1, {-10, 0}, {10, 0}, half, {}, {}, 1},
+                    {{"A"}, {0}, 0, {4}, 0, {-10, 0}, {0, 10}, half, {}, {}, 1},
+                    {{"B"}, {1}, 3, {}, 0, {0, 10}, {0, 20}, 10}});
     }
 }
 
@@ -280,10 +344,10 @@ TEST_F(PressureNetworkTest, RingWithThePickInItIsAChain) {
     map.main("west", {0, 10}, {0, 0});
     for (const int mode : {0, 1, 2}) {
         ASSERT_NE(search("south", {0, 0}, mode), nullptr);
-        expectRuns({{{"south"}, -1, {1}, {0, 0}, {10, 0}, 10},
-                    {{"east"}, 0, {2}, {10, 0}, {10, 10}, 10},
-                    {{"north"}, 1, {3}, {10, 10}, {0, 10}, 10},
-                    {{"west"}, 2, {}, {0, 10}, {0, 0}, 10}});
+        expectRuns({{{"south"}, {1}, -1, {1}, 0, {0, 0}, {10, 0}, 10},
+                    {{"east"}, {1}, 0, {2}, 0, {10, 0}, {10, 10}, 10},
+                    {{"north"}, {1}, 1, {3}, 0, {10, 10}, {0, 10}, 10},
+                    {{"west"}, {1}, 2, {}, 0, {0, 10}, {0, 0}, 10}});
     }
 }
 
@@ -295,7 +359,8 @@ TEST_F(PressureNetworkTest, OtherSystemsDoNotMatter) {
     map.main("N", {20, 0}, {20, 10});
     for (const int mode : {0, 1, 2}) {
         ASSERT_NE(search("M", {0, 0}, mode), nullptr);
-        expectRuns({{{"M"}, -1, {1}, {0, 0}, {20, 0}, 20}, {{"N"}, 0, {}, {20, 0}, {20, 10}, 10}});
+        expectRuns({{{"M"}, {1}, -1, {1}, 0, {0, 0}, {20, 0}, 20},
+                    {{"N"}, {1}, 0, {}, 0, {20, 0}, {20, 10}, 10}});
     }
 }
 

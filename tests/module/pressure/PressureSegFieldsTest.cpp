@@ -16,6 +16,13 @@ constexpr bool kIs = std::is_same_v<Actual, Expected>;
 
 using Points = CArray<AcGePoint3d, AcGePoint3d>;
 
+static_assert(kIs<decltype(PressureSeg::endPoint), AcGePoint3d>);
+static_assert(kIs<decltype(PressureSeg::startElevation), double>);
+static_assert(kIs<decltype(PressureSeg::endElevation), double>);
+static_assert(kIs<decltype(PressureSeg::material), CString>);
+static_assert(kIs<decltype(PressureSeg::systemName), CString>);
+static_assert(kIs<decltype(PressureSeg::callerValueA), double>);
+
 class PressureSegFields : public PressureTest {
 protected:
     /// Every field with a value of its own, none of them the default; `lengthMode` is that of the
@@ -132,6 +139,20 @@ TEST_F(PressureSegFields, FreshSegmentHasNoValues) {
     EXPECT_EQ(seg.callerValueA, 0.0);
     EXPECT_EQ(seg.callerValueB, 0.0);
     EXPECT_EQ(seg.isArc, 0);
+}
+
+TEST_F(PressureSegFields, CurvesOfAFreshSegmentAreThePlatformsOwnFreshOnes) {
+    const PressureSeg seg;
+    const AcGeCircArc3d arc;
+    EXPECT_TRUE(samePoint(seg.arc.center(), arc.center(), 0));
+    EXPECT_TRUE(sameVector(seg.arc.normal(), arc.normal(), 0));
+    EXPECT_EQ(seg.arc.radius(), arc.radius());
+    EXPECT_EQ(seg.arc.startAng(), arc.startAng());
+    EXPECT_EQ(seg.arc.endAng(), arc.endAng());
+    EXPECT_TRUE(samePoint(seg.arc.startPoint(), arc.startPoint(), 0));
+    const AcGeLineSeg3d line;
+    EXPECT_TRUE(samePoint(seg.line.startPoint(), line.startPoint(), 0));
+    EXPECT_TRUE(samePoint(seg.line.endPoint(), line.endPoint(), 0));
 }
 
 TEST_F(PressureSegFields, LengthModeIsAskedForAtEachConstruction) {

@@ -8,22 +8,14 @@ namespace module_tests {
 
 namespace {
 
-/// Reaches the private member of the class: an explicit instantiation may name it.
-using WellLength = double (PressureSeg::*)(const AcDbObjectId&, const AcDbObjectId&);
-WellLength wellLengthMember();
-template<WellLength member>
-struct WellLengthAccess {
-    friend WellLength wellLengthMember() { return member; }
-};
-template struct WellLengthAccess<&PressureSeg::GetCacuWellLength>;
-
-double wellLength(const AcDbObjectId& first, const AcDbObjectId& second) {
-    PressureSeg seg;
-    return (seg.*wellLengthMember())(first, second);
-}
-
 class PressureSegTest : public PressureTest {
 protected:
+    using PressureTest::wellLength;
+    static double wellLength(const AcDbObjectId& first, const AcDbObjectId& second) {
+        PressureSeg seg;
+        return wellLength(seg, first, second);
+    }
+
     /// From (0, 0) to (10, 0), begin point (0, 0).
     static void makeStraight(PressureSeg& seg) {
         seg.startPoint = {0, 0, 0};
@@ -268,7 +260,7 @@ TEST_F(PressureSegTest, WellAllowanceLeavesTheSegmentAlone) {
     PressureSeg seg;
     makeStraight(seg);
     const AcDbObjectId one = drawing.well({0, 0, 0}, L"1.0");
-    (seg.*wellLengthMember())(one, one);
+    wellLength(seg, one, one);
     EXPECT_EQ(seg.GetLength(), 10.0);
     EXPECT_EQ(seg.pipeIds.length() + seg.meterIds.length() + seg.valveIds.length(), 0);
 }

@@ -2,6 +2,19 @@
 
 namespace module_tests {
 
+namespace {
+
+/// Reaches the private member of the class: an explicit instantiation may name it.
+using WellLength = double (PressureSeg::*)(const AcDbObjectId&, const AcDbObjectId&);
+WellLength wellLengthMember();
+template<WellLength member>
+struct WellLengthAccess {
+    friend WellLength wellLengthMember() { return member; }
+};
+template struct WellLengthAccess<&PressureSeg::GetCacuWellLength>;
+
+} // namespace
+
 AcDbObjectId PressureDrawing::main(const AcGePoint3d& from, const AcGePoint3d& to,
                                    PipeTexts texts) {
     texts.system = kSupply;
@@ -52,6 +65,11 @@ PressureTest::prepared(AcDbObjectId picked, const AcGePoint3d& at, Mode mode) {
     auto search = collected(picked, at, mode);
     EXPECT_EQ(search->PreparePipes(), 1);
     return search;
+}
+
+double PressureTest::wellLength(PressureSeg& seg, const AcDbObjectId& first,
+                                const AcDbObjectId& second) {
+    return (seg.*wellLengthMember())(first, second);
 }
 
 std::vector<int> PressureTest::parents() const {

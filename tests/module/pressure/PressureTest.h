@@ -47,6 +47,10 @@ protected:
     std::unique_ptr<tkvlt::PressureNetworkSearch>
     prepared(AcDbObjectId picked, const AcGePoint3d& at = {}, Mode mode = Mode::kIndexed);
 
+    /// What the segment's private member of that purpose gives.
+    static double wellLength(PressureSeg& seg, const AcDbObjectId& first,
+                             const AcDbObjectId& second);
+
     PressureSeg& seg(int index) { return segs.ElementAt(index); }
     int count() const { return static_cast<int>(segs.GetSize()); }
     Ids pipes(int index) { return idsOf(seg(index).pipeIds); }

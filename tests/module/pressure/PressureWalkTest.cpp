@@ -82,6 +82,27 @@ TEST_F(PressureWalkTest, WellAtTheSearchPointAddsItsRadiusToTheReach) {
     EXPECT_EQ(pipes(1), Ids{inReach});
 }
 
+/// The twenty-one wells stand in a row, the first of them nowhere; each adds its radius at the end
+/// of one of twenty pairs of pipes, which join over 2.4 where 2 + 0.5 are allowed.
+TEST_F(PressureWalkTest, WellWithoutAPositionHidesNoOther) {
+    drawing.setBreakDist(0.5);
+    drawing.well({std::nan(""), 0, 0});
+    Ids ids;
+    for (int i = 1; i <= 20; ++i) {
+        const double x = 30.0 * i;
+        drawing.well({x, 0, 0});
+        ids.push_back(drawing.main({x, -10, 0}, {x, 0, 0}));
+        drawing.main({x + 2.4, 0, 0}, {x + 10, 5, 0});
+    }
+    for (const Mode mode : {Mode::kPlainScan, Mode::kIndexed}) {
+        SCOPED_TRACE(mode == Mode::kIndexed ? "index" : "plain scan");
+        for (int i = 1; i <= 20; ++i) {
+            ASSERT_EQ(search(ids[static_cast<std::size_t>(i) - 1], {30.0 * i, -10, 0}, mode), 1);
+            EXPECT_EQ(count(), 2) << i;
+        }
+    }
+}
+
 TEST_F(PressureWalkTest, WellOfAnotherSystemAddsNothing) {
     drawing.setBreakDist(0.5);
     const AcDbObjectId picked = drawing.main({0, 0, 0}, {10, 0, 0});
@@ -146,6 +167,24 @@ TEST_F(PressureWalkTest, WithBothEndsEquallyNearTheStartIsTheNearEnd) {
     ASSERT_EQ(count(), 2);
     EXPECT_EQ(seg(1).reversed, 0);
     EXPECT_EQ(intsOf(seg(0).children), std::vector<int>{1});
+}
+
+/// Ends farther off than 1e19 count as 1e19 away: with a reach of 4e19 a pipe 5e19 away is adopted,
+/// with one just below 1e19 it is not. The root is an arc, which merges with no straight pipe.
+TEST_F(PressureWalkTest, NoEndCountsAsFartherThanTheBoundOfTheNearestEnd) {
+    const double bound = 1e19;
+    const AcDbObjectId picked = drawing.arc({0, 0, 0}, {10, 0, 0}, 1.0);
+    const AcDbObjectId beyond = drawing.main({10, 5 * bound, 0}, {10, 6 * bound, 0});
+    for (const Mode mode : {Mode::kPlainScan, Mode::kIndexed}) {
+        SCOPED_TRACE(mode == Mode::kIndexed ? "index" : "plain scan");
+        drawing.setBreakDist(bound / 4.0 * 0.99);
+        ASSERT_EQ(search(picked, {0, 0, 0}, mode), 1);
+        EXPECT_EQ(count(), 1);
+        drawing.setBreakDist(bound);
+        ASSERT_EQ(search(picked, {0, 0, 0}, mode), 1);
+        ASSERT_EQ(count(), 2);
+        EXPECT_EQ(pipes(1), Ids{beyond});
+    }
 }
 
 namespace {
@@ -270,6 +309,55 @@ TEST_F(PressureWalkTest, OfTheRoundedPiecesOfACutArcTheFirstInThePoolIsTheRoot) 
             ASSERT_TRUE(samePoint(seg(0).startPoint, {510, 300, 0})) << angle << " " << radius;
             ASSERT_TRUE(samePoint(seg(0).endPoint, {506, 308, 0})) << angle << " " << radius;
         }
+    }
+}
+
+/// The pick's foot on the pipe is at x = 13.3435315, and the pipe is cut within 2e-7 of it, which
+/// makes less than 1e-14 of difference. Seen from the piece that goes out to 1e7, rounding may hide
+/// 7e-9, so both are equally near, though some of the distances come out smaller for the second.
+TEST_F(PressureWalkTest, OfPiecesThatRoundingTellsApartTheFirstInThePoolIsTheRoot) {
+    const AcGePoint3d pick(13.343641967563199, -4.228573822132252, 0);
+    int secondCameOutNearer = 0;
+    for (int step = -20; step <= 20; ++step) {
+        PressureDrawing own;
+        const double x = 13.3435315 + 1e-8 * step;
+        const AcDbObjectId cut = own.main({1e7, 261.18705365785945, 0}, {0, 0, 0});
+        own.main({x, -5, 0}, {x, 5, 0});
+        const auto cutUp = prepared(cut, pick);
+        const std::vector<const _Pipe*> pool = present(cutUp->pipePool);
+        ASSERT_EQ(pool.size(), 4U);
+        ASSERT_EQ(pool[2]->id, cut);
+        const double first = pool[2]->line.distanceTo(pick);
+        const double second = pool[3]->line.distanceTo(pick);
+        ASSERT_NEAR(first, second, 1e-9);
+        secondCameOutNearer += second < first ? 1 : 0;
+        search(cut, pick);
+        ASSERT_GT(count(), 0);
+        EXPECT_TRUE(samePoint(seg(0).startPoint, {1e7, 261.18705365785945, 0})) << x;
+        EXPECT_NEAR(seg(0).endPoint.x, x, 1e-7);
+    }
+    EXPECT_GT(secondCameOutNearer, 0) << "else nothing was tried";
+}
+
+/// A flat arc far out on a large circle: both pieces run round all of it but the part between its
+/// start and the cut, and so past the place nearest to the origin.
+TEST_F(PressureWalkTest, OfThePiecesOfAFlatArcTheFirstInThePoolIsTheRoot) {
+    const AcGePoint3d start(557.13341565256678, 4004.7470746807282, 0);
+    const AcGePoint3d end(629.28317908111137, 4090.4681444411308, 0);
+    constexpr double bulge = 0.01;
+    const AcGeCircArc3d drawn = AcGeCircArc3d::fromBulge(start, end, bulge, {0, 0, 1});
+    for (const double part : {0.1, 0.25, 0.4, 0.5, 0.6, 0.7247, 0.8, 0.9}) {
+        PressureDrawing own;
+        const AcDbObjectId cut = own.arc(start, end, bulge);
+        // Across the arc at that part of its sweep, which is four times the bulge's arc tangent.
+        AcGeVector3d arm = start - drawn.center();
+        arm.rotateBy(part * 4.0 * std::atan(bulge), {0, 0, 1});
+        const AcGePoint3d place = drawn.center() + arm;
+        own.main(place - arm * 1e-3, place + arm * 1e-3);
+        search(cut, {0, 0, 0});
+        ASSERT_GT(count(), 0);
+        EXPECT_TRUE(samePoint(seg(0).startPoint, start)) << part;
+        EXPECT_TRUE(samePoint(seg(0).endPoint, place, 1e-6)) << part;
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include "module/pressure/PressureTest.h"
 
+#include <cmath>
+
 namespace module_tests {
 
 namespace {
@@ -178,6 +180,65 @@ TEST_F(SnapEndsTest, PiecesMoveAsWholePipesDoAndStayPieces) {
                                          {main, {0, 0, 0}, {10.25, 0.125, 0}, 0},
                                          {main, {10.25, 0.125, 0}, {20, 0, 0}, 0}}));
     EXPECT_TRUE(samePoint(present(search->pipePool)[1]->line.endPoint(), {10.25, 0.125, 0}));
+}
+
+/// A branch at (0, 10) cuts the arc; the second piece runs from there over (-10, 0) round to (10,
+/// 0), 15 pi. A well 0.36 from its end at (-10, 0) makes a new arc of it, on the circle through (0,
+/// 10),
+/// (-10, 0) and (-10.2, -0.3). Its centre is (t - 5, 5 - t), as far from the first as from the
+/// second; as far from the third, 50 + 2 t^2 = 5.2^2 + 5.3^2 - 0.2 t + 2 t^2, so t = 25.65. The
+/// ends are sqrt(10.2^2 + 10.3^2) apart, and the old end lies between them: 14.59.
+TEST_F(SnapEndsTest, PieceOfACutArcGetsASweepOfItsOwn) {
+    const AcDbObjectId arc = drawing.arc({10, 0, 0}, {-10, 0, 0}, 1.0);
+    const AcDbObjectId branch = drawing.main({0, 10, 0}, {0, 20, 0});
+    drawing.well({-10.2, -0.3, 0});
+    const double radius = std::sqrt(50.0 + 2.0 * 25.65 * 25.65);
+    const double chord = std::sqrt(10.2 * 10.2 + 10.3 * 10.3);
+    const auto search = prepared(arc);
+    ASSERT_TRUE(holds(search->pipePool, {{branch, {0, 10, 0}, {0, 20, 0}, 1},
+                                         {arc, {10, 0, 0}, {0, 10, 0}, 0},
+                                         {arc, {0, 10, 0}, {-10.2, -0.3, 0}, 0}}));
+    const AcGeCircArc3d& moved = present(search->pipePool)[2]->arc;
+    EXPECT_NEAR(moved.length(), 2.0 * radius * std::asin(chord / 2.0 / radius), 1e-8);
+    EXPECT_NEAR(moved.length(), 14.59, 0.005);
+    EXPECT_TRUE(samePoint(moved.center(), {20.65, -20.65, 0}, 1e-8));
+    EXPECT_TRUE(samePoint(moved.endPoint(), {-10.2, -0.3, 0}));
+    EXPECT_NEAR(present(search->pipePool)[1]->arc.length(), 15.0 * kPi, 1e-9) << "the other stays";
+}
+
+/// The old end and the new one are one point, through which no new arc can be made.
+TEST_F(SnapEndsTest, ArcWithAWellExactlyAtItsEndStaysAsItWas) {
+    const AcDbObjectId pipe = drawing.arc({10, 0, 0}, {-10, 0, 0}, 1.0);
+    drawing.well({-10, 0, 0});
+    drawing.well({10, 0, 0});
+    const auto search = prepared(pipe);
+    EXPECT_TRUE(holds(search->pipePool, {{pipe, {10, 0, 0}, {-10, 0, 0}, 1}}));
+    const AcGeCircArc3d& arc = present(search->pipePool).at(0)->arc;
+    EXPECT_TRUE(samePoint(arc.center(), {0, 0, 0}));
+    EXPECT_TRUE(samePoint(arc.startPoint(), {10, 0, 0}));
+    EXPECT_TRUE(samePoint(arc.endPoint(), {-10, 0, 0}));
+    EXPECT_NEAR(arc.length(), 10.0 * kPi, 1e-9);
+    EXPECT_NEAR(arc.distanceTo({0, 10, 0}), 0.0, 1e-9) << "the upper half still";
+}
+
+/// A well whose position is not a number is near nothing; it takes no other well's place. The first
+/// of twenty, it would stand first in any order of positions too.
+TEST_F(SnapEndsTest, WellWithoutAPositionHidesNoOther) {
+    drawing.well({std::nan(""), 0, 0});
+    Ids ids;
+    for (int i = 1; i <= 20; ++i) {
+        drawing.well({10.0 * i, 0, 0});
+        ids.push_back(drawing.main({10.0 * i + 0.25, 0, 0}, {10.0 * i + 5.0, 5, 0}));
+    }
+    for (const Mode mode : {Mode::kPlainScan, Mode::kIndexed}) {
+        SCOPED_TRACE(mode == Mode::kIndexed ? "index" : "plain scan");
+        const auto search = prepared(ids[0], {}, mode);
+        const std::vector<const _Pipe*> pool = present(search->pipePool);
+        ASSERT_EQ(pool.size(), 20U);
+        for (int i = 1; i <= 20; ++i) {
+            EXPECT_EQ(pool[static_cast<std::size_t>(i) - 1]->startPoint.x, 10.0 * i) << i;
+        }
+    }
 }
 
 /// Pipes that end 2 and 2.15 from the centre of a well of diameter 4: at the centre they join;

@@ -152,6 +152,21 @@ TEST_F(ChainEndTest, EndsAtTheSnapDistanceDoNotJoin) {
     EXPECT_EQ(traceFirst(), 0);
 }
 
+// The start of the next pipe stands exactly at the snap distance, to the last bit, then one step of
+// rounding nearer.
+TEST_F(ChainEndTest, SnapDistanceItselfIsTooFar) {
+    const double snap = 1.0 * 0.1 * 2.0 * 1.1 * 2.0;
+    const AcDbObjectId far = drawing.addPipe({snap, 0, 0}, {20, 0, 0});
+    const AcDbObjectId well = drawing.addWell({20, 0, 0});
+    EXPECT_EQ(traceFirst(), 0);
+    EXPECT_TRUE(target().isNull());
+    drawing.erase(far);
+    const AcDbObjectId near = drawing.addPipe({std::nextafter(snap, 0.0), 0, 0}, {20, 0, 0});
+    EXPECT_EQ(traceFirst(), 1);
+    EXPECT_EQ(chain(), (Ids{first, near}));
+    EXPECT_EQ(target(), well);
+}
+
 TEST_F(ChainEndTest, SnapDistanceFollowsScaleAndBreakDistance) {
     drawing.addPipe({1.7, 0, 0}, {20, 0, 0});
     drawing.addWell({20, 0, 0});

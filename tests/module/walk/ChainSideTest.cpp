@@ -6,6 +6,22 @@
 
 namespace module_tests {
 
+namespace {
+
+/// Another tolerance of the host, for as long as this lives.
+class HostTolerance {
+public:
+    explicit HostTolerance(double equalPoint) { AcGeContext::gTol.setEqualPoint(equalPoint); }
+    HostTolerance(const HostTolerance&) = delete;
+    HostTolerance& operator=(const HostTolerance&) = delete;
+    ~HostTolerance() { AcGeContext::gTol = former_; }
+
+private:
+    AcGeTol former_ = AcGeContext::gTol;
+};
+
+} // namespace
+
 /// The pipe under trace runs from (-20, 0) to the origin; the others cross or overlap it.
 class ChainSideTest : public WalkTest {
 protected:
@@ -55,6 +71,34 @@ TEST_F(ChainSideTest, CrossingWithinAMetreOfTheStartLeadsTowardsTheEndOnly) {
     EXPECT_EQ(target(), atEnd);
 }
 
+// The lower half circle about (110, 0) has its lowest point, (110, -10), on the straight pipe and
+// exactly a metre from where that begins; the well stands 0.4 beyond.
+TEST_F(ChainSideTest, CrossingExactlyAMetreFromTheStartDoesNotLeadThere) {
+    const AcDbObjectId arc = drawing.addArcPipe({100, 0, 0}, {120, 0, 0}, 1.0);
+    const AcDbObjectId straight = drawing.addPipe({110, -9, 0}, {110, -30, 0});
+    const AcDbObjectId well = drawing.addWell({110, -8.6, 0});
+    collect();
+    EXPECT_EQ(traceOutOfEnd(arc), 0);
+    drawing.erase(straight);
+    drawing.addPipe({110, -8.999, 0}, {110, -30, 0}); // a millimetre more
+    collect();
+    EXPECT_EQ(traceOutOfEnd(arc), 1);
+    EXPECT_EQ(target(), well);
+}
+
+TEST_F(ChainSideTest, CrossingExactlyAMetreFromTheEndDoesNotLeadThere) {
+    const AcDbObjectId arc = drawing.addArcPipe({100, 0, 0}, {120, 0, 0}, 1.0);
+    const AcDbObjectId straight = drawing.addPipe({110, -30, 0}, {110, -9, 0});
+    const AcDbObjectId well = drawing.addWell({110, -8.6, 0});
+    collect();
+    EXPECT_EQ(traceOutOfEnd(arc), 0);
+    drawing.erase(straight);
+    drawing.addPipe({110, -30, 0}, {110, -8.999, 0});
+    collect();
+    EXPECT_EQ(traceOutOfEnd(arc), 1);
+    EXPECT_EQ(target(), well);
+}
+
 TEST_F(ChainSideTest, CrossingWithinAMetreOfTheEndDoesNotLeadThere) {
     drawing.addPipe({20, -6, 0}, {-10.96, 0.192, 0});
     drawing.addWell({-11.2, 0.192, 0});
@@ -102,6 +146,16 @@ TEST_F(ChainSideTest, EndToEndWinsOverACrossingThatStandsEarlier) {
     EXPECT_EQ(target(), well);
 }
 
+// The pipe begins 0.32 from the free end and is joined there, which leads away from the well to its
+// far end and nowhere. It crosses the first at (-10, 0) as well, 10.3 from its start, and from
+// there the way to its start would reach the well 0.4 beyond.
+TEST_F(ChainSideTest, PipeThatEndsWithinTheSnapDistanceIsNotEnteredByItsSide) {
+    drawing.addPipe({0.3, 0.1, 0}, {-30.6, -0.2, 0});
+    drawing.addWell({0.7, 0.1, 0});
+    EXPECT_EQ(traceFirst(), 0);
+    EXPECT_TRUE(target().isNull());
+}
+
 TEST_F(ChainSideTest, OverlappingPipeIsLeftByTheEndThatLiesBeyond) {
     const AcDbObjectId over = drawing.addPipe({-5, 0, 0}, {20, 0, 0});
     const AcDbObjectId well = drawing.addWell({20, 0, 0});
@@ -115,6 +169,25 @@ TEST_F(ChainSideTest, OverlappingPipeDrawnTheOtherWayToo) {
     const AcDbObjectId well = drawing.addWell({20, 0, 0});
     EXPECT_EQ(traceFirst(), 1);
     EXPECT_EQ(target(), well);
+}
+
+// Overlapping pipes may lie 1e-10 apart, however finely the host compares points by then: these lie
+// 5e-11 apart, and the host is set to 1e-12.
+TEST_F(ChainSideTest, OverlapHasAToleranceOfItsOwn) {
+    const HostTolerance fine(1e-12);
+    const AcDbObjectId start = drawing.addWell({-20.4, 0, 0});
+    const AcDbObjectId far = drawing.addWell({20, 0, 0});
+    const AcDbObjectId over = drawing.addPipe({-5, 5e-11, 0}, {20, 5e-11, 0});
+    for (const auto way : {tkvlt::CandidateMode::kPlainScan, tkvlt::CandidateMode::kIndexed}) {
+        SCOPED_TRACE(way == tkvlt::CandidateMode::kIndexed ? "index" : "plain scan");
+        mode = way;
+        result.wells.RemoveAll();
+        result.segs.RemoveAll();
+        EXPECT_EQ(run(start), 1);
+        EXPECT_EQ(nodes(), (Ids{start, far}));
+        ASSERT_EQ(result.segs.GetSize(), 1);
+        EXPECT_EQ(idsOf(result.segs[0].pipeIds), (Ids{first, over}));
+    }
 }
 
 TEST_F(ChainSideTest, PipeWhollyOnTheOtherJoinsNothing) {
@@ -202,6 +275,34 @@ TEST_F(ChainSideTest, LengthModeZeroCountsWholePipes) {
     drawing.addWell({-40, 6, 0.3});
     EXPECT_EQ(traceFirst(), 1);
     EXPECT_NEAR(search->chainLength, 20.0 + std::sqrt(60.0 * 60.0 + 12.0 * 12.0), 1e-9);
+}
+
+// The first pipe is left at the next one's start, 0.3 short of its own end and 0.1 beside it: 19.7
+// and 0.1. The next is entered there too, so its 30 count as they are.
+TEST_F(ChainSideTest, LengthIsMeasuredToWhereTheNextPipeBegins) {
+    drawing.setLengthMode(1);
+    const double angle = kPi / 12.0;
+    const AcGePoint3d joint(-0.3, 0.1, 0);
+    const AcGePoint3d end = joint + AcGeVector3d(std::cos(angle), std::sin(angle), 0) * 30.0;
+    drawing.addPipe(joint, end);
+    drawing.addWell(end);
+    EXPECT_EQ(traceFirst(), 1);
+    EXPECT_NEAR(search->chainLength, 19.7 + 0.1 + 30.0, 1e-9);
+}
+
+// Behind the second pipe the first way on is a dead end, 0.22 beside the joint: the 20 of the
+// second that were counted with it are taken off again, those of the first stay. Then each pipe
+// counts once: 20, 20 and the last, 29.6 along and 4 across.
+TEST_F(ChainSideTest, DeadEndTakesOffWhatItAddedAndNoMore) {
+    drawing.setLengthMode(0);
+    const AcDbObjectId second = drawing.addPipe({0, 0, 0}, {20, 0, 0});
+    drawing.addPipe({20.2, 0.1, 0}, {50, 0.3, 0});
+    const AcDbObjectId last = drawing.addPipe({20, 0, 0}, {49.6, -4, 0});
+    const AcDbObjectId well = drawing.addWell({50, -4, 0});
+    EXPECT_EQ(traceFirst(), 1);
+    EXPECT_EQ(chain(), (Ids{first, second, last}));
+    EXPECT_EQ(target(), well);
+    EXPECT_NEAR(search->chainLength, 20.0 + 20.0 + std::sqrt(29.6 * 29.6 + 4.0 * 4.0), 1e-9);
 }
 
 TEST_F(ChainSideTest, AnyOtherLengthModeCountsNothing) {

@@ -143,4 +143,31 @@ TEST_F(MergeTest, WalkStopsWhenTheLastWellWasMergedAway) {
     EXPECT_EQ(search->abortFlag, 0);
 }
 
+// The only well is merged into the second tank, 0.4 away where 0.5 + 0 + 0.01 are allowed. With no
+// free well left the walk does not go on from there to the third tank. That fails nothing, and the
+// first tank's other pipe is followed.
+//
+//   T4
+//   |
+//   T1 --- T2,o   T3
+TEST_F(MergeTest, LastWellMergedAwayEndsThatBranchAlone) {
+    drawing.erase(root);
+    const auto tankAt = [&](double x, double y) {
+        return drawing.addTankAt({x, y, 0}, {x, y, 0}, {x + 4, y + 4, 0});
+    };
+    const AcDbObjectId first = tankAt(0, 0);
+    const AcDbObjectId second = tankAt(20, 0);
+    tankAt(40, 0);
+    const AcDbObjectId fourth = tankAt(0, 20);
+    const AcDbObjectId only = drawing.addWell({20.4, 0, 0});
+    drawing.addPipe({4, 2, 0}, {20, 2, 0});
+    const AcDbObjectId notFollowed = drawing.addPipe({24, 2, 0}, {40, 2, 0});
+    drawing.addPipe({2, 4, 0}, {2, 20, 0});
+    EXPECT_EQ(run(first), 1);
+    EXPECT_EQ(nodes(), (Ids{first, second, fourth}));
+    EXPECT_EQ(idsOf(result.wells[1].mergedEntities), Ids{only});
+    EXPECT_TRUE(result.wells[1].outSegs.IsEmpty());
+    EXPECT_GE(pipe(notFollowed), 0);
+}
+
 } // namespace module_tests

@@ -127,6 +127,18 @@ TEST_F(RootWellTest, TankOnOneSideMayBecomeTheRoot) {
     EXPECT_EQ(result.wells[0].nodeRadius, 0.0);
 }
 
+// The tank lies beyond the pipe's end and the well beyond its start, 15 from the pick where the
+// tank is 4.
+TEST_F(RootWellTest, TankBeyondThePipesEndMayBecomeTheRoot) {
+    const AcDbObjectId tank = drawing.addTank({0, -1, 0}, {2, 1, 0});
+    drawing.addWell({20, 0, 0});
+    const AcDbObjectId pipe = drawing.addPipe({19.5, 0, 0}, {2, 0, 0});
+    prepare(pipe, {5, 0, 0});
+    ASSERT_EQ(search->PlaceRootWell(), 1);
+    EXPECT_EQ(nodes(), Ids{tank});
+    EXPECT_EQ(result.wells[0].isWell, 0);
+}
+
 TEST_F(RootWellTest, PipeThatWasDroppedForItsLengthIsNoStart) {
     drawing.addWell({0, 0, 0});
     const AcDbObjectId pipe = drawing.addPipe({0.25, 0, 0}, {1.25, 0, 0});

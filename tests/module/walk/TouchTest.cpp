@@ -119,6 +119,15 @@ TEST_F(TouchTest, TankIsTouchedInPlanUpToAMillimetre) {
     EXPECT_EQ(nodes(), (Ids{tank, far}));
 }
 
+// The same for a pipe that ends in the tank.
+TEST_F(TouchTest, HeightOfThePipesEndDoesNotCountInATank) {
+    const AcDbObjectId tank = drawing.addTank({-4, 46, 0}, {4, 54, 0});
+    drawing.addPipe({19.5, 49, 0}, {3, 49, 80});
+    const AcDbObjectId far = drawing.addWell({20, 49, 0});
+    EXPECT_EQ(walkFrom(tank), 1);
+    EXPECT_EQ(nodes(), (Ids{tank, far}));
+}
+
 TEST_F(TouchTest, LeafIsDoneAtOnce) {
     EXPECT_EQ(walkFrom(root), 1);
     EXPECT_EQ(nodes(), Ids{root});
@@ -165,6 +174,19 @@ TEST_F(TouchTest, RunThatComesNearANodeRaisesTheFlagAndTheWalkGoesOn) {
     EXPECT_EQ(search->WalkFromWell(0), 0) << "the flag is seen after the next descent";
     EXPECT_EQ(search->abortFlag, 1);
     EXPECT_EQ(nodes(), (Ids{root, other, far}));
+}
+
+// The only run leads back to a known node. The walk has come to the end of its pipes all the same,
+// and says so; that the network closes on itself stands in the flag alone.
+TEST_F(TouchTest, ScanThatRanToItsEndIsDoneThoughTheFlagIsRaised) {
+    const AcDbObjectId other = drawing.addWell({-20, 0, 0});
+    drawing.addPipe({-1, 0, 0}, {-19.5, 0, 0});
+    collect();
+    makeNode(root);
+    makeNode(other);
+    EXPECT_EQ(search->WalkFromWell(0), 1);
+    EXPECT_EQ(search->abortFlag, 1);
+    EXPECT_TRUE(result.segs.IsEmpty());
 }
 
 TEST_F(TouchTest, TargetIsNewUnlessItIsANodeOrWasMergedIntoOne) {

@@ -20,7 +20,7 @@ int indexOf(const tkvlt::RecordPool<Record>& pool, AcDbObjectId id) {
 
 void WalkTest::collect(const wchar_t* system, bool withResult) {
     search = std::make_unique<tkvlt::GravityNetworkSearch>(withResult ? &result : nullptr, start_,
-                                                           end_, pick_);
+                                                           end_, pick_, mode);
     search->systemName = system;
     ASSERT_EQ(search->CollectEntities(), 1);
 }
@@ -28,7 +28,7 @@ void WalkTest::collect(const wchar_t* system, bool withResult) {
 void WalkTest::prepare(AcDbObjectId start, AcGePoint3d pick) {
     start_ = start;
     pick_ = pick;
-    search = std::make_unique<tkvlt::GravityNetworkSearch>(&result, start_, end_, pick_);
+    search = std::make_unique<tkvlt::GravityNetworkSearch>(&result, start_, end_, pick_, mode);
     ASSERT_EQ(search->ValidateEnds(), 1);
     ASSERT_EQ(search->CollectEntities(), 1);
 }
@@ -37,7 +37,7 @@ int WalkTest::run(AcDbObjectId start, AcDbObjectId end, AcGePoint3d pick) {
     start_ = start;
     end_ = end;
     pick_ = pick;
-    search = std::make_unique<tkvlt::GravityNetworkSearch>(&result, start_, end_, pick_);
+    search = std::make_unique<tkvlt::GravityNetworkSearch>(&result, start_, end_, pick_, mode);
     return search->Run();
 }
 

@@ -36,6 +36,7 @@ protected:
 
     GravitySearchObject result;
     std::unique_ptr<tkvlt::GravityNetworkSearch> search;
+    tkvlt::CandidateMode mode = tkvlt::CandidateModeFromEnvironment(); ///< of the next search
 
 private:
     AcDbObjectId start_;
