@@ -15,7 +15,7 @@ namespace {
 struct Texts {
     std::string drawing, settings, dwgScale, drawScale, breakDist, lengthMode;
     std::string format = "table";
-    std::string start, end, pipe, pick, point, svg, pipes, target, drop, output;
+    std::string start, end, pipe, pick, point, svg, pipes, target, drop, output, lines, block;
     bool timing = false;
     bool unique = false;
     bool inPlace = false;
@@ -87,6 +87,14 @@ void addPicture(CLI::App& command, Texts& texts) {
         ->group("Output");
 }
 
+void addOutput(CLI::App& command, Texts& texts) {
+    command.add_option("--output", texts.output, "Write the changed drawing into this file")
+        ->type_name("FILE")
+        ->group("Output");
+    command.add_flag("--in-place", texts.inPlace, "Write the changes into the drawing itself")
+        ->group("Output");
+}
+
 void addSearch(CLI::App& app, Texts& texts) {
     CLI::App* search = addCommand(
         app, "search", "Rebuild the network around an entity, and the path to another", texts);
@@ -136,12 +144,25 @@ void addLower(CLI::App& app, Texts& texts) {
     lower->add_option("--drop", texts.drop, "How far it sinks; a negative number raises it")
         ->required()
         ->type_name("METRES");
-    lower->add_option("--output", texts.output, "Write the changed drawing into this file")
-        ->type_name("FILE")
-        ->group("Output");
-    lower->add_flag("--in-place", texts.inPlace, "Write the changes into the drawing itself")
-        ->group("Output");
+    addOutput(*lower, texts);
     addPicture(*lower, texts);
+}
+
+void addCuts(CLI::App& app, Texts& texts) {
+    CLI::App* breaking =
+        addCommand(app, "break", "Break lines where they cross or run into each other", texts);
+    CLI::App* trimming =
+        addCommand(app, "trim", "Cut lines off at the rim of a block reference", texts);
+    trimming->add_option("--block", texts.block, "The block reference, such as a well")
+        ->required()
+        ->type_name("HANDLE");
+    for (CLI::App* command : {breaking, trimming}) {
+        command->add_option("--lines", texts.lines, "The lines, with commas between them")
+            ->required()
+            ->type_name("H1,H2,...");
+        addOutput(*command, texts);
+        addPicture(*command, texts);
+    }
 }
 
 void addCommands(CLI::App& app, Texts& texts) {
@@ -153,6 +174,7 @@ void addCommands(CLI::App& app, Texts& texts) {
     addSegments(app, texts);
     addPath(app, texts);
     addLower(app, texts);
+    addCuts(app, texts);
 }
 
 /// An option that stands both before and after the command would silently lose one value.
@@ -191,10 +213,17 @@ void readHandle(AcDbHandle& handle, const char* option, const std::string& text)
     }
 }
 
+void readHandles(std::vector<AcDbHandle>& handles, const char* option, const std::string& text) {
+    if (!text.empty()) {
+        handles = handlesArgument(option, text);
+    }
+}
+
 Command commandNamed(const std::string& name) {
     constexpr std::pair<const char*, Command> names[] = {
         {"info", Command::info},         {"search", Command::search}, {"segment", Command::segment},
-        {"segments", Command::segments}, {"path", Command::path},     {"lower", Command::lower}};
+        {"segments", Command::segments}, {"path", Command::path},     {"lower", Command::lower},
+        {"break", Command::breakLines},  {"trim", Command::trim}};
     return std::find_if(std::begin(names), std::end(names),
                         [&name](const auto& entry) { return entry.first == name; })
         ->second;
@@ -212,9 +241,9 @@ Options readTexts(const std::string& command, const Texts& texts) {
     readHandle(options.end, "--end", texts.end);
     readHandle(options.pipe, "--pipe", texts.pipe);
     readHandle(options.target, "--target", texts.target);
-    if (!texts.pipes.empty()) {
-        options.pipes = handlesArgument("--pipes", texts.pipes);
-    }
+    readHandles(options.pipes, "--pipes", texts.pipes);
+    readHandles(options.lines, "--lines", texts.lines);
+    readHandle(options.block, "--block", texts.block);
     options.unique = texts.unique;
     if (!texts.drop.empty()) {
         options.drop = numberArgument("--drop", texts.drop);
@@ -242,7 +271,7 @@ void checkStart(const CLI::App& command) {
 
 /// A drawing is never changed by the way.
 void checkOutput(const CLI::App& command) {
-    if (command.get_name() != "lower") {
+    if (command.get_option_no_throw("--in-place") == nullptr) {
         return;
     }
     const bool output = command.count("--output") > 0;

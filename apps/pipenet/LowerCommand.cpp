@@ -76,12 +76,12 @@ Answer runLower(const Drawing& drawing, const Options& options) {
     }
     answer.timing.searchMs = watch.milliseconds();
     const Changes changes = before.changes();
+    if (!options.svg.empty()) {
+        drawLowering(drawing, changes, options, pipe);
+    }
     if (!changes.empty()) {
         const Progress progress("writing " + path);
         drawing.save(path);
-    }
-    if (!options.svg.empty()) {
-        drawLowering(drawing, changes, options, pipe);
     }
     if (result == 0) {
         answer.refusal = lowerRefusal(pipe, !changes.empty(), path);

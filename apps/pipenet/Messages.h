@@ -43,6 +43,10 @@ inline constexpr Message kNoOutput{
 
 inline constexpr Message kDrawing{201, "{}"};
 inline constexpr Message kNoEntity{202, "{}: no entity has the handle {}"};
+inline constexpr Message kNoLine{208, "{}: the entity with the handle {} is no line"};
+inline constexpr Message kNoCurve{
+    209, "{}: the entity with the handle {} is no line, arc, circle or polyline"};
+inline constexpr Message kNoBlock{210, "{}: the entity with the handle {} is no block reference"};
 inline constexpr Message kErasedEntity{203, "{}: the entity with the handle {} is erased"};
 inline constexpr Message kUnreadable{204, "{}: {}"};
 inline constexpr Message kNoSettings{
@@ -55,6 +59,8 @@ inline constexpr Message kUnwritable{301, "{}: cannot be written: {}"};
 inline constexpr Message kOutputIsInput{
     304, "{}: not written: it is the drawing itself; give another file, or --in-place"};
 inline constexpr Message kNoPlainFile{305, "{}: not written: it is there and is no plain file"};
+inline constexpr Message kPictureIsDrawing{
+    307, "{}: not written: the picture would overwrite a drawing; give --svg another file"};
 inline constexpr Message kUnsaved{306, "{}"};
 inline constexpr Message kOutput{302, "standard output: cannot be written"};
 
@@ -140,12 +146,21 @@ inline constexpr Message kTargetWithoutSystem{
 inline constexpr Message kTargetOfOtherSystem{
     434, "no path from {} to {}: the root belongs to well system '{}' and the target to '{}'; "
          "check --target"};
+inline constexpr Message kTargetInRoot{
+    436, "no path from {} to {}: the target overlaps the root and is one node with it; check "
+         "--target"};
+inline constexpr Message kRootWithoutWells{
+    437, "no path from {} to {}: the root {} is no well, and ways go by the systems of wells; "
+         "check --start"};
 inline constexpr Message kTargetNotReached{
     435, "no path from {} to {}: the network ({} wells and tanks) does not hold the target; check "
          "for a gap or a missing pipe between them"};
 inline constexpr Message kNothingFollows{
     441, "lowered {} alone, not what follows it, and written to {}: no network was found from its "
          "end; check that pipes lead on from it and that none loops back"};
+inline constexpr Message kOpenAtStart{
+    443, "nothing lowered at {}: the side on which it is drawn from leads to no well or tank, and "
+         "the search for what follows begins there; check the gaps on that side"};
 inline constexpr Message kNotGravity{
     442, "nothing to lower at {}: its system '{}' is a pressure system, and heights follow the "
          "water in gravity systems only; check --pipe"};

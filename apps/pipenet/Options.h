@@ -9,7 +9,7 @@
 
 namespace pipenet {
 
-enum class Command { info, search, segment, segments, path, lower };
+enum class Command { info, search, segment, segments, path, lower, breakLines, trim };
 enum class Format { table, json };
 
 /// What the command line asked for. Texts are UTF-8.
@@ -26,6 +26,8 @@ struct Options {
     AcDbHandle pipe;
     AcDbHandle target;
     std::vector<AcDbHandle> pipes;
+    std::vector<AcDbHandle> lines;
+    AcDbHandle block;
     bool unique = false;
     double drop = 0.0;  ///< metres
     std::string output; ///< path of the changed drawing, empty for none

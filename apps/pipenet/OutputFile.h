@@ -12,4 +12,8 @@ namespace pipenet {
 /// plain file.
 std::string outputPath(const Drawing& drawing, const Options& options);
 
+/// Holds the path of the picture, if one is asked for, against the drawing and against where the
+/// command writes to. Throws Failure when it would overwrite either, or is no plain file.
+void checkPicture(const Options& options);
+
 } // namespace pipenet

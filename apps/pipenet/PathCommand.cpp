@@ -30,9 +30,14 @@ Answer runPath(const Drawing& drawing, const Options& options) {
     {
         const Progress progress("searching " + drawing.name());
         outcome = searchNetwork(request);
-        answer.refusal = pathRefusal(drawing, request, outcome, target);
-        findPath(outcome, target);
         answer.timing.searchMs = watch.milliseconds();
+        std::string cause = pathRefusal(drawing, request, outcome, target);
+        const Stopwatch pathWatch;
+        findPath(outcome, target);
+        answer.timing.searchMs += pathWatch.milliseconds();
+        if (outcome.object == nullptr) {
+            answer.refusal = std::move(cause);
+        }
     }
     const GravitySearchObject* network = gravityNetwork(outcome);
     answer.isJson = options.format == Format::json;

@@ -149,32 +149,22 @@ std::string pressureCause(const SearchRequest& request) {
                   handleText(tried.segs[pair.second].pipeIds[0]), place.x, place.y);
 }
 
-/// The node that stands for the entity, or the segment that holds it.
-bool holds(const GravitySearchObject& network, const AcDbObjectId& target) {
-    for (INT_PTR i = 1; i < network.wells.GetSize(); ++i) {
-        const Well& well = network.wells[i];
-        if (well.nodeEntity == target || well.mergedEntities.contains(target)) {
-            return true;
-        }
-    }
-    for (INT_PTR i = 0; i < network.segs.GetSize(); ++i) {
-        if (network.segs[i].pipeIds.contains(target)) {
-            return true;
-        }
-    }
-    return false;
-}
-
 /// Paths go by the text of wells, of the root as well.
 std::string targetCause(const GravitySearchObject& network, const AcDbObjectId& start,
                         const AcDbObjectId& target) {
     const std::string from = nameOf(start);
     const std::string to = nameOf(target);
     const Well& root = network.wells[0];
+    const CString rootSystem = XdataText(root.nodeEntity, xdata::kWellSystem);
     if (root.nodeEntity == target) {
         return textOf(kTargetIsRoot, from, to);
     }
-    const CString rootSystem = XdataText(root.nodeEntity, xdata::kWellSystem);
+    if (root.mergedEntities.contains(target)) {
+        return textOf(kTargetInRoot, from, to);
+    }
+    if (rootSystem.IsEmpty()) {
+        return textOf(kRootWithoutWells, from, to, nameOf(root.nodeEntity));
+    }
     CString targetSystem = XdataText(target, xdata::kWellSystem);
     if (targetSystem.IsEmpty()) {
         targetSystem = XdataText(target, xdata::kPipeSystem);
@@ -185,8 +175,7 @@ std::string targetCause(const GravitySearchObject& network, const AcDbObjectId& 
     if (targetSystem != rootSystem) {
         return textOf(kTargetOfOtherSystem, from, to, utf8(rootSystem), utf8(targetSystem));
     }
-    return holds(network, target) ? std::string()
-                                  : textOf(kTargetNotReached, from, to, network.wells.GetSize());
+    return textOf(kTargetNotReached, from, to, network.wells.GetSize());
 }
 
 } // namespace
@@ -250,8 +239,13 @@ std::string lowerRefusal(const AcDbObjectId& pipe, bool changed, const std::stri
         return textOf(kNotGravity, nameOf(pipe), utf8(XdataText(pipe, xdata::kPipeSystem)));
     }
     Seg seg;
-    return GetSingleSeg(seg, pipe) == 0 ? segmentRefusal(pipe, kind)
-                                        : textOf(kNoReason, nameOf(pipe));
+    if (GetSingleSeg(seg, pipe) == 0) {
+        return segmentRefusal(pipe, kind);
+    }
+    if (seg.gravity.endEntity.isNull()) {
+        return textOf(kOpenAtStart, nameOf(pipe));
+    }
+    return gravityCause({seg.gravity.endEntity, AcDbObjectId(), AcGePoint3d()});
 }
 
 } // namespace pipenet

@@ -16,8 +16,9 @@ std::string refusalOf(const Drawing& drawing, const SearchRequest& request,
 /// The same for the segment of one pipe, whose build gave 0.
 std::string segmentRefusal(const AcDbObjectId& pipe, int kind);
 
-/// Why there is no path to `target` in what the search from the request's start gave; empty when
-/// there is one. To be asked before the path is put into the network.
+/// Why there may be no path to `target` in what the search from the request's start gave: a
+/// sentence in any case, to be used when there is none. To be asked before a path is put into the
+/// network.
 std::string pathRefusal(const Drawing& drawing, const SearchRequest& request,
                         const SearchOutcome& outcome, const AcDbObjectId& target);
 

@@ -7,7 +7,7 @@ namespace pipenet {
 
 CString systemNameOf(const AcDbObjectId& entity) {
     for (const wchar_t* key : {xdata::kWellSystem, xdata::kTankSystem, xdata::kPipeSystem}) {
-        const CString name = XdataText(entity, key);
+        CString name = XdataText(entity, key);
         if (!name.IsEmpty()) {
             return name;
         }

@@ -1,7 +1,9 @@
 #include "CommandLine.h"
+#include "CutCommands.h"
 #include "Failure.h"
 #include "InfoCommand.h"
 #include "LowerCommand.h"
+#include "OutputFile.h"
 #include "PathCommand.h"
 #include "Progress.h"
 #include "SearchCommand.h"
@@ -29,9 +31,13 @@ Answer runCommand(const Drawing& drawing, const Options& options) {
     case Command::path:
         return runPath(drawing, options);
     case Command::lower:
+        return runLower(drawing, options);
+    case Command::breakLines:
+        return runBreak(drawing, options);
+    case Command::trim:
         break;
     }
-    return runLower(drawing, options);
+    return runTrim(drawing, options);
 }
 
 std::unique_ptr<Drawing> openDrawing(const std::string& path) {
@@ -51,6 +57,7 @@ int run(const Options& options) {
     siblings::setSystemPath(options.settingsFolder);
     siblings::setDrawingSettings(options.drawingSettings);
     checkSettings();
+    checkPicture(options);
     const Stopwatch watch;
     const std::unique_ptr<Drawing> drawing = openDrawing(options.drawing);
     const double loadMs = watch.milliseconds();

@@ -1,5 +1,7 @@
 #include "database/TextMetrics.h"
 
+#include "platform/Encoding.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -101,11 +103,11 @@ double codeAdvance(const wchar_t*& text) {
 } // namespace
 
 bool isWideCharacter(wchar_t character) {
-    return isIn(kWide, static_cast<std::uint32_t>(character));
+    return isIn(kWide, host_text::codeOf(character));
 }
 
 double textAdvance(wchar_t character) {
-    const auto number = static_cast<std::uint32_t>(character);
+    const std::uint32_t number = host_text::codeOf(character);
     if (isIn(kWithoutWidth, number)) {
         return 0.0;
     }

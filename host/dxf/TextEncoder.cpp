@@ -18,7 +18,7 @@ void appendEscape(unsigned unit, std::string& bytes) {
 }
 
 void appendEscapes(wchar_t character, std::string& bytes) {
-    const auto value = static_cast<unsigned>(character);
+    const std::uint32_t value = host_text::codeOf(character);
     if (value < unitCount) {
         appendEscape(value, bytes);
         return;
@@ -82,7 +82,7 @@ void TextEncoder::encodeCharacter(wchar_t character, std::string& bytes) const {
         bytes += host_text::toUtf8(std::wstring_view(&character, 1));
         return;
     }
-    const auto unit = static_cast<std::size_t>(character);
+    const std::size_t unit = host_text::codeOf(character);
     const std::uint16_t code = unit < codes_.size() ? codes_[unit] : std::uint16_t{0};
     if (code == 0) {
         appendEscapes(character, bytes);

@@ -210,6 +210,9 @@ private:
     }
 
     void assignAll(INT_PTR first, const CArray& source) {
+        if (data_ == nullptr) {
+            return; // no room was made, since there is nothing to assign
+        }
         for (INT_PTR i = 0; i < source.size_; ++i) {
             data_[first + i] = source.data_[i];
         }

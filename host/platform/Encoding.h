@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 namespace host_text {
 
@@ -12,5 +14,10 @@ std::wstring fromUtf8(std::string_view text);
 /// Encodes as UTF-8. A lone surrogate or a value beyond U+10FFFF becomes U+FFFD; two surrogates
 /// that form a pair are joined.
 std::string toUtf8(std::wstring_view text);
+
+/// The number of a character, which itself is signed on some systems.
+inline std::uint32_t codeOf(wchar_t character) {
+    return static_cast<std::make_unsigned_t<wchar_t>>(character);
+}
 
 } // namespace host_text

@@ -10,8 +10,9 @@ int FindNodeOfBlock(GravitySearchObject& network, const AcDbObjectId& block) {
         }
         int merged = 0;
         if (node.mergedEntities.find(block, merged)) {
+            const AcDbObjectId found = block; // it may stand in the list that grows now
             node.mergedEntities.append(node.nodeEntity);
-            node.nodeEntity = block;
+            node.nodeEntity = found;
             node.mergedEntities.removeAt(merged);
             return i;
         }

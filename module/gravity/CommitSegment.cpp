@@ -89,6 +89,7 @@ int GravityNetworkSearch::CommitSegment(int well) {
 /// The ids stand in pool order, whatever the order of the chain.
 void GravityNetworkSearch::TakeChainPipes(GravitySeg& seg) {
     std::vector<int> taken;
+    taken.reserve(static_cast<std::size_t>(chainPipes.GetSize()));
     for (int i = 0; i < static_cast<int>(chainPipes.GetSize()); ++i) {
         taken.push_back(chainPipes.GetAt(i));
     }

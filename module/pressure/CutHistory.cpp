@@ -33,7 +33,7 @@ bool CutHistory::Holds(const _Pipe& pipe, const AcGePoint3d& cutPoint) const {
     const std::int64_t y = SquareOf(cutPoint.y);
     for (const std::int64_t dx : {-1, 0, 1}) {
         for (const std::int64_t dy : {-1, 0, 1}) {
-            if (HoldsAt({pipe.id, x + dx, y + dy}, cut)) {
+            if (HoldsAt({pipe.id.asOldId(), x + dx, y + dy}, cut)) {
                 return true;
             }
         }
@@ -42,7 +42,7 @@ bool CutHistory::Holds(const _Pipe& pipe, const AcGePoint3d& cutPoint) const {
 }
 
 void CutHistory::Note(const _Pipe& pipe, const AcGePoint3d& cutPoint) {
-    const Place place{pipe.id, SquareOf(cutPoint.x), SquareOf(cutPoint.y)};
+    const Place place{pipe.id.asOldId(), SquareOf(cutPoint.x), SquareOf(cutPoint.y)};
     cuts_[place].push_back({pipe.startPoint, pipe.endPoint, cutPoint});
 }
 

@@ -27,7 +27,7 @@ private:
         AcGePoint3d cutPoint;
     };
     /// The entity and the square, as wide as the tolerance, in which the cut point lies.
-    using Place = std::tuple<AcDbObjectId, std::int64_t, std::int64_t>;
+    using Place = std::tuple<std::int64_t, std::int64_t, std::int64_t>;
 
     std::int64_t SquareOf(double coordinate) const;
     bool HoldsAt(const Place& place, const Cut& cut) const;

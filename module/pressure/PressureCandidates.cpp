@@ -61,11 +61,13 @@ public:
         : search_(search), largestRadius_(LargestRadius(search.wellPool)),
           slack_(RoundingSlack(search.pipePool)), drawnPipes_(search.pipePool.Size()) {
         std::vector<PlanBox> curves;
+        curves.reserve(static_cast<std::size_t>(search_.pipePool.Size()));
         for (int i = 0; i < search_.pipePool.Size(); ++i) {
             curves.push_back(PipeBox(search_.pipePool[i]));
         }
         pipeCurves_ = BoxTree(curves);
         std::vector<PlanBox> positions;
+        positions.reserve(static_cast<std::size_t>(search_.wellPool.Size()));
         for (int i = 0; i < search_.wellPool.Size(); ++i) {
             positions.push_back(PlanBox::Of(search_.wellPool[i].position));
         }
@@ -89,6 +91,7 @@ public:
 
     void PipesPrepared() override {
         std::vector<PlanBox> ends;
+        ends.reserve(2 * static_cast<std::size_t>(search_.pipePool.Size()));
         for (int i = 0; i < search_.pipePool.Size(); ++i) {
             ends.push_back(PlanBox::Of(search_.pipePool[i].startPoint));
             ends.push_back(PlanBox::Of(search_.pipePool[i].endPoint));
@@ -112,6 +115,7 @@ public:
 
     void SegsBuilt() override {
         std::vector<PlanBox> points;
+        points.reserve(static_cast<std::size_t>(search_.segs.GetSize()));
         for (int i = 0; i < static_cast<int>(search_.segs.GetSize()); ++i) {
             points.push_back(PlanBox::Of(search_.segs.ElementAt(i).GetSearchPoint()));
         }

@@ -12,8 +12,9 @@ namespace {
 // So many cuts of arcs no drawing needs whose cutting ends by itself.
 constexpr int kCutsOfAnyDrawing = 512;
 constexpr int kCutsOfAnyPipe = 64;
-/// No more cuts are made of what could be cut without end.
-constexpr int kMostCuts = 20000;
+/// Beyond these, and as many a pipe as above, no cut is made any more of what could be cut without
+/// end.
+constexpr int kCutsOfNoDrawing = 5000;
 
 /// Ten millimetres of the real network, in drawing units: nearer than this to a pipe's end a
 /// crossing is a meeting at that end.
@@ -69,7 +70,7 @@ void PressureNetworkSearch::SplitCrossings() {
     pipePool.RestoreFirst(drawn);
     candidates_ = MakePressureCandidates(*this, candidateMode_);
     CutHistory history(tolerance);
-    SplitAll({&history, kMostCuts, tolerance});
+    SplitAll({&history, kCutsOfNoDrawing + kCutsOfAnyPipe * drawn, tolerance});
 }
 
 /// False when the cuts were used up before all pipes had their turn.

@@ -2,6 +2,8 @@
 // pipes in reach become its children, a single child that continues it is merged into it, and then
 // each child is walked from in turn.
 
+#include <limits>
+
 #include "pressure/PressureNetworkSearch.h"
 
 namespace tkvlt {
@@ -14,13 +16,24 @@ constexpr double kInWellMargin = 0.0001;
 /// Arcs with centres nearer than this, in drawing units, are on one circle.
 constexpr double kOneCircle = 1.0;
 
+/// No end counts as farther away than this.
+constexpr double kFarthestEnd = 1e19;
+
 struct NearestEnd {
     double distance;
     bool isEnd;
 };
 
+/// Where an end can be that counts as at most `reach` away.
+PlanBox EndsInReach(const AcGePoint3d& point, double reach) {
+    if (reach < kFarthestEnd) {
+        return PlanBox::Around(point, reach);
+    }
+    return PlanBox::Around(point, std::numeric_limits<double>::infinity());
+}
+
 NearestEnd NearestEndOf(const _Pipe& pipe, const AcGePoint3d& point) {
-    NearestEnd nearest{1e19, false};
+    NearestEnd nearest{kFarthestEnd, false};
     const double fromStart = pipe.startPoint.distanceTo(point);
     const double fromEnd = pipe.endPoint.distanceTo(point);
     if (nearest.distance > fromStart) {
@@ -79,8 +92,7 @@ void PressureNetworkSearch::AdoptPipesInReach(int k) {
     const AcGePoint3d searchPoint = segs.ElementAt(k).GetSearchPoint();
     const double wellRadius = WellRadiusAt(searchPoint, segs.ElementAt(k).systemName);
     const double reach = breakDist * dwgScale * 2.0 * 2.0;
-    for (const int i :
-         candidates_->PipesWithEndIn(PlanBox::Around(searchPoint, wellRadius + reach))) {
+    for (const int i : candidates_->PipesWithEndIn(EndsInReach(searchPoint, wellRadius + reach))) {
         const NearestEnd nearest = NearestEndOf(pipePool[i], searchPoint);
         if (nearest.distance - wellRadius > reach) {
             continue;

@@ -28,6 +28,8 @@ void HandOverOutSegs(GravitySearchObject& network, int segment, int startWell, i
     const INT_PTR count = handed.GetSize();
     for (INT_PTR i = 0; i < count; ++i) {
         start.outSegs.Add(handed.GetAt(i));
+    }
+    for (INT_PTR i = 0; i < count; ++i) {
         GravitySeg& seg = network.segs.ElementAt(handed.GetAt(i));
         seg.startWell = startWell;
         seg.startPoint = removed.startPoint;

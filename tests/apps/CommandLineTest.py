@@ -22,7 +22,8 @@ class CommandLineTest(PipenetTest):
         commands = [line.split()[0] for line in text.split("Subcommands:")[1].splitlines()
                     if line.startswith("  ") and line[2] != " "]
         self.assertEqual([c for c in commands if c != "pipenet"],
-                         ["info", "search", "segment", "segments", "path", "lower"])
+                         ["info", "search", "segment", "segments", "path", "lower", "break",
+                          "trim"])
 
     def test_usage_errors_are_one_line_and_status_2(self):
         for arguments in ([], ["frobnicate"], ["info"], ["info", TOWN, "--bogus"],

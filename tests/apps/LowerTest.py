@@ -171,6 +171,42 @@ class LowerTest(PipenetTest):
         self.assertEqual((run.status, run.out), (2, ""))
         self.assertRegex(run.err, rf"^pipenet: [^\n]*{output}[^\n]*\n$")
 
+    def test_picture_never_overwrites_a_drawing(self):
+        path = self.write(falling())
+        before = self.read(path)
+        output = self.path("o.dxf")
+        for arguments in (("--output", output, "--svg", path), ("--output", output, "--svg", output),
+                          ("--in-place", "--svg", path)):
+            run = self.run_program("lower", path, "--pipe", "B1", "--drop", "1", *arguments)
+            self.assert_failed(run, f"{arguments[-1]}: not written: the picture would overwrite a "
+                                    "drawing; give --svg another file")
+        run = self.run_program("search", path, "--start", "A1", "--svg", path)
+        self.assertEqual(run.status, 2)
+        self.assertEqual(self.read(path), before)
+        self.assertFalse(os.path.exists(output))
+
+    def test_picture_that_cannot_be_drawn_leaves_the_drawing_as_it_was(self):
+        path = self.write(falling())
+        before = self.read(path)
+        run = self.run_program("lower", path, "--pipe", "B1", "--drop", "1", "--in-place", "--svg",
+                               self.path("nowhere/x.svg"))
+        self.assertEqual((run.status, run.out), (2, ""))
+        self.assertEqual(self.read(path), before)
+
+    def test_side_without_a_well_is_named(self):
+        small = SmallDrawing()
+        small.well("A1", (0.0, 0.0), "A1")
+        # Drawn from the open end to the well.
+        small.pipe("B1", (19.5, 0.0), (0.5, 0.0), low="9.5", high="10")
+        run = self.lower(small, "B1", "1")
+        self.assertEqual((run.status, run.out), (1, '{"result":0,"changed":[]}\n'))
+        self.assertRegex(run.err, r"^pipenet: nothing lowered at pipe B1: the side[^\n]*check[^\n]*\n$")
+
+    def test_negative_drop_raises(self):
+        run = self.lower(falling(), "B2", "-0.5")
+        self.assert_done(run)
+        self.assertEqual(run.json()["changed"][0], change("B2", ("9.8", "10.3"), ("9.6", "10.1")))
+
     def test_picture_shows_the_lowered_pipes_in_their_own_colour(self):
         picture = self.path("lowered.svg")
         run = self.lower(falling(), "B1", "0.25", "--output", self.path("o.dxf"), "--svg", picture)

@@ -3,7 +3,7 @@ import json
 import os
 import unittest
 
-from PipenetProcess import EXAMPLES, PipenetTest, chain
+from PipenetProcess import EXAMPLES, PipenetTest, SmallDrawing, chain
 
 
 class PathTest(PipenetTest):
@@ -42,6 +42,25 @@ class PathTest(PipenetTest):
     def test_target_that_the_network_does_not_hold(self):
         self.assertIn("the network (3 wells and tanks) does not hold", self.refused("A5"))
 
+    def test_well_with_the_text_of_a_pipe_too_is_looked_for_among_the_wells(self):
+        small = chain()
+        small.drawing.line("B7", "管", (20.0, -0.5), (20.0, -20.0),
+                           [("管道系统", "污水"), ("管井系统", "污水")])
+        small.well("A7", (20.0, -20.5))
+        self.assertIn("(4 wells and tanks) does not hold", self.refused("B7", small=small))
+
+    def test_target_that_is_one_node_with_the_root(self):
+        small = chain()
+        small.well("A6", (-0.8, 0.0))
+        self.assertIn("overlaps the root", self.refused("A6", small=small))
+
+    def test_ways_do_not_lead_to_a_tank(self):
+        small = SmallDrawing()
+        small.tank("C1", (0.0, 0.0), (4.0, 4.0))
+        small.well("A2", (20.0, 0.0))
+        small.pipe("B1", (2.0, 0.0), (19.5, 0.0))
+        self.assertIn("the root tank C1 is no well", self.refused("A2", start="C1", small=small))
+
     def test_network_that_cannot_be_found(self):
         self.assertIn("no network from well A5", self.refused("A1", start="A5"))
 
@@ -56,7 +75,7 @@ class PathTest(PipenetTest):
             self.assertEqual((run.status, run.out), (2, ""))
 
     def test_town_agrees_with_its_truth(self):
-        """From each well the way is that of the drawn tree, which has only one."""
+        """The way is that of the drawn tree, which has only one."""
         with open(os.path.join(EXAMPLES, "town.truth.json"), encoding="utf-8") as file:
             truth = json.load(file)
         nodes = [n for n in truth["nodes"] if n["system"] == "污水"]

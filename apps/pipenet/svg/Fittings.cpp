@@ -23,6 +23,9 @@ std::string symbol(NodeShape shape) {
                            "<path d=\"M0 0L3.4 -3.4\" stroke=\"{0}\" stroke-width=\"1.6\" "
                            "stroke-linecap=\"round\"/>",
                            style::kInk);
+    case NodeShape::cut:
+        return fmt::format("<path d=\"M-4 -4L4 4M-4 4L4 -4\" stroke=\"{}\" stroke-width=\"1.8\"/>",
+                           style::kPath);
     default:
         return fmt::format("<circle r=\"8\" fill=\"none\" stroke=\"{0}\" stroke-width=\"2.4\"/>"
                            "<circle r=\"3.4\" fill=\"{0}\"/>",
@@ -34,7 +37,7 @@ std::string symbol(NodeShape shape) {
 
 bool isFitting(NodeShape shape) {
     return shape == NodeShape::junction || shape == NodeShape::valve || shape == NodeShape::meter ||
-           shape == NodeShape::pickedEnd;
+           shape == NodeShape::pickedEnd || shape == NodeShape::cut;
 }
 
 std::string fittingMark(const PagePoint& place, NodeShape shape, double rotation, double size) {

@@ -68,7 +68,7 @@ LegendItem fittingItem(std::string text, NodeShape shape) {
             [=](const PagePoint& middle) { return fittingMark(middle, shape, 0.0, 1.0); }};
 }
 
-/// Symbols of a pressure network, and what its colours mean.
+/// Symbols of a pressure network or of cuts, and what the colours mean.
 std::vector<LegendItem> pressureItems(const Scene& scene) {
     const auto has = [&scene](NodeShape shape) {
         return std::any_of(scene.nodes.begin(), scene.nodes.end(),
@@ -77,7 +77,8 @@ std::vector<LegendItem> pressureItems(const Scene& scene) {
     std::vector<LegendItem> items;
     for (const auto& [text, shape] :
          {std::pair{"picked end", NodeShape::pickedEnd}, std::pair{"junction", NodeShape::junction},
-          std::pair{"valve", NodeShape::valve}, std::pair{"meter", NodeShape::meter}}) {
+          std::pair{"valve", NodeShape::valve}, std::pair{"meter", NodeShape::meter},
+          std::pair{"cut", NodeShape::cut}}) {
         if (has(shape)) {
             items.push_back(fittingItem(text, shape));
         }
@@ -125,9 +126,9 @@ std::vector<LegendItem> gravityItems(const Scene& scene) {
 /// Only what the picture shows is explained.
 std::vector<LegendItem> legendItems(const Scene& scene) {
     std::vector<LegendItem> items = scene.showsFlow ? gravityItems(scene) : pressureItems(scene);
-    items.push_back({"other pipes", [](const PagePoint& middle) {
-                         return lineSymbol(middle, style::kContext, 1.6);
-                     }});
+    items.push_back(
+        {scene.kind == "cuts" ? "other curves" : "other pipes",
+         [](const PagePoint& middle) { return lineSymbol(middle, style::kContext, 1.6); }});
     return items;
 }
 
@@ -211,8 +212,10 @@ std::string titleMarks(const Scene& scene, const std::string& drawing, const Vie
     counts.size = 13.0;
     counts.colour = style::kFaint;
     const double width = viewport.area().width() / viewport.furniture();
-    const std::string kind = scene.kind == "gravity" ? "Gravity" : "Pressure";
-    return placed(svgText({0.0, 36.0}, kind + " network " + scene.system, title) +
+    const std::string kind = scene.kind == "gravity"    ? "Gravity network "
+                             : scene.kind == "pressure" ? "Pressure network "
+                                                        : "Lines cut";
+    return placed(svgText({0.0, 36.0}, kind + scene.system, title) +
                       svgText({0.0, 58.0}, drawing + " · " + scene.summary, counts) +
                       rule(viewport.area().top / viewport.furniture(), width),
                   0.0, viewport);

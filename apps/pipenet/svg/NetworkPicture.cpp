@@ -18,12 +18,13 @@ namespace {
 std::string opening(const Scene& scene, const std::string& drawing, double width, double height) {
     return fmt::format("<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"{0}\" height=\"{1}\" "
                        "viewBox=\"0 0 {0} {1}\" font-family=\"{2}\">\n"
-                       "<title>{3}: {6} network {4}</title>\n<desc>{5}</desc>\n"
+                       "<title>{3}: {6} {4}</title>\n<desc>{5}</desc>\n"
                        "<style>.halo{{paint-order:stroke;stroke:#fff;stroke-width:3px;"
                        "stroke-linejoin:round}}</style>\n"
                        "<rect width=\"100%\" height=\"100%\" fill=\"#fff\"/>\n",
                        svgNumber(width), svgNumber(height), style::kFonts, svgEscaped(drawing),
-                       svgEscaped(scene.system), svgEscaped(scene.summary), scene.kind);
+                       svgEscaped(scene.system), svgEscaped(scene.summary),
+                       scene.kind == "cuts" ? scene.kind : scene.kind + " network");
 }
 
 /// Pipes of other networks run out of the picture and are cut at its edge.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CurveChanges.h"
 #include "Drawing.h"
 #include "PlanCurve.h"
 #include "svg/Style.h"
@@ -18,7 +19,7 @@ struct PlanBox {
     double top = 0.0;
 };
 
-enum class NodeShape { round, square, box, junction, valve, meter, pickedEnd };
+enum class NodeShape { round, square, box, junction, valve, meter, pickedEnd, cut };
 
 /// A well, tank, fitting or joint of the network as it is drawn.
 struct SceneNode {
@@ -56,7 +57,7 @@ struct SceneSize {
 
 /// What the picture of a network shows, in drawing units.
 struct Scene {
-    std::string kind; ///< "gravity" or "pressure"
+    std::string kind; ///< "gravity" or "pressure" network, or "cuts" of lines
     std::string system;
     std::string summary; ///< counts and length in words
     std::vector<SceneNode> nodes;
@@ -76,6 +77,10 @@ Scene makeScene(const Drawing& drawing, PressureSearchObject& network);
 /// pipes alone.
 Scene loweringScene(const Drawing& drawing, const GravitySearchObject* network,
                     const std::vector<AcDbObjectId>& lowered);
+
+/// Lines that were cut and their new pieces, over the other curves of the drawing, and the places
+/// at which an end lies now.
+Scene cutScene(const Drawing& drawing, const CurveChanges& changes);
 
 /// All pipes of the drawing.
 std::vector<PlanCurve> drawnPipes(const Drawing& drawing);

@@ -53,7 +53,8 @@ void RandomPressureDrawing::drawPipe(PressureDrawing& drawing, Ids& ids) {
         drawing.addPipe(from, to, {.system = kSewer});
         return;
     }
-    const bool isArc = bulge != 0.0 && !(from == to);
+    const bool isArc = bulge != 0.0 && !(from == to) && arcs_ < shape_.mostArcs;
+    arcs_ += isArc ? 1 : 0;
     ids.push_back(isArc ? drawing.arc(from, to, bulge, texts) : drawing.main(from, to, texts));
     known_.push_back(from);
     known_.push_back(to);

@@ -13,9 +13,10 @@ namespace module_tests {
 class RandomPressureDrawing {
 public:
     struct Shape {
-        int pipes;     ///< at most
-        int arcsIn;    ///< one pipe in so many is an arc
-        bool fittings; ///< wells, meters and valves too
+        int pipes;        ///< at most
+        int arcsIn;       ///< one pipe in so many is an arc
+        bool fittings;    ///< wells, meters and valves too
+        int mostArcs = 2; ///< crowded arcs cut one another very often
     };
 
     RandomPressureDrawing(std::uint32_t seed, const Shape& shape);
@@ -33,6 +34,7 @@ private:
 
     std::uint32_t state_;
     Shape shape_;
+    int arcs_ = 0;
     std::vector<AcGePoint3d> known_; ///< ends and middles of pipes drawn so far
 };
 

@@ -43,7 +43,7 @@ int UtilitiesTest::variable(const wchar_t* name) {
 }
 
 std::string UtilitiesTest::handleOf(const AcDbObjectId& id) const {
-    ACHAR text[AcDbHandle::kStrSiz];
+    ACHAR text[17]; // sixteen digits and the end
     id.handle().getIntoAsciiBuffer(text);
     return host_text::toUtf8(text);
 }
