@@ -27,8 +27,8 @@ AcGePoint3d ClosestOn(const AcDbLine& line, const AcGePoint3d& point, bool exten
     return closest;
 }
 
-/// Puts one end of the line, the place nearest to the first or, should that be the other end,
-/// to the second of two points.
+/// Puts one end of the line at its place nearest to `first` or, should that be the other end,
+/// nearest to `second`.
 void CutBack(AcGePoint3d& end, const AcGePoint3d& other, const AcDbLine& line,
              const AcGePoint3d& first, const AcGePoint3d& second) {
     end = ClosestOn(line, first, false);

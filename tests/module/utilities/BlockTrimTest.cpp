@@ -133,6 +133,7 @@ TEST_F(BlockTrimTest, PickedPlaceIsGivenInTheUsersCoordinates) {
     forget();
     EXPECT_EQ(PelBlockTrimLine(line, block), Acad::eOk);
     // (8, 0) is 3 along the world's x axis from the origin (5, 0): the user's -y axis.
+    ASSERT_EQ(events("command").size(), 1U);
     EXPECT_NE(events("command")[0].find(" 0,-3,0 )"), std::string::npos) << events("command")[0];
     EXPECT_TRUE(sameEnds(endsOf(line), {10, 0, 0}, {18, 0, 0}));
 }
@@ -190,6 +191,7 @@ TEST_F(BlockTrimTest, BreakIsSentInWorldCoordinatesWhateverTheUsersAre) {
     const AcDbObjectId line = addLine({-10, 0, 0}, {10, 0, 0});
     forget();
     EXPECT_EQ(PelBlockTrimLine(line, {0, 0, 0}, 2.0), Acad::eOk);
+    ASSERT_EQ(events("command").size(), 1U);
     const std::string sent = events("command")[0];
     EXPECT_NE(sent.find(" -2,0,0 "), std::string::npos) << sent;
     EXPECT_NE(sent.find(" 2,0,0 "), std::string::npos) << sent;
@@ -234,6 +236,46 @@ TEST_F(BlockTrimTest, OnlyTheFirstTwoVerticesOfAPolylineMove) {
     EXPECT_TRUE(samePoint(vertices[0], {0, 0, 0}));
     EXPECT_TRUE(samePoint(vertices[1], {10, 8, 0}));
     EXPECT_TRUE(samePoint(vertices[2], {10, 10, 0}));
+}
+
+TEST_F(BlockTrimTest, PolylineThroughTheCircleIsBroken) {
+    const AcDbObjectId polyline = drawing.addPolyline({{-10, 0}, {10, 0}});
+    forget();
+    EXPECT_EQ(PelBlockTrimLine(polyline, {0, 0, 0}, 2.0), Acad::eOk);
+    EXPECT_EQ(events("command").size(), 1U);
+    const Ids left = entities();
+    ASSERT_EQ(left.size(), 2U);
+    std::vector<double> ends;
+    for (const AcDbObjectId& id : left) {
+        for (const AcGePoint3d& vertex : verticesOf(id)) {
+            ends.push_back(vertex.x);
+        }
+    }
+    std::sort(ends.begin(), ends.end());
+    EXPECT_EQ(ends, (std::vector<double>{-10, -2, 2, 10}));
+}
+
+TEST_F(BlockTrimTest, FourMeetingPointsLeaveThePolylineWhole) {
+    const AcDbObjectId polyline = drawing.addPolyline({{-10, 0}, {10, 0}, {10, 1}, {-10, 1}});
+    forget();
+    EXPECT_EQ(PelBlockTrimLine(polyline, {0, 0, 0}, 2.0), Acad::eOk);
+    EXPECT_EQ(events("command"), Lines{});
+    EXPECT_EQ(verticesOf(polyline).size(), 4U);
+    EXPECT_TRUE(samePoint(verticesOf(polyline)[0], {-10, 0, 0}));
+    EXPECT_TRUE(samePoint(verticesOf(polyline)[1], {10, 0, 0}));
+}
+
+TEST_F(BlockTrimTest, CircleThatGetsNoNameGivesItsStatusAndNoCommand) {
+    block = addScaled({0, 0, 0}, 2.0);
+    const AcDbObjectId line = addLine({0, 0, 0}, {10, 0, 0});
+    // While the space is held open nothing can be added to it.
+    AcDbBlockTableRecord* space = nullptr;
+    ASSERT_EQ(acdbOpenObject(space, drawing.database().modelSpaceId(), AcDb::kForRead), Acad::eOk);
+    forget();
+    EXPECT_EQ(PelBlockTrimLine(line, block), Acad::eNullObjectId);
+    EXPECT_EQ(events("command"), Lines{});
+    space->close();
+    EXPECT_TRUE(sameEnds(endsOf(line), {0, 0, 0}, {10, 0, 0}));
 }
 
 TEST_F(BlockTrimTest, FirstVertexOfAPolylineMovesWhenItIsNearer) {
@@ -283,6 +325,7 @@ TEST_F(BlockTrimTest, CurveIsBrokenWhereTheBlocksGeometryMeetsIt) {
     const AcDbObjectId line = addLine({-5, 0, 0}, {5, 0, 0});
     forget();
     EXPECT_EQ(PelBlockTrimCurve(block, line), 1);
+    ASSERT_EQ(events("command").size(), 1U);
     const std::string sent = events("command")[0];
     EXPECT_TRUE(sent == "command \"break\" set:1 -1,0,0 1,0,0 = RTNORM" ||
                 sent == "command \"break\" set:1 1,0,0 -1,0,0 = RTNORM")
@@ -299,6 +342,7 @@ TEST_F(BlockTrimTest, BreakAtABlockIsSentInTheUsersCoordinates) {
     const AcDbObjectId line = addLine({-5, 0, 0}, {5, 0, 0});
     forget();
     EXPECT_EQ(PelBlockTrimCurve(block, line), 1);
+    ASSERT_EQ(events("command").size(), 1U);
     EXPECT_NE(events("command")[0].find(" -1,-3,0 "), std::string::npos);
     EXPECT_EQ(alongX(), (std::vector<double>{-5, -1, 1, 5}));
 }
@@ -310,6 +354,19 @@ TEST_F(BlockTrimTest, CurveIsMetAsExtended) {
     forget();
     EXPECT_EQ(PelBlockTrimCurve(block, line), 1);
     EXPECT_EQ(events("command").size(), 1U);
+    // The second place counts at the line's end.
+    EXPECT_TRUE(sameEnds(endsOf(line), {-5, 0, 0}, {-1, 0, 0}));
+}
+
+TEST_F(BlockTrimTest, ThreeMeetingPointsOrNoneLeaveTheCurveWhole) {
+    block =
+        addBlockOf({{{-1, -1, 0}, {-1, 1, 0}}, {{1, -1, 0}, {1, 1, 0}}, {{2, -1, 0}, {2, 1, 0}}});
+    const AcDbObjectId through = addLine({-5, 0, 0}, {5, 0, 0});
+    const AcDbObjectId above = addLine({-5, 4, 0}, {5, 4, 0});
+    forget();
+    EXPECT_EQ(PelBlockTrimCurve(block, through), 0);
+    EXPECT_EQ(PelBlockTrimCurve(block, above), 0);
+    EXPECT_EQ(events("command"), Lines{});
 }
 
 TEST_F(BlockTrimTest, OneMeetingPointLeavesTheCurveWhole) {
@@ -357,6 +414,30 @@ TEST_F(TrimAllLineByBlkRefTest, LinesOfThePipeLineApplicationOnTheFenceAreBroken
     const double length = endsOf(line).first.distanceTo(endsOf(line).second);
     EXPECT_DOUBLE_EQ(length, 4.0);
     EXPECT_EQ(events("setvar"), (Lines{"setvar CMDECHO 0", "setvar CMDECHO 1"}));
+}
+
+TEST_F(TrimAllLineByBlkRefTest, EveryLineOfTheFenceHasItsTurn) {
+    block = addBlockOf({{{-1, -1, 0}, {-1, 1, 0}}, {{1, -1, 0}, {1, 1, 0}}});
+    // The first one crosses the fence between the block's two sides.
+    const AcDbObjectId between = addPipeLine({0, -5, 0}, {0, 5, 0});
+    const AcDbObjectId low = addPipeLine({-5, 0, 0}, {5, 0, 0});
+    const AcDbObjectId high = addPipeLine({-5, 0.5, 0}, {5, 0.5, 0});
+    trim();
+    EXPECT_EQ(events("select"), Lines{"select F 3"});
+    EXPECT_TRUE(sameEnds(endsOf(between), {0, -5, 0}, {0, 5, 0}));
+    EXPECT_TRUE(sameEnds(endsOf(low), {-5, 0, 0}, {-1, 0, 0}));
+    EXPECT_TRUE(sameEnds(endsOf(high), {-5, 0.5, 0}, {-1, 0.5, 0}));
+}
+
+TEST_F(TrimAllLineByBlkRefTest, FenceIsGivenInTheUsersCoordinates) {
+    AcGeMatrix3d ucs;
+    ucs.setCoordSystem({0, 3, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1});
+    ASSERT_EQ(acedSetCurrentUCS(ucs), Acad::eOk);
+    block = addBlockOf({{{-1, -1, 0}, {-1, 1, 0}}, {{1, -1, 0}, {1, 1, 0}}});
+    const AcDbObjectId line = addPipeLine({-5, 0, 0}, {5, 0, 0});
+    trim();
+    EXPECT_EQ(events("select"), Lines{"select F 1"});
+    EXPECT_TRUE(sameEnds(endsOf(line), {-5, 0, 0}, {-1, 0, 0}));
 }
 
 TEST_F(TrimAllLineByBlkRefTest, LineAwayFromTheFenceStays) {

@@ -1,12 +1,20 @@
 #include "UtilitiesTest.h"
 
+#include "TwiceMetLine.h"
 #include "utilities/BreakLine.h"
 
 #include <algorithm>
+#include <fstream>
+#include <iterator>
 #include <random>
 
 namespace module_tests {
 namespace {
+
+std::string bytesOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
 
 class BreakLineTest : public UtilitiesTest {
 protected:
@@ -74,6 +82,45 @@ TEST_F(BreakLineTest, LineThatStopsShortStaysAndTheGapRemains) {
     EXPECT_TRUE(sameEnds(endsOf(lines[0]), {50, 1, 0}, {50, 90, 0}));
     EXPECT_TRUE(sameEnds(endsOf(lines[1]), {0, 0, 0}, {50, 0, 0}));
     EXPECT_TRUE(sameEnds(endsOf(lines[2]), {100, 0, 0}, {50, 0, 0}));
+}
+
+TEST_F(BreakLineTest, EarlierLineIsBrokenByALaterOneThatEndsOnIt) {
+    AcDbObjectIdArray lines =
+        listOf({addLine({91, -90, 0}, {91, 90, 0}), addLine({0, 0, 0}, {100, 0, 0})});
+    PelBreakLine(lines);
+    ASSERT_EQ(lines.length(), 3);
+    EXPECT_TRUE(sameEnds(endsOf(lines[0]), {91, -90, 0}, {91, 0, 0}));
+    EXPECT_TRUE(sameEnds(endsOf(lines[1]), {0, 0, 0}, {100, 0, 0}));
+    EXPECT_TRUE(sameEnds(endsOf(lines[2]), {91, 90, 0}, {91, 0, 0}));
+}
+
+TEST_F(BreakLineTest, EarlierLineIsBrokenByALaterOneThatStopsShort) {
+    AcDbObjectIdArray lines =
+        listOf({addLine({0, 0, 0}, {100, 0, 0}), addLine({50, 1, 0}, {50, 90, 0})});
+    PelBreakLine(lines);
+    ASSERT_EQ(lines.length(), 3);
+    EXPECT_TRUE(sameEnds(endsOf(lines[0]), {0, 0, 0}, {50, 0, 0}));
+    EXPECT_TRUE(sameEnds(endsOf(lines[1]), {50, 1, 0}, {50, 90, 0}));
+    EXPECT_TRUE(sameEnds(endsOf(lines[2]), {100, 0, 0}, {50, 0, 0}));
+}
+
+TEST_F(BreakLineTest, GapBeyondTheScaledToleranceBreaksNothing) {
+    drawing.setDwgScale(0.05); // the tolerance is 0.5
+    AcDbObjectIdArray lines =
+        listOf({addLine({0, 0, 0}, {100, 0, 0}), addLine({50, 1, 0}, {50, 90, 0})});
+    PelBreakLine(lines);
+    EXPECT_EQ(lines.length(), 2);
+    EXPECT_TRUE(sameEnds(endsOf(lines[0]), {0, 0, 0}, {100, 0, 0}));
+}
+
+TEST_F(BreakLineTest, LinesThatMeetOftenStayWhole) {
+    const AcDbObjectId twice =
+        drawing.addCurve(new TwiceMetLine(AcGePoint3d(0, 0, 0), AcGePoint3d(100, 0, 0)));
+    AcDbObjectIdArray lines = listOf({addLine({50, -50, 0}, {50, 50, 0}), twice});
+    PelBreakLine(lines);
+    EXPECT_EQ(lines.length(), 2);
+    EXPECT_TRUE(sameEnds(endsOf(lines[0]), {50, -50, 0}, {50, 50, 0}));
+    EXPECT_TRUE(sameEnds(endsOf(twice), {0, 0, 0}, {100, 0, 0}));
 }
 
 TEST_F(BreakLineTest, PiecesAreBrokenAgain) {
@@ -148,6 +195,7 @@ TEST_F(BreakLineTest, BothLinesOfAPairAreOpenWhileThePiecesAreAdded) {
     EXPECT_EQ(all[0], "open write " + handleOf(across));
     EXPECT_EQ(all[1], "open write " + handleOf(along));
     const auto first = std::find(all.begin(), all.end(), "close " + handleOf(along));
+    ASSERT_LT(first + 1, all.end());
     const auto piece = std::find(all.begin(), all.end(), "close " + handleOf(lines[3]));
     ASSERT_NE(piece, all.end());
     EXPECT_LT(piece, first);
@@ -219,6 +267,32 @@ TEST_F(BreakLineTest, NoTwoPiecesCrossInsideThemselves) {
             }
         }
     }
+}
+
+/// Breaking all lines of a drawing and undoing it leaves nothing to be written but what was read.
+TEST_F(BreakLineTest, UndoOfAGroupGivesADrawingFromAFileBackTagForTag) {
+    const std::string path = TKVLT_EXAMPLES_DIR "/town.dxf";
+    drawing.openDxfFile(path);
+    AcDbObjectIdArray lines;
+    for (const AcDbObjectId& id : entities()) {
+        if (AcDbLine::cast(host_db::peekObject(id)) != nullptr) {
+            lines.append(id);
+        }
+    }
+    const int before = lines.length();
+    ASSERT_GT(before, 20);
+    ASSERT_EQ(acedCommand(RTSTR, L"Undo", RTSTR, L"Group", 0), RTNORM);
+    PelBreakLine(lines);
+    ASSERT_EQ(acedCommand(RTSTR, L"Undo", RTSTR, L"End", 0), RTNORM);
+    ASSERT_GT(lines.length(), before);
+    const std::string broken = drawing.folder().text() + "/broken.dxf";
+    const std::string undone = drawing.folder().text() + "/undone.dxf";
+    std::string error;
+    ASSERT_TRUE(host::saveDocument(acDocManager()->curDocument(), broken, error)) << error;
+    ASSERT_EQ(acedCommand(RTSTR, L"Undo", RTSTR, L"1", 0), RTNORM);
+    ASSERT_TRUE(host::saveDocument(acDocManager()->curDocument(), undone, error)) << error;
+    EXPECT_NE(bytesOf(broken), bytesOf(path));
+    EXPECT_EQ(bytesOf(undone), bytesOf(path));
 }
 
 TEST_F(BreakLineTest, UndoOfAGroupGivesTheLinesBack) {

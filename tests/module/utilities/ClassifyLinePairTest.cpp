@@ -1,21 +1,10 @@
 #include "UtilitiesTest.h"
 
+#include "TwiceMetLine.h"
 #include "utilities/ClassifyLinePair.h"
 
 namespace module_tests {
 namespace {
-
-/// A line that another one meets in two points, which straight lines never do.
-class TwiceMetLine : public AcDbLine {
-public:
-    using AcDbLine::AcDbLine;
-    Acad::ErrorStatus intersectWith(const AcDbEntity*, AcDb::Intersect, AcGePoint3dArray& points,
-                                    Adesk::IntPtr, Adesk::IntPtr) const override {
-        points.append(AcGePoint3d(1, 0, 0));
-        points.append(AcGePoint3d(2, 0, 0));
-        return Acad::eOk;
-    }
-};
 
 /// With the drawing scale 1 an end is near up to 10.0 by both measures.
 class ClassifyLinePairTest : public UtilitiesTest {

@@ -38,7 +38,7 @@ TEST_F(EntitySetsTest, WhatDoesNotCarryTheValueIsTakenOut) {
     const AcDbObjectId b = lineOf(kStorm);
     const AcDbObjectId c = lineOf(kStorm);
     const AcDbObjectId d = lineOf(kSewer);
-    select({b, a, c, d, lineOf(nullptr)}, set);
+    select({b, c, a, d, lineOf(nullptr)}, set); // two misfits side by side
     PelPurePipeSS(set, L"管道系统", kSewer);
     EXPECT_EQ(members(), (Ids{a, d}));
     EXPECT_EQ(length(), 2);
@@ -93,6 +93,17 @@ TEST_F(EntitySetsTest, EntitiesOfASetAreErasedAndTheSetStaysTheCallers) {
     EXPECT_EQ(events("erase"), (Lines{"erase " + handleOf(a), "erase " + handleOf(b)}));
     EXPECT_EQ(entities(), Ids{kept});
     EXPECT_EQ(length(), 2);
+}
+
+TEST_F(EntitySetsTest, EntityThatCannotBeErasedDoesNotKeepTheRest) {
+    const AcDbObjectId held = addLine({0, 0, 0}, {1, 0, 0});
+    const AcDbObjectId other = addLine({2, 0, 0}, {3, 0, 0});
+    select({held, other}, set);
+    AcDbLine* reader = nullptr;
+    ASSERT_EQ(acdbOpenObject(reader, held, AcDb::kForRead), Acad::eOk);
+    PelDeleteSS(set);
+    reader->close();
+    EXPECT_EQ(entities(), Ids{held});
 }
 
 TEST_F(EntitySetsTest, UnknownSetErasesNothing) {

@@ -7,13 +7,14 @@
 namespace module_tests {
 namespace {
 
-/// The line P along the x axis, from 0 to 100, its middle at 50.
+/// The result, and the ends of Q as they were left.
 struct SeeIfCould {
     int result;
     AcGePoint3d q1;
     AcGePoint3d q2;
 };
 
+/// With the line P along the x axis, from 0 to 100, its middle at 50.
 SeeIfCould seeIfCould(AcGePoint3d q1, AcGePoint3d q2, const AcGePoint3d& p2 = {100, 0, 0}) {
     const int result = PelSeeIfCould({0, 0, 0}, p2, q1, q2);
     return {result, q1, q2};
@@ -61,6 +62,22 @@ TEST(SeeIfCould, HalfAUnitOfPlayAtEachEndIsWithinReach) {
     EXPECT_EQ(seen.result, 1);
     EXPECT_TRUE(samePoint(seen.q1, {-0.5, 0, 0}));
     EXPECT_TRUE(samePoint(seen.q2, {100.5, 0, 0}));
+}
+
+TEST(SeeIfCould, MoreThanHalfAUnitOfPlayIsBeyondReach) {
+    // 50.6 from the middle, where 50.5 is within reach.
+    const SeeIfCould seen = seeIfCould({-0.6, 0, 0}, {50, 0, 0});
+    EXPECT_EQ(seen.result, 2);
+    EXPECT_TRUE(samePoint(seen.q1, {0, 0, 0}));
+    EXPECT_TRUE(samePoint(seen.q2, {50, 0, 0}));
+}
+
+TEST(SeeIfCould, PlayIsCutBackTooOnceTheOtherEndSticksOut) {
+    // The begin is 50.3 from the middle: within reach, yet more than half the length.
+    const SeeIfCould seen = seeIfCould({-0.3, 0, 0}, {150, 0, 0});
+    EXPECT_EQ(seen.result, 2);
+    EXPECT_TRUE(samePoint(seen.q1, {0, 0, 0}));
+    EXPECT_TRUE(samePoint(seen.q2, {100, 0, 0}));
 }
 
 TEST(SeeIfCould, LineBeyondBothEndsIsCutBackAtBoth) {
@@ -135,6 +152,7 @@ TEST(FindClosetPointWithDirection, FirstOfEquallyNearPointsWins) {
 TEST(FindClosetPointWithDirection, DirectionsAreTakenInPlanAndDistancesInSpace) {
     // The first is nearer in plan, 5, but 13 away in space from the height 0.
     EXPECT_EQ(closest({{5, 0, 12}, {12, 0, 0}}, {0, 0, 100}, {10, 0, -7}), 1);
+    EXPECT_EQ(closest({{5, 0, 12}}), 0);
 }
 
 TEST(FindClosetPointWithDirection, NothingBelowTheLimitGivesNone) {

@@ -69,7 +69,6 @@ Ids UtilitiesTest::entities() const {
     if (acedSSGet(L"X", nullptr, nullptr, nullptr, set) != RTNORM) {
         return found;
     }
-    AcDbObjectIdArray ids;
     Adesk::Int32 length = 0;
     acedSSLength(set, &length);
     for (Adesk::Int32 i = 0; i < length; ++i) {
