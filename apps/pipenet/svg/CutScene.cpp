@@ -15,7 +15,6 @@ void addRun(Scene& scene, const AcDbObjectId& id, const char* colour) {
     run.from = curve.start;
     run.to = curve.steps.back().end;
     run.colour = colour;
-    run.hasArrow = false;
     run.curves.push_back(std::move(curve));
     scene.runs.push_back(std::move(run));
 }

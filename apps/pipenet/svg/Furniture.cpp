@@ -115,7 +115,7 @@ std::vector<LegendItem> gravityItems(const Scene& scene) {
         items.push_back(runItem("path to the end", style::kPath, 4.4, 15.0));
     }
     if (std::any_of(scene.runs.begin(), scene.runs.end(),
-                    [](const SceneRun& run) { return run.colour == style::kLowered; })) {
+                    [](const SceneRun& run) { return run.isLowered; })) {
         items.push_back({"lowered", [](const PagePoint& middle) {
                              return lineSymbol(middle, style::kLowered, 4.4);
                          }});

@@ -202,7 +202,7 @@ std::string flowMarks(const Scene& scene, const Viewport& viewport) {
     }
     for (const SceneRun& run : scene.runs) {
         const std::optional<Middle> middle = arrowPlace(run, viewport);
-        if (run.hasArrow && middle) {
+        if (!run.isLowered && middle) {
             out += arrowMark(middle->place, middle->angle, run.colour, arrowLength(run, viewport));
         }
     }

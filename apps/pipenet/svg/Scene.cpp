@@ -99,7 +99,7 @@ Scene loweringScene(const Drawing& drawing, const GravitySearchObject* network,
         run.curves.push_back(curve);
         run.colour = style::kLowered;
         run.onPath = true;
-        run.hasArrow = false;
+        run.isLowered = true;
         scene.runs.push_back(std::move(run));
     }
     scene.summary = counted(static_cast<std::ptrdiff_t>(lowered.size()), "pipe", "pipes") +

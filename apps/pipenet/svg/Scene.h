@@ -42,8 +42,8 @@ struct SceneRun {
     PlanPoint to;                  ///< node at the end
     bool flowReversed = false;
     bool onPath = false;
-    bool hasArrow = true;
-    int diameter = 0; ///< millimetres
+    bool isLowered = false; ///< drawn over the network's own run, which has the arrow
+    int diameter = 0;       ///< millimetres
     const char* colour = style::kNetwork;
     PlanPoint label;
     PlanPoint labelDirection;

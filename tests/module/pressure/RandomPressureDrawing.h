@@ -13,10 +13,10 @@ namespace module_tests {
 class RandomPressureDrawing {
 public:
     struct Shape {
-        int pipes;        ///< at most
-        int arcsIn;       ///< one pipe in so many is an arc
-        bool fittings;    ///< wells, meters and valves too
-        int mostArcs = 2; ///< crowded arcs cut one another very often
+        int pipes;     ///< at most
+        int arcsIn;    ///< one pipe in so many is an arc
+        bool fittings; ///< wells, meters and valves too
+        int mostArcs;
     };
 
     RandomPressureDrawing(std::uint32_t seed, const Shape& shape);

@@ -4,11 +4,13 @@
 #include "module/pressure/PressureDump.h"
 #include "module/pressure/RandomPressureDrawing.h"
 
+#include <algorithm>
+
 namespace module_tests {
 
 namespace {
 
-constexpr std::uint32_t kDrawings = 400;
+constexpr std::uint32_t kDrawings = 150;
 
 /// How often a thing was met, so that a test can see that it met it at all.
 struct Met {
@@ -54,9 +56,9 @@ void count(Outcome& outcome, Met& met) {
     }
 }
 
-/// Searches from every pipe of the drawing, with another pick for each.
-void compareSearches(const Ids& ids, std::uint32_t seed, Met& met) {
-    for (std::size_t i = 0; i < ids.size(); i += 2) {
+/// Searches from every other pipe of the drawing, `starts` at most, with another pick for each.
+void compareSearches(const Ids& ids, std::uint32_t seed, std::size_t starts, Met& met) {
+    for (std::size_t i = 0; i < std::min(ids.size(), 2 * starts); i += 2) {
         SCOPED_TRACE("start " + std::to_string(i));
         const AcGePoint3d at((seed * 7 + i * 3) % 17, (seed * 5 + i * 11) % 17, 0.0);
         Outcome plain;
@@ -97,10 +99,12 @@ TEST_F(RandomPressureTest, IndexAndPlainScanGiveTheSameToTheLastBit) {
         own.setLengthMode(static_cast<int>(seed % 3));
         own.setDrawScale(seed % 5 == 0 ? 500.0 : 1000.0);
         own.setBreakDist(seed % 7 == 0 ? 0.25 : 0.1);
-        const Ids ids =
-            RandomPressureDrawing(seed, {seed % 4 == 0 ? 20 : 10, seed % 3 == 0 ? 3 : 8, true})
-                .draw(own);
-        compareSearches(ids, seed, met);
+        // Two arcs that cross can cut one another very often, so they are few.
+        const bool twoArcs = seed % 40 == 0;
+        const Ids ids = RandomPressureDrawing(seed, {seed % 4 == 0 ? 20 : 10, seed % 3 == 0 ? 3 : 8,
+                                                     true, twoArcs ? 2 : 1})
+                            .draw(own);
+        compareSearches(ids, seed, twoArcs ? 1 : 20, met);
     }
     RecordProperty("open", met.open);
     RecordProperty("closed", met.closed);
@@ -109,13 +113,13 @@ TEST_F(RandomPressureTest, IndexAndPlainScanGiveTheSameToTheLastBit) {
     RecordProperty("pieces", met.pieces);
     RecordProperty("arcs", met.arcs);
     RecordProperty("fittings", met.fittings);
-    EXPECT_GT(met.open, 100);
-    EXPECT_GT(met.closed, 100);
-    EXPECT_GT(met.segs, 1000);
-    EXPECT_GT(met.merged, 50);
-    EXPECT_GT(met.pieces, 250);
-    EXPECT_GT(met.arcs, 100);
-    EXPECT_GT(met.fittings, 100);
+    EXPECT_GT(met.open, 40);
+    EXPECT_GT(met.closed, 40);
+    EXPECT_GT(met.segs, 400);
+    EXPECT_GT(met.merged, 20);
+    EXPECT_GT(met.pieces, 100);
+    EXPECT_GT(met.arcs, 40);
+    EXPECT_GT(met.fittings, 40);
 }
 
 /// A pipe from (-1e9, 5) to (1e9, 5), drawn 2e-7 too high for the branch that ends at (0, 5). At
