@@ -22,7 +22,8 @@ class TemporaryFile {
 public:
     /// Beside `target`; check isOpen.
     explicit TemporaryFile(const std::string& target)
-        : path_(target + ".XXXXXX"), descriptor_(::mkostemp(path_.data(), O_CLOEXEC)) {}
+        : path_(target + '.' + std::string(6, 'X')),
+          descriptor_(::mkostemp(path_.data(), O_CLOEXEC)) {}
     ~TemporaryFile() {
         close();
         if (exists_) {

@@ -16,7 +16,8 @@ namespace sibling_tests {
 class TemporaryFolder {
 public:
     TemporaryFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "tkvlt-XXXXXX").string();
+        std::string name = (std::filesystem::temp_directory_path() / "tkvlt-").string();
+        name.append(6, 'X'); // replaced by what makes the name unique
         if (::mkdtemp(name.data()) == nullptr) {
             throw std::runtime_error("no temporary folder");
         }

@@ -2,53 +2,23 @@
 // a network must cost memory, never stack.
 
 #include "module/support/Compare.h"
+#include "module/support/DeepSearch.h"
 #include "module/support/DrawingBuilder.h"
-#include "TKVltSearchModule18.h"
-
-#include <memory>
-#include <pthread.h>
 
 namespace module_tests {
 
 namespace {
 
 constexpr int kCount = 100000;
-constexpr std::size_t kStackBytes = std::size_t{8} << 20;
-
-/// One call of the entry, made on a thread of its own.
-struct Request {
-    AcDbObjectId start;
-    AcDbObjectId end;
-    int result = 0;
-    SearchObject* object = nullptr;
-};
-
-void* answer(void* argument) {
-    auto* request = static_cast<Request*>(argument);
-    request->result =
-        GetSearchInformation(request->object, request->start, request->end, AcGePoint3d());
-    return nullptr;
-}
 
 class DeepNetworkTest : public DrawingTest {
 protected:
-    /// Searches on a thread with a stack of eight megabytes, to which no other thread adds.
     GravitySearchObject* search(AcDbObjectId start, AcDbObjectId end) {
-        Request request{start, end};
-        pthread_attr_t attributes;
-        pthread_t thread{};
-        EXPECT_EQ(pthread_attr_init(&attributes), 0);
-        EXPECT_EQ(pthread_attr_setstacksize(&attributes, kStackBytes), 0);
-        EXPECT_EQ(pthread_create(&thread, &attributes, answer, &request), 0);
-        EXPECT_EQ(pthread_join(thread, nullptr), 0);
-        pthread_attr_destroy(&attributes);
-        EXPECT_EQ(request.result, 1);
-        found_.reset(request.object);
-        return static_cast<GravitySearchObject*>(request.object);
+        return deep_.search<GravitySearchObject>(start, end);
     }
 
 private:
-    std::unique_ptr<SearchObject> found_;
+    DeepSearch deep_;
 };
 
 } // namespace

@@ -2,52 +2,22 @@
 // network must cost memory, never stack.
 
 #include "module/pressure/PressureTest.h"
-#include "TKVltSearchModule18.h"
-
-#include <memory>
-#include <pthread.h>
+#include "module/support/DeepSearch.h"
 
 namespace module_tests {
 
 namespace {
 
 constexpr int kCount = 100000;
-constexpr std::size_t kStackBytes = std::size_t{8} << 20;
-
-/// One call of the entry, made on a thread of its own.
-struct Request {
-    AcDbObjectId start;
-    AcGePoint3d at;
-    int result = 0;
-    SearchObject* object = nullptr;
-};
-
-void* answer(void* argument) {
-    auto* request = static_cast<Request*>(argument);
-    AcDbObjectId none;
-    request->result = GetSearchInformation(request->object, request->start, none, request->at);
-    return nullptr;
-}
 
 class DeepPressureTest : public PressureTest {
 protected:
-    /// Searches on a thread with a stack of eight megabytes, to which no other thread adds.
     PressureSearchObject* searchDeep(AcDbObjectId start) {
-        Request request{start, {0, 0, 0}};
-        pthread_attr_t attributes;
-        pthread_t thread{};
-        EXPECT_EQ(pthread_attr_init(&attributes), 0);
-        EXPECT_EQ(pthread_attr_setstacksize(&attributes, kStackBytes), 0);
-        EXPECT_EQ(pthread_create(&thread, &attributes, answer, &request), 0);
-        EXPECT_EQ(pthread_join(thread, nullptr), 0);
-        pthread_attr_destroy(&attributes);
-        EXPECT_EQ(request.result, 1);
-        found_.reset(request.object);
-        return static_cast<PressureSearchObject*>(request.object);
+        return deep_.search<PressureSearchObject>(start);
     }
 
 private:
-    std::unique_ptr<SearchObject> found_;
+    DeepSearch deep_;
 };
 
 } // namespace
