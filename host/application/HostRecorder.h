@@ -22,6 +22,9 @@ namespace host {
 /// - `open read HANDLE`, `open write HANDLE`, `close HANDLE`, `erase HANDLE`, `unerase HANDLE`
 /// - `redraw HANDLE MODE`: an entity by acedRedraw; `redraw all MODE` for the whole view
 /// - `select MODE COUNT`, `free`: a set made by acedSSGet, a set freed
+/// - `tblsearch TABLE NAME = found` or `= none`: a look-up by acdbTblSearch
+/// - `regapp NAME`: an application by acdbRegApp, whether new or not
+/// - `move X Y WIDTH HEIGHT repaint`: a window's new place, without `repaint` when none was asked
 class HostRecorder : private EventListener {
 public:
     HostRecorder() { addListener(*this); }

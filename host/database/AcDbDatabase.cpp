@@ -216,6 +216,9 @@ Acad::ErrorStatus AcDbDatabase::registerApplication(const ACHAR* name) {
     if (name == nullptr || *name == L'\0') {
         return Acad::eInvalidInput;
     }
+    if (isWriteBlocked() && applications_.find(name) == host_db::XdataApplications::kNone) {
+        return Acad::eLockViolation;
+    }
     host_db::DatabaseBuilder(*this).application(name);
     return Acad::eOk;
 }

@@ -81,6 +81,8 @@ public:
                                     AcDbObjectId owner = AcDbObjectId::kNull);
 
     /// Registers an application for extended data; no error when it is registered already.
+    /// eInvalidInput for an empty name, eLockViolation for a new one while another has locked the
+    /// drawing.
     Acad::ErrorStatus registerApplication(const ACHAR* name);
 
     /// The journal by which changes are taken back, kept from the first call on.

@@ -132,6 +132,64 @@ Acad::ErrorStatus AcDbDictionary::remove(AcDbObjectId id) {
     return status == Acad::eOk ? remove(name) : status;
 }
 
+bool AcDbDictionary::owns(AcDbObjectId id) const {
+    const AcDbObject* object = host_db::peekObject(id);
+    return object != nullptr && (object->ownerId() == objectId() || object->ownerId().isNull());
+}
+
+namespace {
+
+/// Erases one object or brings it back; a dictionary by itself, what is below it later.
+void eraseAlone(AcDbObject& object, bool erasing, std::vector<AcDbDictionary*>& below) {
+    if (AcDbDictionary* nested = AcDbDictionary::cast(&object)) {
+        nested->AcDbObject::erase(erasing);
+        below.push_back(nested);
+    } else {
+        object.erase(erasing);
+    }
+    object.close();
+}
+
+} // namespace
+
+void AcDbDictionary::eraseOwned(std::vector<AcDbDictionary*>& below) {
+    for (const Entry& entry : entries_) {
+        AcDbObject* object = nullptr;
+        if (owns(entry.id) && acdbOpenAcDbObject(object, entry.id, AcDb::kForWrite) == Acad::eOk) {
+            eraseAlone(*object, true, below);
+            erasedAlong_.push_back(entry.id);
+        }
+    }
+}
+
+void AcDbDictionary::bringBackOwned(std::vector<AcDbDictionary*>& below) {
+    for (const AcDbObjectId id : erasedAlong_) {
+        AcDbObject* object = nullptr;
+        if (acdbOpenAcDbObject(object, id, AcDb::kForWrite, true) == Acad::eOk) {
+            eraseAlone(*object, false, below);
+        }
+    }
+    erasedAlong_.clear();
+}
+
+Acad::ErrorStatus AcDbDictionary::erase(bool erasing) {
+    if (!objectId().isNull() && objectId() == database()->namedObjectsDictionaryId()) {
+        return Acad::eCannotBeErasedByCaller;
+    }
+    const Acad::ErrorStatus status = AcDbObject::erase(erasing);
+    if (status != Acad::eOk) {
+        return status;
+    }
+    // Dictionaries of damaged files may lie in one another to any depth.
+    std::vector<AcDbDictionary*> below{this};
+    while (!below.empty()) {
+        AcDbDictionary* dictionary = below.back();
+        below.pop_back();
+        erasing ? dictionary->eraseOwned(below) : dictionary->bringBackOwned(below);
+    }
+    return Acad::eOk;
+}
+
 AcDbDictionaryIterator* AcDbDictionary::newIterator() const {
     std::vector<Entry> entries;
     std::copy_if(entries_.begin(), entries_.end(), std::back_inserter(entries),

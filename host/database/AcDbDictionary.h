@@ -10,7 +10,8 @@
 class AcDbDictionaryIterator;
 
 /// A map from names to objects, in the order of entering. Names are looked up without regard to
-/// case; an entry whose object was erased is not found.
+/// case; an entry whose object was erased is not found. A dictionary owns the entries whose owner
+/// it is, and those that have none.
 class AcDbDictionary : public AcDbObject {
     ACRX_DECLARE_MEMBERS(AcDbDictionary);
 
@@ -40,6 +41,11 @@ public:
     /// Takes the entry out; the object stays in the database. eKeyNotFound.
     Acad::ErrorStatus remove(const ACHAR* name);
     Acad::ErrorStatus remove(AcDbObjectId id);
+    /// Erases what the dictionary owns along with it, dictionaries below it with all that is
+    /// theirs; an owned object that somebody has open stays. With `erasing` false what was erased
+    /// along comes back with it. eCannotBeErasedByCaller for the drawing's named objects
+    /// dictionary.
+    Acad::ErrorStatus erase(bool erasing = true) override;
     /// A walk over the entries there are now; deleted by the caller.
     AcDbDictionaryIterator* newIterator() const;
 
@@ -56,9 +62,13 @@ private:
     AcDbObjectId find(const ACHAR* name) const;
     void enter(const ACHAR* name, AcDbObjectId id);
     void drop(std::size_t index);
+    bool owns(AcDbObjectId id) const;
+    void eraseOwned(std::vector<AcDbDictionary*>& below);
+    void bringBackOwned(std::vector<AcDbDictionary*>& below);
 
     std::vector<Entry> entries_;
     std::unordered_map<std::wstring, std::size_t> byName_;
+    std::vector<AcDbObjectId> erasedAlong_;
 };
 
 /// Walks the entries of a dictionary as they were when the walk began.

@@ -12,9 +12,9 @@ public:
 
     /// Replaces the items by a copy of the chain. Codes must be group codes with a value, else
     /// eInvalidResBuf and nothing changes.
-    Acad::ErrorStatus setFromRbChain(const resbuf& chain, AcDbDatabase* database = nullptr);
+    virtual Acad::ErrorStatus setFromRbChain(const resbuf& chain, AcDbDatabase* database = nullptr);
     /// A new chain of the items, owned by the caller (acutRelRb); nullptr when there are none.
-    Acad::ErrorStatus rbChain(resbuf** chain, AcDbDatabase* database = nullptr) const;
+    virtual Acad::ErrorStatus rbChain(resbuf** chain, AcDbDatabase* database = nullptr) const;
     const host_db::ResultItems& items() const { return items_; }
 
 protected:

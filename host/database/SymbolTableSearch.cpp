@@ -3,7 +3,10 @@
 #include "database/AcDbDatabase.h"
 #include "database/AcDbHostApplicationServices.h"
 #include "database/OpenObject.h"
+#include "platform/HostEvents.h"
 #include "platform/WideCharacters.h"
+
+#include <string>
 
 namespace {
 
@@ -28,18 +31,31 @@ AcDbObjectId tableNamed(const ACHAR* name) {
     return {};
 }
 
+void announceSearch(const ACHAR* table, const ACHAR* name, bool found) {
+    if (host::isListening() && table != nullptr && name != nullptr) {
+        host::announce(std::wstring(L"tblsearch ") + table + L" " + name +
+                       (found ? L" = found" : L" = none"));
+    }
+}
+
 } // namespace
 
 int acdbRegApp(const ACHAR* name) {
     AcDbDatabase* database = acdbHostApplicationServices()->workingDatabase();
-    return database != nullptr && database->registerApplication(name) == Acad::eOk ? RTNORM
-                                                                                   : RTERROR;
+    if (database == nullptr || database->registerApplication(name) != Acad::eOk) {
+        return RTERROR;
+    }
+    if (host::isListening()) {
+        host::announce(std::wstring(L"regapp ") + name);
+    }
+    return RTNORM;
 }
 
 resbuf* acdbTblSearch(const ACHAR* table, const ACHAR* name, int /*setNext*/) {
     const auto* records = host_db::peek<AcDbSymbolTable>(tableNamed(table));
     const auto* record =
         records == nullptr ? nullptr : host_db::peek<AcDbSymbolTableRecord>(records->find(name));
+    announceSearch(table, name, record != nullptr);
     if (record == nullptr) {
         return nullptr;
     }

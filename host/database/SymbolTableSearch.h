@@ -4,7 +4,8 @@
 #include "platform/PlatformTypes.h"
 
 /// Registers an application for extended data in the working database. RTNORM also when it is
-/// registered already; RTERROR for an empty name or without a database.
+/// registered already; RTERROR for an empty name, without a database, and for a new name while
+/// another has locked the drawing.
 int acdbRegApp(const ACHAR* name);
 
 /// The record `name` (in any case) of the table "APPID", "BLOCK", "DIMSTYLE", "LAYER", "LTYPE" or

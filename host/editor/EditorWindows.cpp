@@ -1,6 +1,7 @@
 #include "editor/EditorWindows.h"
 
 #include "editor/CommandRun.h"
+#include "platform/HostEvents.h"
 
 namespace {
 
@@ -41,6 +42,7 @@ private:
 /// A window of the program, which lives as long as the process.
 template<typename Window>
 Window* makeWindow(const CRect& place) {
+    const host::EventSilence silence;
     auto* window = new Window;
     window->MoveWindow(&place);
     return window;

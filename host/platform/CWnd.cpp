@@ -54,15 +54,20 @@ void CWnd::GetWindowRect(CRect* rect) const {
     *rect = rect_;
 }
 
-void CWnd::MoveWindow(int x, int y, int width, int height, BOOL /*repaint*/) {
+void CWnd::MoveWindow(int x, int y, int width, int height, BOOL repaint) {
     rect_.SetRect(x, y, x + width, y + height);
+    if (host::isListening()) {
+        host::announce(L"move " + std::to_wstring(x) + L" " + std::to_wstring(y) + L" " +
+                       std::to_wstring(width) + L" " + std::to_wstring(height) +
+                       (repaint != FALSE ? L" repaint" : L""));
+    }
 }
 
-void CWnd::MoveWindow(const CRect* rect, BOOL /*repaint*/) {
+void CWnd::MoveWindow(const CRect* rect, BOOL repaint) {
     if (rect == nullptr) {
         AfxThrowInvalidArgException();
     }
-    rect_ = *rect;
+    MoveWindow(rect->left, rect->top, rect->Width(), rect->Height(), repaint);
 }
 
 LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam) {

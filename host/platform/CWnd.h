@@ -25,7 +25,8 @@ public:
 
     /// Writes the window's rectangle in screen pixels; `rect` null is an invalid argument.
     void GetWindowRect(CRect* rect) const;
-    /// Puts the window at `x`, `y` with that width and height in pixels. `repaint` has no effect.
+    /// Puts the window at `x`, `y` with that width and height in pixels. Without a
+    /// picture to draw anew `repaint` only shows in what listeners are told.
     void MoveWindow(int x, int y, int width, int height, BOOL repaint = TRUE);
     void MoveWindow(const CRect* rect, BOOL repaint = TRUE);
 

@@ -3,6 +3,7 @@
 #include "application/HostDocuments.h"
 #include "database/AcDbLine.h"
 #include "database/OpenObject.h"
+#include "database/SymbolTableSearch.h"
 #include "editor/CommandProcessor.h"
 #include "editor/EditorView.h"
 #include "editor/EditorWindows.h"
@@ -116,6 +117,39 @@ TEST_F(HostRecorderTest, RedrawsAndSelectionsAreRecorded) {
               (Lines{L"redraw " + handle_ + L" 3", L"redraw all 1", L"select X 1", L"free"}));
     recorder.clear();
     EXPECT_TRUE(recorder.lines().empty());
+}
+
+TEST_F(HostRecorderTest, LookUpsAndApplicationsAreRecorded) {
+    const host::HostRecorder recorder;
+    EXPECT_EQ(acdbTblSearch(L"APPID", L"管径"), nullptr);
+    EXPECT_EQ(acdbRegApp(L"管径"), RTNORM);
+    acutRelRb(acdbTblSearch(L"appid", L"管径"));
+    EXPECT_EQ(acdbRegApp(L"管径"), RTNORM);
+    EXPECT_EQ(acdbRegApp(L""), RTERROR);
+    EXPECT_EQ(recorder.lines(), (Lines{L"tblsearch APPID 管径 = none", L"regapp 管径",
+                                       L"tblsearch appid 管径 = found", L"regapp 管径"}));
+}
+
+TEST_F(HostRecorderTest, WindowsThatMoveAreRecorded) {
+    CWnd window;
+    const CRect place(1, 2, 31, 42);
+    const host::HostRecorder recorder;
+    window.MoveWindow(&place, FALSE);
+    window.MoveWindow(-5, 6, 70, 80);
+    EXPECT_EQ(recorder.lines(), (Lines{L"move 1 2 30 40", L"move -5 6 70 80 repaint"}));
+    CRect rect;
+    window.GetWindowRect(&rect);
+    EXPECT_EQ(rect, CRect(-5, 6, 65, 86));
+}
+
+TEST_F(HostRecorderTest, NewApplicationsWaitForTheLockOfAnother) {
+    ASSERT_EQ(acdbRegApp(L"KNOWN"), RTNORM);
+    ASSERT_EQ(acDocManager()->lockByAnother(document_, AcAp::kWrite), Acad::eOk);
+    EXPECT_EQ(acdbRegApp(L"NEW"), RTERROR);
+    EXPECT_EQ(acdbRegApp(L"KNOWN"), RTNORM);
+    ASSERT_EQ(acDocManager()->lockByAnother(document_, AcAp::kNotLocked), Acad::eOk);
+    EXPECT_EQ(acdbTblSearch(L"APPID", L"NEW"), nullptr);
+    EXPECT_EQ(acdbRegApp(L"NEW"), RTNORM);
 }
 
 TEST_F(HostRecorderTest, TwoListenersHearTheSameUntilOneLeaves) {
