@@ -4,11 +4,12 @@
 
 namespace tkvlt {
 
-/// A write lock on the current document for as long as it lives.
+/// A lock on the current document for as long as it lives.
 class DocumentLock {
 public:
-    DocumentLock() : document_(acDocManager()->curDocument()) {
-        acDocManager()->lockDocument(document_, AcAp::kWrite, nullptr, nullptr, true);
+    explicit DocumentLock(AcAp::DocLockMode mode = AcAp::kWrite)
+        : document_(acDocManager()->curDocument()) {
+        acDocManager()->lockDocument(document_, mode, nullptr, nullptr, true);
     }
     DocumentLock(const DocumentLock&) = delete;
     DocumentLock& operator=(const DocumentLock&) = delete;
