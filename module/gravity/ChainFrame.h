@@ -28,6 +28,7 @@ struct ChainFrame {
     std::vector<int> candidates; ///< pipes to try in this stage
     std::size_t nextCandidate = 0;
     std::optional<ChainBranch> towardsEnd; ///< second way into the pipe that was crossed last
+    bool throughChain = false;             ///< the pipes of the chain are ways out like any other
 };
 
 /// The end of a pipe that is nearer to a point; the start when both are equally near.

@@ -16,6 +16,7 @@ enum EntityKind { kWellEntity = 0, kTankEntity = 1, kPipeEntity = 2 };
 /// What ended a chain.
 enum TargetKind { kTankTarget = 0, kWellTarget = 1 };
 
+class ChainOutlook;
 struct ChainBranch;
 struct ChainFrame;
 
@@ -108,9 +109,14 @@ public:
     CArray<int, int> chainPipes;  ///< pool indices of the chain, in trace order
     int targetKind = kTankTarget; ///< a `TargetKind`
     int targetIndex = -1;         ///< pool index of the target; -1 when the chain has none
+    /// So many ways of one chain are taken back before the indexed search looks ahead.
+    int takeBacksBeforeOutlook = 32;
 
 private:
+    friend class ChainOutlook;
+
     enum class ChainEnd { kOpen, kTarget, kKnownNode };
+    enum class Trace { kNoTarget, kTarget, kGivenUp };
     enum class WalkStep { kDescended, kScanEnded, kCycle };
 
     void AddToPool(const AcDbObjectId& id);
@@ -129,14 +135,17 @@ private:
                      AcGePoint3d& seed) const;
     WalkStep FollowNextPipe(int well, int& reached);
 
+    Trace FollowChain(const ChainBranch& first, ChainOutlook* outlook, int takeBacks);
+    void TakeChainBack(std::vector<ChainFrame>& levels);
     ChainFrame EnterPipe(const ChainBranch& branch) const;
     ChainEnd EndOfChain(const ChainFrame& level);
+    bool ChainEndsAt(const AcGePoint3d& freeEnd) const;
     bool IsNearKnownNode(const AcGePoint3d& freeEnd) const;
-    bool EndsAtWell(const ChainFrame& level);
-    bool EndsAtTank(const ChainFrame& level);
-    bool NextBranch(ChainFrame& level, ChainBranch& branch);
+    int WellAt(const AcGePoint3d& freeEnd) const;
+    int TankAt(const AcGePoint3d& freeEnd) const;
+    bool NextBranch(ChainFrame& level, ChainBranch& branch) const;
     void BeginNextStage(ChainFrame& level) const;
-    bool CanFollow(int pipe) const;
+    bool CanFollow(const ChainFrame& level, int pipe) const;
     bool MayContinue(const _Pipe& current, const _Pipe& next) const;
     bool JoinsEndToEnd(const ChainFrame& level, int pipe, ChainBranch& branch) const;
     bool EntersSide(ChainFrame& level, int pipe, ChainBranch& branch) const;

@@ -13,6 +13,7 @@
 #include <algorithm>
 
 #include "gravity/ChainFrame.h"
+#include "gravity/ChainOutlook.h"
 #include "gravity/GravityNetworkSearch.h"
 #include "records/PipeBox.h"
 
@@ -90,30 +91,63 @@ int GravityNetworkSearch::UndoChainLink(int pipe, double savedLength) {
     return 1;
 }
 
+/// A chain that has been taken back often is begun again, with an outlook that leaves out the ways
+/// that lead nowhere. It finds the same: those ways change nothing but the time.
 int GravityNetworkSearch::TraceChain(int pipe, int outThroughStart, AcGePoint3d seed) {
+    constexpr int withoutLimit = -1;
+    const ChainBranch first{pipe, outThroughStart, seed};
+    const bool looksAhead = candidateMode_ == CandidateMode::kIndexed;
+    Trace trace = FollowChain(first, nullptr, looksAhead ? takeBacksBeforeOutlook : withoutLimit);
+    if (trace == Trace::kGivenUp) {
+        ChainOutlook outlook(*this);
+        trace =
+            outlook.MayEnd(first) ? FollowChain(first, &outlook, withoutLimit) : Trace::kNoTarget;
+    }
+    return trace == Trace::kTarget ? 1 : 0;
+}
+
+/// @param takeBacks after so many the chain is given up; a negative number is never reached.
+GravityNetworkSearch::Trace
+GravityNetworkSearch::FollowChain(const ChainBranch& first, ChainOutlook* outlook, int takeBacks) {
     // An explicit stack of levels: a chain may be as long as there are pipes.
     std::vector<ChainFrame> levels;
-    levels.push_back(EnterPipe({pipe, outThroughStart, seed}));
+    levels.push_back(EnterPipe(first));
     ChainEnd end = EndOfChain(levels.back());
     while (end != ChainEnd::kTarget) {
         ChainFrame& level = levels.back();
         ChainBranch branch;
         if (end == ChainEnd::kOpen && NextBranch(level, branch)) {
+            if (outlook != nullptr && !outlook->MayEnd(branch)) {
+                continue;
+            }
             level.savedLength = chainLength;
             AddChainLink(level.pipe, branch.pipe, level.seed, branch.joint);
             levels.push_back(EnterPipe(branch));
             end = EndOfChain(levels.back());
             continue;
         }
-        const int deadEnd = level.pipe;
-        levels.pop_back();
-        if (levels.empty()) {
-            return 0;
+        if (levels.size() == 1) {
+            return Trace::kNoTarget;
         }
-        UndoChainLink(deadEnd, levels.back().savedLength);
+        TakeChainBack(levels);
         end = abortFlag != 0 ? ChainEnd::kKnownNode : ChainEnd::kOpen;
+        if (outlook != nullptr) {
+            outlook->ChainTakenBack();
+        } else if (end == ChainEnd::kOpen && takeBacks >= 0 && takeBacks-- == 0) {
+            while (levels.size() > 1) {
+                TakeChainBack(levels);
+            }
+            return Trace::kGivenUp;
+        }
     }
-    return 1;
+    return Trace::kTarget;
+}
+
+/// Leaves the last level, which led nowhere.
+void GravityNetworkSearch::TakeChainBack(std::vector<ChainFrame>& levels) {
+    const int deadEnd = levels.back().pipe;
+    levels.pop_back();
+    UndoChainLink(deadEnd, levels.back().savedLength);
 }
 
 ChainFrame GravityNetworkSearch::EnterPipe(const ChainBranch& branch) const {
@@ -130,7 +164,23 @@ GravityNetworkSearch::ChainEnd GravityNetworkSearch::EndOfChain(const ChainFrame
         abortFlag = 1;
         return ChainEnd::kKnownNode;
     }
-    return EndsAtWell(level) || EndsAtTank(level) ? ChainEnd::kTarget : ChainEnd::kOpen;
+    if (const int well = WellAt(level.freeEnd); well >= 0) {
+        targetIndex = well;
+        AddChainLink(level.pipe, -1, level.seed, wellPool[well].position);
+        targetKind = kWellTarget;
+        return ChainEnd::kTarget;
+    }
+    if (const int tank = TankAt(level.freeEnd); tank >= 0) {
+        targetIndex = tank;
+        AddChainLink(level.pipe, -1, level.seed, level.freeEnd);
+        targetKind = kTankTarget;
+        return ChainEnd::kTarget;
+    }
+    return ChainEnd::kOpen;
+}
+
+bool GravityNetworkSearch::ChainEndsAt(const AcGePoint3d& freeEnd) const {
+    return IsNearKnownNode(freeEnd) || WellAt(freeEnd) >= 0 || TankAt(freeEnd) >= 0;
 }
 
 /// The reach is that of the wells still in the pool and not the node's own, so the largest decides.
@@ -145,35 +195,30 @@ bool GravityNetworkSearch::IsNearKnownNode(const AcGePoint3d& freeEnd) const {
     });
 }
 
-bool GravityNetworkSearch::EndsAtWell(const ChainFrame& level) {
-    const PlanBox reachable = PlanBox::Around(level.freeEnd, candidates_->LargestWellReach());
-    for (const int i : candidates_->WellsIn(reachable)) {
+/// The first well of the system that holds the free end; -1 for none.
+int GravityNetworkSearch::WellAt(const AcGePoint3d& freeEnd) const {
+    for (const int i :
+         candidates_->WellsIn(PlanBox::Around(freeEnd, candidates_->LargestWellReach()))) {
         const _Block& well = wellPool[i];
         if (well.systemName.Compare(systemName) == 0 &&
-            well.position.distanceTo(level.freeEnd) < WellReach(well)) {
-            targetIndex = i;
-            AddChainLink(level.pipe, -1, level.seed, well.position);
-            targetKind = kWellTarget;
-            return true;
+            well.position.distanceTo(freeEnd) < WellReach(well)) {
+            return i;
         }
     }
-    return false;
+    return -1;
 }
 
-bool GravityNetworkSearch::EndsAtTank(const ChainFrame& level) {
-    const PlanBox reachable = PlanBox::Around(level.freeEnd, ExtentsMargin());
-    for (const int i : candidates_->TanksReachingInto(reachable)) {
-        if (PointInExtents(level.freeEnd, tankPool[i].extents, 1) != 0) {
-            targetIndex = i;
-            AddChainLink(level.pipe, -1, level.seed, level.freeEnd);
-            targetKind = kTankTarget;
-            return true;
+/// The first tank, of whatever system, that holds the free end in plan; -1 for none.
+int GravityNetworkSearch::TankAt(const AcGePoint3d& freeEnd) const {
+    for (const int i : candidates_->TanksReachingInto(PlanBox::Around(freeEnd, ExtentsMargin()))) {
+        if (PointInExtents(freeEnd, tankPool[i].extents, 1) != 0) {
+            return i;
         }
     }
-    return false;
+    return -1;
 }
 
-bool GravityNetworkSearch::NextBranch(ChainFrame& level, ChainBranch& branch) {
+bool GravityNetworkSearch::NextBranch(ChainFrame& level, ChainBranch& branch) const {
     if (level.towardsEnd) {
         branch = *level.towardsEnd;
         level.towardsEnd.reset();
@@ -182,7 +227,7 @@ bool GravityNetworkSearch::NextBranch(ChainFrame& level, ChainBranch& branch) {
     while (level.stage != ChainStage::kExhausted) {
         while (level.nextCandidate < level.candidates.size()) {
             const int pipe = level.candidates[level.nextCandidate++];
-            if (CanFollow(pipe) &&
+            if (CanFollow(level, pipe) &&
                 (level.stage == ChainStage::kEndToEnd ? JoinsEndToEnd(level, pipe, branch)
                                                       : EntersSide(level, pipe, branch))) {
                 return true;
@@ -212,8 +257,9 @@ void GravityNetworkSearch::BeginNextStage(ChainFrame& level) const {
     }
 }
 
-bool GravityNetworkSearch::CanFollow(int pipe) const {
-    return pipePool[pipe].systemName.Compare(systemName) == 0 && pipeMarks.GetAt(pipe) == 0;
+bool GravityNetworkSearch::CanFollow(const ChainFrame& level, int pipe) const {
+    const bool isClosed = level.throughChain ? pipe == level.pipe : pipeMarks.GetAt(pipe) != 0;
+    return !isClosed && pipePool[pipe].systemName.Compare(systemName) == 0;
 }
 
 /// The direction rule. An arc may turn anywhere; a straight pipe goes on in its own direction, an

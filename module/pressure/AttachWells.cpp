@@ -15,7 +15,7 @@ constexpr double kStraightMargin = 0.0001;
 
 PlanBox CurveBox(const PressureSeg& seg) {
     if (seg.isArc != 0) {
-        return CircleBox(seg.arc);
+        return ArcBox(seg.arc);
     }
     PlanBox box = PlanBox::Of(seg.line.startPoint());
     box.Include(PlanBox::Of(seg.line.endPoint()));

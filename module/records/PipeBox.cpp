@@ -11,6 +11,26 @@ double LargestCoordinate(const AcGePoint3d& point) {
     return std::max({std::fabs(point.x), std::fabs(point.y), std::fabs(point.z)});
 }
 
+constexpr double kTwoPi = 6.283185307179586;
+constexpr double kQuarterX[] = {1.0, 0.0, -1.0, 0.0};
+
+bool LiesInPlan(const AcGeCircArc3d& arc) {
+    const AcGeVector3d normal = arc.normal();
+    return normal.x == 0.0 && normal.y == 0.0;
+}
+
+/// Whether the arc passes its circle's easternmost, northernmost, westernmost or southernmost
+/// point, or comes near it.
+bool PassesQuarter(const AcGeCircArc3d& arc, int quarter) {
+    // Far above the rounding of an angle, and a quarter point too many only widens a box.
+    constexpr double nearby = 1e-6;
+    const double turn = arc.normal().z < 0.0 ? -1.0 : 1.0;
+    const double reference = std::atan2(arc.refVec().y, arc.refVec().x);
+    const double angle = turn * (quarter * kTwoPi / 4.0 - reference);
+    const double passed = std::fmod(angle - arc.startAng() + nearby, kTwoPi);
+    return (passed < 0.0 ? passed + kTwoPi : passed) <= arc.sweepAng() + 2.0 * nearby;
+}
+
 } // namespace
 
 double RoundingSlack(const RecordPool<_Pipe>& pipes) {
@@ -32,13 +52,25 @@ PlanBox PipeBox(const _Pipe& pipe) {
     PlanBox box = PlanBox::Of(pipe.startPoint);
     box.Include(PlanBox::Of(pipe.endPoint));
     if (pipe.isArc != 0) {
-        box.Include(CircleBox(pipe.arc));
+        box.Include(ArcBox(pipe.arc));
     }
     return box;
 }
 
-PlanBox CircleBox(const AcGeCircArc3d& arc) {
-    return PlanBox::Around(arc.center(), arc.radius());
+PlanBox ArcBox(const AcGeCircArc3d& arc) {
+    if (!LiesInPlan(arc)) {
+        return PlanBox::Around(arc.center(), arc.radius());
+    }
+    PlanBox box = PlanBox::Of(arc.startPoint());
+    box.Include(PlanBox::Of(arc.endPoint()));
+    for (int quarter = 0; quarter < 4; ++quarter) {
+        if (PassesQuarter(arc, quarter)) {
+            const double x = kQuarterX[quarter] * arc.radius();
+            const double y = kQuarterX[(quarter + 3) % 4] * arc.radius();
+            box.Include(PlanBox::Of(arc.center() + AcGeVector3d(x, y, 0.0)));
+        }
+    }
+    return box;
 }
 
 } // namespace tkvlt

@@ -35,9 +35,11 @@ struct Outcome {
     GravitySearchObject network;
 };
 
+/// Every other search looks ahead as soon as a chain is taken back once.
 void run(Outcome& outcome, CandidateMode mode, AcDbObjectId start, AcDbObjectId end,
          AcGePoint3d pick) {
     GravityNetworkSearch search(&outcome.network, start, end, pick, mode);
+    search.takeBacksBeforeOutlook *= start.handle().low() % 2 == 0 ? 0 : 1;
     outcome.result = search.Run();
     outcome.abortFlag = search.abortFlag;
 }
@@ -84,6 +86,7 @@ int buildSingle(CandidateMode mode, const AcDbObjectId& pipe, GravitySeg& seg) {
     AcDbObjectId none;
     AcGePoint3d origin;
     GravityNetworkSearch search(nullptr, none, none, origin, mode);
+    search.takeBacksBeforeOutlook *= pipe.handle().low() % 2 == 0 ? 0 : 1;
     search.CollectEntitiesOnly();
     return search.BuildSinglePipeSeg(seg, pipe, kSewer);
 }
