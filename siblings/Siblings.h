@@ -5,4 +5,5 @@
 
 #include "CKDPEx.h"
 #include "Settings.h"
+#include "View.h"
 #include "Xdata.h"
