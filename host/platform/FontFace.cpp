@@ -40,7 +40,7 @@ std::optional<double> FontFace::advance(wchar_t character) const {
     const std::lock_guard lock(mutex_);
     const auto [place, isNew] = advances_.try_emplace(character);
     if (isNew) {
-        FT_Face const face = opened_->face.get();
+        auto* const face = opened_->face.get();
         const FT_UInt glyph = FT_Get_Char_Index(face, host_text::codeOf(character));
         FT_Fixed units = 0;
         if (glyph != 0 && FT_Get_Advance(face, glyph, FT_LOAD_NO_SCALE, &units) == 0) {

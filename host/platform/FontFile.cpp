@@ -110,7 +110,7 @@ const Families& systemFamilies() {
 }
 
 std::string fileNamed(std::wstring_view name) {
-    const std::string support = findSupportFile(name);
+    std::string support = findSupportFile(name);
     if (!support.empty()) {
         return support;
     }

@@ -5,7 +5,7 @@ namespace {
 
 /// The library is one for the process; it goes when the process does, after all faces.
 FT_Library library() {
-    static FT_Library const instance = [] {
+    static auto* const instance = [] {
         FT_Library made = nullptr;
         return FT_Init_FreeType(&made) == 0 ? made : nullptr;
     }();
