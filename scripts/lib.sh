@@ -8,7 +8,7 @@ root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 # What a build and the tests need, and what lint needs beside it, by the names of the Debian packages.
 # shellcheck disable=SC2034 # read by the scripts that source this file
 build_packages=(g++ cmake ninja-build python3 libgtest-dev libcli11-dev nlohmann-json3-dev libfmt-dev
-    python3-ezdxf)
+    python3-ezdxf libfreetype-dev fonts-dejavu-core fonts-droid-fallback python3-fonttools)
 # shellcheck disable=SC2034 # read by the scripts that source this file
 lint_packages=(clang-format clang-tidy shellcheck)
 
@@ -29,6 +29,10 @@ has_python_module() {
         "$1" >/dev/null 2>&1
 }
 
+has_font() {
+    [ -n "$(find /usr/share/fonts /usr/local/share/fonts -name "$1" -print -quit 2>/dev/null)" ]
+}
+
 # Tells whether what a package brings is there, whoever installed it.
 package_present() {
     if command -v dpkg-query >/dev/null &&
@@ -42,6 +46,10 @@ package_present() {
     nlohmann-json3-dev) has_header nlohmann/json.hpp ;;
     libfmt-dev) has_header fmt/format.h ;;
     python3-ezdxf) has_python_module ezdxf ;;
+    libfreetype-dev) has_header freetype2/ft2build.h ;;
+    fonts-dejavu-core) has_font DejaVuSans.ttf ;;
+    fonts-droid-fallback) has_font DroidSansFallbackFull.ttf ;;
+    python3-fonttools) has_python_module fontTools ;;
     *) command -v "$1" >/dev/null ;;
     esac
 }

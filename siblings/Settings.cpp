@@ -2,8 +2,13 @@
 
 #include "DrawingRecords.h"
 #include "platform/Encoding.h"
+#include "platform/SupportFiles.h"
 #include "SettingsFileCache.h"
+#include "SettingsPath.h"
 #include "SystemPath.h"
+
+#include <utility>
+#include <vector>
 
 namespace siblings {
 
@@ -51,6 +56,11 @@ void clearDrawingSettings() {
 
 void setSystemPath(const std::string& path) {
     sources().systemPath.set(path);
+    std::vector<std::string> support;
+    if (!path.empty()) {
+        support.push_back(joinPath(nativePath(path), "Support"));
+    }
+    host::setSupportFolders(std::move(support));
 }
 
 } // namespace siblings

@@ -55,7 +55,7 @@ void setDrawingSettings(const DrawingSettings& settings);
 /// Takes the process's override of the drawing settings away. The system path stays.
 void clearDrawingSettings();
 /// Sets the system path for the process, UTF-8, `/` and `\` both separating. An empty text takes
-/// the setting away.
+/// the setting away. The folder `Support` of the path becomes the host's first support folder.
 void setSystemPath(const std::string& path);
 
 } // namespace siblings

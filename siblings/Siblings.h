@@ -6,4 +6,5 @@
 #include "CKDPEx.h"
 #include "Settings.h"
 #include "UserFile.h"
+#include "View.h"
 #include "Xdata.h"

@@ -10,7 +10,7 @@ namespace host {
 
 /// Keeps what happens in the host, in order, as long as it lives: for tests that compare the whole
 /// sequence. What the host does by itself inside a command is not recorded, nor are failed calls
-/// but those of commands.
+/// but those of commands and of loading a linetype.
 ///
 /// Lines, with HANDLE for an entity in upper-case hexadecimal:
 /// - `getvar NAME`, `setvar NAME VALUE`: names in upper case, texts as they are, points as x,y,z
@@ -20,6 +20,7 @@ namespace host {
 /// - `message NUMBER WPARAM LPARAM`: a message as it is handled
 /// - `lock MODE`, `unlock`: modes by name, such as kWrite
 /// - `open read HANDLE`, `open write HANDLE`, `close HANDLE`, `erase HANDLE`, `unerase HANDLE`
+/// - `linetype NAME FILE = STATUS`: a linetype asked of a file, also where that failed
 /// - `redraw HANDLE MODE`: an entity by acedRedraw; `redraw all MODE` for the whole view
 /// - `select MODE COUNT`, `free`: a set made by acedSSGet, a set freed
 /// - `tblsearch TABLE NAME = found` or `= none`: a look-up by acdbTblSearch

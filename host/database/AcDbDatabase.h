@@ -85,6 +85,16 @@ public:
     /// drawing.
     Acad::ErrorStatus registerApplication(const ACHAR* name);
 
+    /// Loads the linetype `name` (in any case) from a file of linetypes into the table, in the
+    /// file's spelling. The table must not be open. A file named without a path is sought in the
+    /// support folders, see host::findSupportFile; host_db::findLinetype says what a definition
+    /// looks like. A text in the pattern needs its text style in the drawing; shapes are not read.
+    /// eInvalidInput without a name or a file or for a malformed definition, eDuplicateKey when the
+    /// table has the name already, eFileNotFound, eFileAccessErr, eKeyNotFound when the file does
+    /// not define the name, eInvalidKey for a missing text style, or the status of opening the
+    /// table for write; the drawing is unchanged then. Cost: reads the file once.
+    Acad::ErrorStatus loadLineTypeFile(const ACHAR* name, const ACHAR* file);
+
     /// The journal by which changes are taken back, kept from the first call on.
     host_db::UndoJournal& undoJournal();
     /// While another has locked the drawing, nothing of it can be opened for write.

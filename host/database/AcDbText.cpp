@@ -1,5 +1,7 @@
 #include "database/AcDbText.h"
 
+#include "database/AcDbDatabase.h"
+#include "database/AcDbHostApplicationServices.h"
 #include "database/Normals.h"
 #include "database/TextMetrics.h"
 
@@ -102,10 +104,20 @@ Acad::ErrorStatus AcDbText::mirrorInY(Adesk::Boolean mirrored) {
     return change(mirroredY_, mirrored != 0);
 }
 
+host_db::TextFonts AcDbText::fonts() const {
+    if (!style_.isNull()) {
+        return host_db::TextFonts(style_);
+    }
+    const AcDbDatabase* const own = database();
+    const AcDbDatabase* const drawing =
+        own != nullptr ? own : acdbHostApplicationServices()->workingDatabase();
+    return drawing == nullptr ? host_db::TextFonts() : host_db::TextFonts(drawing->textstyle());
+}
+
 AcDbText::Box AcDbText::localBox() const {
     Box box;
     box.angle = rotation_;
-    box.width = host_db::textWidth(text_) * height_ * widthFactor_;
+    box.width = host_db::textWidth(text_, fonts()) * height_ * widthFactor_;
     box.height = height_;
     const bool isPlain = horizontal_ == AcDb::kTextLeft && vertical_ == AcDb::kTextBase;
     box.place = isPlain ? position_ : alignment_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "database/AcDbEntity.h"
+#include "database/TextFonts.h"
 
 /// A line of text. Points are world coordinates; angles are radians about the normal.
 class AcDbText : public AcDbEntity {
@@ -44,8 +45,10 @@ public:
     Acad::ErrorStatus mirrorInX(Adesk::Boolean mirrored);
     Acad::ErrorStatus mirrorInY(Adesk::Boolean mirrored);
 
-    /// The text's box: as wide as host_db::textWidth says, from the baseline to the height, turned,
-    /// slanted and aligned. An empty text is a point-wide box at its place.
+    /// The text's box, from the pen's start to its end and from the baseline to the height, turned,
+    /// slanted and aligned: as wide as host_db::textWidth says of the style's fonts, not as the ink
+    /// of the letters. A text without a style has that of its drawing, or of the working one.
+    /// An empty text is a point-wide box at its place.
     bool addExtents(const AcGeMatrix3d& transform, AcDbExtents& box) const override;
 
 protected:
@@ -60,6 +63,7 @@ private:
         double height = 0.0;
     };
     Box localBox() const;
+    host_db::TextFonts fonts() const;
 
     AcGePoint3d position_;
     AcGePoint3d alignment_;

@@ -2,6 +2,9 @@
 
 #include "database/AcDbDatabase.h"
 
+#include <cmath>
+#include <numeric>
+
 ACRX_DEFINE_MEMBERS(AcDbLayerTableRecord, AcDbSymbolTableRecord, L"LAYER")
 ACRX_DEFINE_MEMBERS(AcDbLinetypeTableRecord, AcDbSymbolTableRecord, L"LTYPE")
 ACRX_DEFINE_MEMBERS(AcDbTextStyleTableRecord, AcDbSymbolTableRecord, L"STYLE")
@@ -52,6 +55,21 @@ AcRxObject* AcDbLinetypeTableRecord::clone() const {
 
 Acad::ErrorStatus AcDbLinetypeTableRecord::setComments(const ACHAR* text) {
     return change(comments_, text);
+}
+
+double AcDbLinetypeTableRecord::dashLengthAt(int index) const {
+    return index < 0 || index >= numDashes() ? 0.0
+                                             : dashes_[static_cast<std::size_t>(index)].length;
+}
+
+double AcDbLinetypeTableRecord::patternLength() const {
+    return std::accumulate(
+        dashes_.begin(), dashes_.end(), 0.0,
+        [](double sum, const host_db::LinetypeDash& dash) { return sum + std::abs(dash.length); });
+}
+
+Acad::ErrorStatus AcDbLinetypeTableRecord::setDashes(std::vector<host_db::LinetypeDash> dashes) {
+    return change(dashes_, dashes);
 }
 
 AcRxObject* AcDbTextStyleTableRecord::clone() const {

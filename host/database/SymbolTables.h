@@ -2,7 +2,10 @@
 
 #include "database/AcDbBlockTableRecord.h"
 #include "database/AcDbSymbolTable.h"
+#include "database/LinetypeDash.h"
 #include "database/OpenObject.h"
+
+#include <vector>
 
 namespace host_db {
 
@@ -62,7 +65,7 @@ private:
     bool off_ = false;
 };
 
-/// A linetype: its description; the pattern stays in the file's bytes.
+/// A linetype: its description and the dashes that repeat along a curve; none for a plain line.
 class AcDbLinetypeTableRecord : public AcDbSymbolTableRecord {
     ACRX_DECLARE_MEMBERS(AcDbLinetypeTableRecord);
 
@@ -72,12 +75,21 @@ public:
 
     const ACHAR* comments() const { return comments_; }
     Acad::ErrorStatus setComments(const ACHAR* text);
+    int numDashes() const { return static_cast<int>(dashes_.size()); }
+    /// 0 for an index that there is not.
+    double dashLengthAt(int index) const;
+    /// Lengths of all dashes, dots and gaps.
+    double patternLength() const;
+
+    const std::vector<host_db::LinetypeDash>& dashes() const { return dashes_; }
+    Acad::ErrorStatus setDashes(std::vector<host_db::LinetypeDash> dashes);
 
 protected:
     AcDbLinetypeTableRecord(const AcDbLinetypeTableRecord&) = default;
 
 private:
     CString comments_;
+    std::vector<host_db::LinetypeDash> dashes_;
 };
 
 /// A text style: fonts, width factor, fixed height (0 for none), slant.

@@ -81,23 +81,24 @@ bool isDigit(wchar_t character) {
 
 /// Reads one of the drawing's own codes at `text`, which starts with two percent signs. Gives its
 /// advance and moves behind it; anything else shows its first percent sign.
-double codeAdvance(const wchar_t*& text) {
+double codeAdvance(const wchar_t*& text, const TextFonts& fonts) {
     const wchar_t code = text[2];
     if (isDigit(code) && isDigit(text[3]) && isDigit(text[4])) {
         const int number = (code - L'0') * 100 + (text[3] - L'0') * 10 + (text[4] - L'0');
         text += 5;
-        return textAdvance(static_cast<wchar_t>(number));
+        return fonts.advance(static_cast<wchar_t>(number));
     }
     constexpr std::wstring_view kSwitches = L"uUoOkK";
-    constexpr std::wstring_view kSymbols = L"cCdDpP";
-    const bool isKnown =
-        code != L'\0' && (kSwitches.find(code) != std::wstring_view::npos ||
-                          kSymbols.find(code) != std::wstring_view::npos || code == L'%');
-    text += isKnown ? 3 : 1;
-    if (isKnown && kSwitches.find(code) != std::wstring_view::npos) {
+    constexpr std::wstring_view kCodes = L"cCdDpP%";
+    constexpr std::wstring_view kShown = L"ØØ°°±±%";
+    const bool isSwitch = code != L'\0' && kSwitches.find(code) != std::wstring_view::npos;
+    const std::size_t symbol = code == L'\0' ? std::wstring_view::npos : kCodes.find(code);
+    const bool isSymbol = symbol != std::wstring_view::npos;
+    text += isSwitch || isSymbol ? 3 : 1;
+    if (isSwitch) {
         return 0.0;
     }
-    return isKnown && code != L'%' ? kOtherAdvance / 100.0 : textAdvance(L'%');
+    return fonts.advance(isSymbol ? kShown[symbol] : L'%');
 }
 
 } // namespace
@@ -117,13 +118,13 @@ double textAdvance(wchar_t character) {
     return isWideCharacter(character) ? 1.0 : kOtherAdvance / 100.0;
 }
 
-double textWidth(const wchar_t* text) {
+double textWidth(const wchar_t* text, const TextFonts& fonts) {
     double width = 0.0;
     while (text != nullptr && *text != L'\0') {
         if (text[0] == L'%' && text[1] == L'%') {
-            width += codeAdvance(text);
+            width += codeAdvance(text, fonts);
         } else {
-            width += textAdvance(*text++);
+            width += fonts.advance(*text++);
         }
     }
     return width;

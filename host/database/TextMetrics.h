@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/TextFonts.h"
 #include "platform/CString.h"
 
 namespace host_db {
@@ -12,9 +13,10 @@ bool isWideCharacter(wchar_t character);
 /// every other character.
 double textAdvance(wchar_t character);
 
-/// Width of a text of height and width factor one. The drawing's own codes count as what they show:
+/// Width of a text of height and width factor one, the sum of its advances in `fonts`. The
+/// drawing's own codes count as what they show:
 /// %%c, %%d, %%p one symbol, %%nnn the character of that number, %%% a percent sign, and %%u, %%o,
 /// %%k nothing. Never zero for visible text.
-double textWidth(const wchar_t* text);
+double textWidth(const wchar_t* text, const TextFonts& fonts = {});
 
 } // namespace host_db

@@ -300,6 +300,11 @@ void DrawingWriter::noteNames(const AcDbObject& object) {
     if (const auto* const layer = AcDbLayerTableRecord::cast(&object)) {
         need(layer->linetypeObjectId());
     }
+    if (const auto* const linetype = AcDbLinetypeTableRecord::cast(&object)) {
+        for (const host_db::LinetypeDash& dash : linetype->dashes()) {
+            need(dash.style);
+        }
+    }
 }
 
 void DrawingWriter::noteApplications(const AcDbObject& object) {

@@ -83,8 +83,10 @@ void RecordWriter::groups(const RecordDescription& description, std::size_t firs
         attributeVersion(description, description.groups[g].marker);
         writer_.fields(description.groups[g].fields);
     }
+    const bool lengthsAlone = description.type == "LTYPE" && !context_.hasMarkers();
     for (const Fields& element : description.list.elements) {
-        writer_.fields(element);
+        // A version without markers has no texts in linetypes: a dash is its length.
+        writer_.fields(lengthsAlone ? Fields{element.front()} : element);
     }
 }
 
@@ -231,12 +233,7 @@ std::string RecordWriter::vertices(const AcDbEntity& polyline, std::size_t first
 }
 
 void RecordWriter::tableExtras(const AcDbSymbolTableRecord& record) {
-    if (AcDbLinetypeTableRecord::cast(&record) != nullptr) {
-        // A line without a pattern: alignment A, no dashes.
-        writer_.integer(72, 65);
-        writer_.integer(73, 0);
-        writer_.real(40, 0.0);
-    } else if (AcDbLayerTableRecord::cast(&record) != nullptr && context_.hasOwners()) {
+    if (AcDbLayerTableRecord::cast(&record) != nullptr && context_.hasOwners()) {
         constexpr int usualLineweight = -3;
         writer_.integer(370, usualLineweight);
     } else if (const auto* const block = AcDbBlockTableRecord::cast(&record);

@@ -32,10 +32,35 @@ RecordDescription describe(const AcDbLayerTableRecord& layer) {
     return start("LAYER", "AcDbLayerTableRecord", std::move(fields));
 }
 
+Fields describeDash(const host_db::LinetypeDash& dash) {
+    Fields fields{{49, dash.length}, {74, dash.flags}};
+    if (dash.isComplex()) {
+        fields.push_back({75, dash.shapeNumber});
+        fields.push_back({340, HandleValue{dash.style.handle().value()}});
+        fields.push_back({46, dash.scale});
+        fields.push_back({50, degreesOf(dash.rotation)});
+        fields.push_back({44, dash.offset.x});
+        fields.push_back({45, dash.offset.y});
+    }
+    if ((dash.flags & host_db::LinetypeDash::kText) != 0) {
+        fields.push_back({9, std::wstring(dash.text.GetString())});
+    }
+    return fields;
+}
+
 RecordDescription describe(const AcDbLinetypeTableRecord& linetype) {
+    constexpr std::int64_t alignment = 65; // the letter A, the only one there is
     Fields fields = nameAndFlags(linetype);
     fields.push_back({3, std::wstring(linetype.comments())});
-    return start("LTYPE", "AcDbLinetypeTableRecord", std::move(fields));
+    fields.push_back({72, alignment, false, 0});
+    fields.push_back({73, std::int64_t{linetype.numDashes()}});
+    fields.push_back({40, linetype.patternLength()});
+    RecordDescription record = start("LTYPE", "AcDbLinetypeTableRecord", std::move(fields));
+    record.list.codes = {49, 74, 75, 340, 46, 50, 44, 45, 9};
+    for (const host_db::LinetypeDash& dash : linetype.dashes()) {
+        record.list.elements.push_back(describeDash(dash));
+    }
+    return record;
 }
 
 RecordDescription describe(const AcDbTextStyleTableRecord& style) {

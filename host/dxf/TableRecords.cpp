@@ -6,7 +6,9 @@
 #include <array>
 #include <cstdlib>
 #include <memory>
+#include <numbers>
 #include <utility>
+#include <vector>
 
 namespace host_dxf {
 
@@ -49,6 +51,53 @@ std::unique_ptr<AcDbSymbolTableRecord> makeTextStyle(LoadContext& context,
     return style;
 }
 
+/// Puts a group of a linetype's pattern into the dash that it belongs to.
+void readDashGroup(LoadContext& context, const DxfTag& tag, host_db::LinetypeDash& dash) {
+    switch (tag.code) {
+    case 74:
+        dash.flags = tag.integer;
+        break;
+    case 75:
+        dash.shapeNumber = tag.integer;
+        break;
+    case 340:
+        dash.style = context.builder().idForHandle(handleOf(tag));
+        break;
+    case 46:
+        dash.scale = tag.real;
+        break;
+    case 50:
+        dash.rotation = tag.real * (std::numbers::pi / 180.0);
+        break;
+    case 44:
+        dash.offset.x = tag.real;
+        break;
+    case 45:
+        dash.offset.y = tag.real;
+        break;
+    case 9:
+        dash.text = context.decodeText(tag.text);
+        break;
+    default:
+        break;
+    }
+}
+
+std::unique_ptr<AcDbSymbolTableRecord> makeLinetype(LoadContext& context, const DxfRecord& record) {
+    auto linetype = std::make_unique<AcDbLinetypeTableRecord>();
+    std::vector<host_db::LinetypeDash> dashes;
+    for (const DxfTag& tag : record.tags) {
+        if (tag.code == 49) {
+            dashes.emplace_back().length = tag.real;
+        } else if (!dashes.empty()) {
+            readDashGroup(context, tag, dashes.back());
+        }
+    }
+    linetype->setComments(context.decodeText(record.text(3)));
+    linetype->setDashes(std::move(dashes));
+    return linetype;
+}
+
 std::unique_ptr<AcDbSymbolTableRecord> makeRecord(LoadContext& context, Table table,
                                                   const DxfRecord& record) {
     switch (table) {
@@ -56,11 +105,8 @@ std::unique_ptr<AcDbSymbolTableRecord> makeRecord(LoadContext& context, Table ta
         return makeLayer(context, record);
     case Table::TextStyle:
         return makeTextStyle(context, record);
-    case Table::Linetype: {
-        auto linetype = std::make_unique<AcDbLinetypeTableRecord>();
-        linetype->setComments(context.decodeText(record.text(3)));
-        return linetype;
-    }
+    case Table::Linetype:
+        return makeLinetype(context, record);
     case Table::DimStyle:
         return std::make_unique<AcDbDimStyleTableRecord>();
     default:

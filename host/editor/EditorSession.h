@@ -24,6 +24,8 @@ struct EditorSession {
     AcGeMatrix3d ucs;
     /// The point given last, in world coordinates.
     AcGePoint3d lastPoint;
+    /// The middle of what the window shows, in world coordinates.
+    AcGePoint3d viewCenter;
     /// The entities selected last.
     std::vector<AcDbObjectId> previous;
     /// Numbers of the drawing's own variables that were set, by name.

@@ -87,6 +87,18 @@ int acedRedraw(const ads_name entity, int mode) {
     return RTNORM;
 }
 
+bool host::setView(const AcGePoint3d& center, double height) {
+    host_ed::EditorSession* session = host_ed::currentSession();
+    const bool isView =
+        std::isfinite(center.asVector().length()) && std::isfinite(height) && height > 0.0;
+    if (session == nullptr || !isView) {
+        return false;
+    }
+    session->viewCenter = session->ucs * center;
+    session->numbers[L"VIEWSIZE"] = height;
+    return true;
+}
+
 ads_real* asDblArray(AcGePoint3d& point) {
     return &point.x;
 }

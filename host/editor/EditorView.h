@@ -22,6 +22,16 @@ Acad::ErrorStatus acedSetCurrentUCS(const AcGeMatrix3d& ucs);
 /// the name of no entity, an erased one or another mode. A null name draws the whole view.
 int acedRedraw(const ads_name entity, int mode);
 
+namespace host {
+
+/// Shows the part of the current drawing about `center`, in the user coordinate system, that is
+/// `height` drawing units high; 1000 about the world's origin until it is set. It is the drawing's
+/// and goes with it. False, with nothing changed, without a drawing or unless the height is above 0
+/// and all is finite.
+bool setView(const AcGePoint3d& center, double height);
+
+} // namespace host
+
 /// The coordinates as an array, as the functions above take them.
 ads_real* asDblArray(AcGePoint3d& point);
 const ads_real* asDblArray(const AcGePoint3d& point);

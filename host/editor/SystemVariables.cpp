@@ -102,6 +102,10 @@ void readLastPoint(const CommandContext& context, resbuf& result) {
     givePoint((context.session.ucs.inverse() * context.session.lastPoint).asVector(), result);
 }
 
+void readViewCenter(const CommandContext& context, resbuf& result) {
+    givePoint((context.session.ucs.inverse() * context.session.viewCenter).asVector(), result);
+}
+
 const Variable kVariables[] = {
     {L"ATTREQ", RTSHORT, false, 0, 1, 1},
     {L"CLAYER", RTSTR, true, 0, 0, 0, readClayer, writeClayer},
@@ -149,6 +153,7 @@ const Variable kVariables[] = {
     {L"UCSYDIR", RT3DPOINT, true, 0, 0, 0,
      [](const CommandContext& context, resbuf& result) { givePoint(axisOf(context, 1), result); }},
     {L"UNDOCTL", RTSHORT, true, 0, 0, 0, readUndoState},
+    {L"VIEWCTR", RT3DPOINT, true, 0, 0, 0, readViewCenter},
     {L"VIEWSIZE", RTREAL, true, std::numeric_limits<double>::min(), kInfinity, 1000},
     {L"WORLDUCS", RTSHORT, true, 0, 0, 0, readWorldUcs},
 };

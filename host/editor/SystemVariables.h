@@ -9,8 +9,9 @@
 ///
 /// Of the drawing, gone with it: CLAYER, SNAPMODE, ORTHOMODE, GRIDMODE, FILLMODE, LTSCALE,
 /// TEXTSIZE, VIEWSIZE (height of the view in drawing units); read-only UCSORG, UCSXDIR, UCSYDIR,
-/// WORLDUCS, LASTPOINT, DWGNAME, DWGPREFIX, DWGTITLED, CTAB, TILEMODE, CMDNAMES and CMDACTIVE (the
-/// command that waits for input), UNDOCTL (1, and 8 more while a group is open). Of the program:
+/// WORLDUCS, LASTPOINT, VIEWCTR (middle of the view, set by host::setView), DWGNAME, DWGPREFIX,
+/// DWGTITLED, CTAB, TILEMODE, CMDNAMES and CMDACTIVE (the command that waits for input), UNDOCTL
+/// (1, and 8 more while a group is open). Of the program:
 /// CMDECHO, OSMODE, HIGHLIGHT, PICKBOX, PICKFIRST, FILEDIA, CMDDIA, ATTREQ, EXPERT.
 int acedGetVar(const ACHAR* name, resbuf* result);
 

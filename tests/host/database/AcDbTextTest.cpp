@@ -2,9 +2,12 @@
 
 #include "database/TextMetrics.h"
 #include "host/database/DatabaseFixture.h"
+#include "host/platform/FontAdvances.h"
+#include "platform/FontFile.h"
 
 #include <cmath>
 #include <numbers>
+#include <numeric>
 
 namespace {
 
@@ -102,6 +105,83 @@ TEST(AcDbTextTest, SlantAndEmptyText) {
     text.setTextString(L"");
     text.setOblique(0.0);
     expectBox(boxOf(text), {0.0, 0.0, 0.0}, {0.0, 1.0, 0.0});
+}
+
+/// A text in a style of its own, measured against what another library reads from the fonts.
+class TextFontsTest : public DatabaseFixture {
+protected:
+    AcDbObjectId addStyle(const wchar_t* font, const wchar_t* bigFont) {
+        auto style = std::make_unique<AcDbTextStyleTableRecord>();
+        style->setName((L"own" + std::to_wstring(++styles_)).c_str());
+        style->setFileName(font);
+        style->setBigFontFileName(bigFont);
+        return addRecord<AcDbTextStyleTable>(std::move(style));
+    }
+
+    static double widthOf(const wchar_t* text, AcDbObjectId style) {
+        const AcDbExtents box = boxOf(AcDbText({0.0, 0.0, 0.0}, text, style, 1.0));
+        return box.maxPoint().x - box.minPoint().x;
+    }
+
+    /// Sum of the advances in one font.
+    static double sumIn(const wchar_t* font, std::wstring_view characters) {
+        const auto all = font_test::advancesIn(host::findFontFile(font).path, characters);
+        return std::accumulate(all.begin(), all.end(), 0.0);
+    }
+
+    static constexpr wchar_t kLatin[] = L"DejaVuSans.ttf";
+    static constexpr wchar_t kChinese[] = L"DroidSansFallbackFull.ttf";
+
+private:
+    int styles_ = 0;
+};
+
+TEST_F(TextFontsTest, LatinTextIsAsWideAsItsAdvances) {
+    EXPECT_NEAR(widthOf(L"DN300 i=0.5% (W-12)", addStyle(kLatin, L"")),
+                sumIn(kLatin, L"DN300 i=0.5% (W-12)"), 1e-12);
+}
+
+TEST_F(TextFontsTest, ChineseTextIsAsWideAsItsAdvances) {
+    EXPECT_NEAR(widthOf(L"污水管道，标高", addStyle(kChinese, L"")),
+                sumIn(kChinese, L"污水管道，标高"), 1e-12);
+}
+
+TEST_F(TextFontsTest, BigFontHasWhatTheFontLacks) {
+    EXPECT_NEAR(widthOf(L"污水DN100", addStyle(kLatin, kChinese)),
+                sumIn(kLatin, L"DN100") + sumIn(kChinese, L"污水"), 1e-12);
+}
+
+TEST_F(TextFontsTest, BuiltInTableHasWhatNoFontHas) {
+    // A full em for each wide character.
+    EXPECT_NEAR(widthOf(L"污水DN100", addStyle(kLatin, L"none.shx")), sumIn(kLatin, L"DN100") + 2.0,
+                1e-12);
+    // D and N 0.75, digits 0.6.
+    EXPECT_NEAR(widthOf(L"DN100", addStyle(L"none.ttf", L"none.shx")), 1.5 + 1.8, 1e-12);
+}
+
+TEST_F(TextFontsTest, CodesHaveTheAdvanceOfWhatTheyShow) {
+    EXPECT_NEAR(widthOf(L"%%c%%d%%p%%%%%u%%065", addStyle(kLatin, L"")), sumIn(kLatin, L"Ø°±%A"),
+                1e-12);
+}
+
+TEST_F(TextFontsTest, TextWithoutAStyleHasTheDrawingsDefaultOne) {
+    AcDbTextStyleTableRecord* standard = nullptr;
+    ASSERT_EQ(acdbOpenObject(standard, database().textstyle(), AcDb::kForWrite), Acad::eOk);
+    standard->setFileName(kLatin);
+    standard->close();
+    EXPECT_NEAR(widthOf(L"DN100", AcDbObjectId()), sumIn(kLatin, L"DN100"), 1e-12);
+}
+
+TEST_F(TextFontsTest, FamilyOfTheStyleCountsWithoutAFontFile) {
+    const AcDbObjectId style = addStyle(L"", L"");
+    AcDbTextStyleTableRecord* record = nullptr;
+    ASSERT_EQ(acdbOpenObject(record, style, AcDb::kForWrite), Acad::eOk);
+    resbuf* const family = acutBuildList(AcDb::kDxfRegAppName, L"ACAD", AcDb::kDxfXDAsciiString,
+                                         L"DejaVu Sans", RTNONE);
+    EXPECT_EQ(record->setXData(family), Acad::eOk);
+    acutRelRb(family);
+    record->close();
+    EXPECT_NEAR(widthOf(L"DN100", style), sumIn(kLatin, L"DN100"), 1e-12);
 }
 
 TEST(AcDbTextTest, FieldsReadBack) {

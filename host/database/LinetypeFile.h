@@ -1,0 +1,51 @@
+#pragma once
+
+#include "database/AcadErrorStatus.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace host_db {
+
+/// A linetype as a file of linetypes defines it.
+struct LinetypeDefinition {
+    struct Dash {
+        double length = 0.0;
+        /// A text or a shape stands behind the dash.
+        bool hasText = false;
+        std::wstring text;
+        std::wstring style;
+        double scale = 1.0;
+        double rotation = 0.0; ///< radians
+        bool isAbsolute = false;
+        bool isUpright = false;
+        double x = 0.0;
+        double y = 0.0;
+    };
+
+    std::wstring name; ///< in the file's spelling
+    std::wstring description;
+    std::vector<Dash> dashes;
+};
+
+/// The text of a file of linetypes: UTF-8 (a byte-order mark is accepted), or the code page 936
+/// when the bytes are no UTF-8.
+std::wstring decodeLinetypeFile(std::string_view bytes);
+
+/// Finds a linetype by its name in any case and reads its definition; of one name twice the first
+/// counts. eKeyNotFound when the file does not define it, eInvalidInput when it does but the
+/// definition is malformed; `definition` is untouched then. Definitions of other names are not
+/// looked at.
+///
+/// A definition is a line `*NAME,description` and a line `A,dash,dash,...` with 2 to 12 dashes, the
+/// first one not below 0. A definition may run over several lines, broken behind any comma; `;`
+/// begins a comment line, and blank lines do not count. Behind a dash may stand a text,
+/// `["TEXT",STYLE,S=scale,R=angle,X=along,Y=across]`: the settings in any order and none of them
+/// needed. The angle counts from the line's direction, with `A=` in the place of `R=` from the X
+/// axis, and with `U=` from the line but never upside down; it is in degrees, or behind a number
+/// with the letter r in radians or g in grads.
+Acad::ErrorStatus findLinetype(std::wstring_view file, std::wstring_view name,
+                               LinetypeDefinition& definition);
+
+} // namespace host_db
