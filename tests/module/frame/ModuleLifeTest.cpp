@@ -9,7 +9,8 @@
 #include <malloc.h>
 #include <memory>
 #if defined(__SANITIZE_ADDRESS__)
-#include <sanitizer/allocator_interface.h>
+/// Of the sanitizer's own run-time library, whose headers not every system installs.
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
 namespace module_tests {
