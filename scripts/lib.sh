@@ -10,7 +10,7 @@ root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 build_packages=(g++ cmake ninja-build python3 libgtest-dev libcli11-dev nlohmann-json3-dev libfmt-dev
     python3-ezdxf libfreetype-dev fonts-dejavu-core fonts-droid-fallback python3-fonttools)
 # shellcheck disable=SC2034 # read by the scripts that source this file
-lint_packages=(clang-format clang-tidy shellcheck)
+lint_packages=(clang-format clang-tidy shellcheck doxygen)
 
 die() {
     printf '%s: %s\n' "$(basename -- "$0")" "$1" >&2

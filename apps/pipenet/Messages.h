@@ -165,6 +165,7 @@ inline constexpr Message kNotGravity{
     442, "nothing to lower at {}: its system '{}' is a pressure system, and heights follow the "
          "water in gravity systems only; check --pipe"};
 
+inline constexpr Message kNoModule{902, "{}"};
 inline constexpr Message kInternal{901, "{}: the command ended unexpectedly: {}"};
 
 } // namespace messages

@@ -7,6 +7,7 @@
 #include "PathCommand.h"
 #include "Progress.h"
 #include "SearchCommand.h"
+#include "SearchModule.h"
 #include "SegmentCommand.h"
 #include "SegmentsCommand.h"
 #include "SettingsCheck.h"
@@ -58,6 +59,7 @@ int run(const Options& options) {
     siblings::setDrawingSettings(options.drawingSettings);
     checkSettings();
     checkPicture(options);
+    const SearchModule module;
     const Stopwatch watch;
     const std::unique_ptr<Drawing> drawing = openDrawing(options.drawing);
     const double loadMs = watch.milliseconds();

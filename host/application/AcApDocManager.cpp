@@ -60,10 +60,52 @@ AcApDocumentIterator* AcApDocManager::newAcApDocumentIterator() const {
     return new AcApDocumentIterator(std::move(documents));
 }
 
+void AcApDocManager::addReactor(AcApDocManagerReactor* reactor) {
+    const bool known = std::find(reactors_.begin(), reactors_.end(), reactor) != reactors_.end();
+    if (reactor != nullptr && !known) {
+        reactors_.push_back(reactor);
+        host::announce(L"reactor added");
+    }
+}
+
+void AcApDocManager::removeReactor(AcApDocManagerReactor* reactor) {
+    if (std::erase(reactors_, reactor) != 0) {
+        host::announce(L"reactor removed");
+    }
+}
+
+template<class Operation, class Argument>
+void AcApDocManager::tell(Operation operation, Argument argument) {
+    // A reactor may leave, or take others away, while it is told.
+    const std::vector<AcApDocManagerReactor*> told = reactors_;
+    for (AcApDocManagerReactor* reactor : told) {
+        if (std::find(reactors_.begin(), reactors_.end(), reactor) != reactors_.end()) {
+            (reactor->*operation)(argument);
+        }
+    }
+}
+
 void AcApDocManager::makeCurrent(AcApDocument* document) {
+    if (current_ == document) {
+        return;
+    }
+    if (current_ != nullptr) {
+        tell(&AcApDocManagerReactor::documentToBeDeactivated, current_);
+    }
+    enter(document);
+}
+
+void AcApDocManager::enter(AcApDocument* document) {
+    if (document != nullptr) {
+        tell(&AcApDocManagerReactor::documentToBeActivated, document);
+    }
     current_ = document;
     acdbHostApplicationServices()->setWorkingDatabase(document == nullptr ? nullptr
                                                                           : document->database());
+    tell(&AcApDocManagerReactor::documentBecameCurrent, document);
+    if (document != nullptr) {
+        tell(&AcApDocManagerReactor::documentActivated, document);
+    }
 }
 
 Acad::ErrorStatus AcApDocManager::setCurDocument(AcApDocument* document, AcAp::DocLockMode mode,
@@ -72,6 +114,8 @@ Acad::ErrorStatus AcApDocManager::setCurDocument(AcApDocument* document, AcAp::D
         return Acad::eInvalidInput;
     }
     makeCurrent(document);
+    // The working database can have been set to another one meanwhile.
+    acdbHostApplicationServices()->setWorkingDatabase(document->database());
     const bool asksLock = mode != AcAp::kNone && mode != AcAp::kNotLocked;
     return asksLock ? lockDocument(document, mode) : Acad::eOk;
 }
@@ -132,18 +176,28 @@ Acad::ErrorStatus AcApDocManager::unlockDocument(AcApDocument* document) {
 AcApDocument* AcApDocManager::adopt(std::unique_ptr<AcApDocument> document) {
     // From here on what is done to the drawing can be taken back.
     document->database()->undoJournal();
+    AcApDocument* added = document.get();
+    tell(&AcApDocManagerReactor::documentCreateStarted, added);
     documents_.push_back(std::move(document));
-    makeCurrent(documents_.back().get());
-    return current_;
+    tell(&AcApDocManagerReactor::documentCreated, added);
+    makeCurrent(added);
+    return added;
 }
 
 bool AcApDocManager::close(AcApDocument* document) {
     if (!has(document)) {
         return false;
     }
+    tell(&AcApDocManagerReactor::documentToBeDestroyed, document);
+    const bool wasCurrent = current_ == document;
+    const CString fileName = document->fileName();
     std::erase_if(documents_, [&](const auto& each) { return each.get() == document; });
-    if (current_ == document) {
-        makeCurrent(documents_.empty() ? nullptr : documents_.back().get());
+    if (wasCurrent) {
+        current_ = nullptr;
+    }
+    tell(&AcApDocManagerReactor::documentDestroyed, static_cast<const ACHAR*>(fileName));
+    if (wasCurrent) {
+        enter(documents_.empty() ? nullptr : documents_.back().get());
     }
     return true;
 }

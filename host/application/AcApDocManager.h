@@ -1,5 +1,6 @@
 #pragma once
 
+#include "application/AcApDocManagerReactor.h"
 #include "application/AcApDocument.h"
 #include "database/AcadErrorStatus.h"
 
@@ -34,6 +35,13 @@ public:
                                      bool activate = false);
     Acad::ErrorStatus activateDocument(AcApDocument* document);
 
+    /// Adds a reactor, which is told after those added before and must be taken away before it
+    /// goes. A null pointer and one that is added already do nothing.
+    void addReactor(AcApDocManagerReactor* reactor);
+    /// Takes a reactor away; one that is not added does nothing.
+    void removeReactor(AcApDocManagerReactor* reactor);
+    std::size_t reactorCount() const { return reactors_.size(); }
+
     /// Takes a lock, to be given back as often as it was taken. Locks of one's own never stand in
     /// each other's way; against a lock of another (see lockByAnother) only kRead is had
     /// while that one is kRead too, else eLockViolation. kNone and kNotLocked are no locks:
@@ -52,17 +60,25 @@ public:
     /// Locks held and not given back, over all documents.
     std::size_t lockCount() const;
 
-    /// Takes a document in and makes it the current one.
+    /// Takes a document in and makes it the current one. Reactors are told of its creation, then of
+    /// the change of the current document.
     AcApDocument* adopt(std::unique_ptr<AcApDocument> document);
-    /// Closes a document and deletes its drawing; the one opened last of the rest becomes current.
-    /// False for a foreign pointer.
+    /// Closes a document and deletes its drawing; when it was the current one, the one opened last
+    /// of the rest becomes current. Reactors are told before and after, and must not close it
+    /// themselves. False for a foreign pointer.
     bool close(AcApDocument* document);
 
 private:
     bool has(const AcApDocument* document) const;
+    /// Leaves the current document for another; nothing when it is that one already.
     void makeCurrent(AcApDocument* document);
+    /// Makes a document, or none, the current one after the former has been left.
+    void enter(AcApDocument* document);
+    template<class Operation, class Argument>
+    void tell(Operation operation, Argument argument);
 
     std::vector<std::unique_ptr<AcApDocument>> documents_;
+    std::vector<AcApDocManagerReactor*> reactors_;
     AcApDocument* current_ = nullptr;
 };
 

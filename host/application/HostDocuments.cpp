@@ -1,17 +1,38 @@
 #include "application/HostDocuments.h"
 
 #include "application/AcApDocManager.h"
+#include "application/AcRxDictionary.h"
+#include "application/AcRxDynamicLinker.h"
 #include "dxf/LoadDxf.h"
 #include "dxf/SaveDxf.h"
 
 namespace host {
 
+namespace {
+
+/// The module that forbids one more document; empty when none does.
+std::string moduleInTheWay() {
+    if (acDocManager()->documentCount() == 0) {
+        return {};
+    }
+    return AcRxDynamicLinker::cast(acrxSysRegistry()->at(ACRX_DYNAMIC_LINKER))->firstNotMDIAware();
+}
+
+} // namespace
+
 AcApDocument* newDocument() {
+    if (!moduleInTheWay().empty()) {
+        return nullptr;
+    }
     return acDocManager()->adopt(
         std::make_unique<AcApDocument>(std::make_unique<AcDbDatabase>(), std::string()));
 }
 
 AcApDocument* openDocument(const std::string& path, std::string& error) {
+    if (const std::string module = moduleInTheWay(); !module.empty()) {
+        error = path + ": cannot be opened: the module " + module + " works with one document only";
+        return nullptr;
+    }
     std::unique_ptr<AcDbDatabase> database = host_dxf::loadDrawing(path, error);
     if (database == nullptr) {
         return nullptr;

@@ -7,11 +7,13 @@ class AcApDocument;
 /// The few operations by which a program drives the embedded host.
 namespace host {
 
-/// Makes an empty drawing in a document of its own, which becomes the current one.
+/// Makes an empty drawing in a document of its own, which becomes the current one. nullptr while a
+/// document is open and a module is loaded that works with one document only.
 AcApDocument* newDocument();
 
 /// Reads a drawing from a file into a document, which becomes the current one. `path` is UTF-8. On
 /// failure nullptr, and `error` is one line that names file, line and cause; nothing else changes.
+/// A module that works with one document only forbids a second one, as for `newDocument`.
 AcApDocument* openDocument(const std::string& path, std::string& error);
 
 /// Writes the document's drawing to a file, which is replaced in one step; `path` is UTF-8 and

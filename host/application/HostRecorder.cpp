@@ -1,9 +1,11 @@
 #include "application/HostRecorder.h"
 
 #include "application/AcApDocManager.h"
+#include "application/HostModules.h"
 #include "database/OpenObject.h"
 #include "database/ResultBuffer.h"
 #include "editor/SelectionSets.h"
+#include "platform/ExtensionModule.h"
 
 #include <algorithm>
 
@@ -19,8 +21,10 @@ std::vector<std::wstring> HostRecorder::linesOf(const std::wstring& word) const 
 }
 
 LiveCounts liveCounts() {
-    return {host_db::openObjectCount(), host_ed::openSelectionSets(), host_db::liveResultBuffers(),
-            acDocManager()->lockCount()};
+    return {host_db::openObjectCount(),     host_ed::openSelectionSets(),
+            host_db::liveResultBuffers(),   acDocManager()->lockCount(),
+            acDocManager()->reactorCount(), loadedModules().size(),
+            extensionLibraryCount(),        registeredClassCount()};
 }
 
 } // namespace host

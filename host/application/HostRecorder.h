@@ -26,6 +26,18 @@ namespace host {
 /// - `tblsearch TABLE NAME = found` or `= none`: a look-up by acdbTblSearch
 /// - `regapp NAME`: an application by acdbRegApp, whether new or not
 /// - `move X Y WIDTH HEIGHT repaint`: a window's new place, without `repaint` when none was asked
+/// - `reactor added`, `reactor removed`: of the document manager
+///
+/// and, with NAME for a library's file name without folders:
+/// - `load NAME`, before the file is mapped; `api version NAME VERSION`, the version in
+/// hexadecimal;
+///   `entry NAME MESSAGE = ANSWER`, when the message has been handled
+/// - `lock application NAME`, `unlock application NAME`, `mdi aware NAME`, `not mdi aware NAME`
+/// - `unload NAME`, before the file is unmapped; then `unmapped NAME`, or `still mapped NAME` when
+///   something else in the process holds it
+/// - `classes aside`: the raw entry of an extension library; `extension init NAME`, `extension
+///   library NAME`: its record is initialised, its per-library object is made; `extension term
+///   NAME`, `extension library gone NAME`: they end; `ui library ready`
 class HostRecorder : private EventListener {
 public:
     HostRecorder() { addListener(*this); }
@@ -51,6 +63,14 @@ struct LiveCounts {
     std::size_t resultBuffers = 0;
     /// Document locks over all documents.
     std::size_t locks = 0;
+    /// Reactors of the document manager.
+    std::size_t reactors = 0;
+    /// Modules that the dynamic linker loaded.
+    std::size_t modules = 0;
+    /// Per-library objects of extension libraries.
+    std::size_t extensionLibraries = 0;
+    /// Classes registered by the host and by extension libraries.
+    std::size_t classes = 0;
 
     friend bool operator==(const LiveCounts&, const LiveCounts&) = default;
 };

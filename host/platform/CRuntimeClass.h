@@ -15,7 +15,7 @@ struct CRuntimeClass {
     CObject* (*m_pfnCreateObject)();
     /// Gives the record of the base class, null at the root.
     CRuntimeClass* (*m_pfnGetBaseClass)();
-    /// Next record of the library's list of classes; the list is not kept, so always null.
+    /// Next record of the list that the class was registered in by AfxClassInit; else null.
     CRuntimeClass* m_pNextClass;
 
     /// Whether this class is `base` or derived from it. `base` null gives false. Cost: one step

@@ -11,12 +11,12 @@ class TKVLT_API GravitySearchObject : public SearchObject {
 public:
     /// Empty arrays and no root.
     GravitySearchObject();
-    CRuntimeClass* GetRuntimeClass() const override;
+    CRuntimeClass* GetRuntimeClass() const override; ///< that of the object's own class
     ~GravitySearchObject() override;
 
-    static CRuntimeClass* GetThisClass();
-    static CRuntimeClass* _GetBaseClass();
-    static CRuntimeClass classGravitySearchObject;
+    static CRuntimeClass* GetThisClass();          ///< the address of `classGravitySearchObject`
+    static CRuntimeClass* _GetBaseClass();         ///< that of SearchObject
+    static CRuntimeClass classGravitySearchObject; ///< dynamic identity, no creation
 
     CArray<Well, Well&> wells;            ///< in the order the search reached them; 0 is the root
     CArray<GravitySeg, GravitySeg&> segs; ///< in the order the search built them

@@ -7,11 +7,11 @@
 /// network a result holds.
 class TKVLT_API SearchObject : public CObject {
 public:
-    SearchObject();
-    CRuntimeClass* GetRuntimeClass() const override;
+    SearchObject(); ///< nothing to set
+    CRuntimeClass* GetRuntimeClass() const override; ///< that of the object's own class
     ~SearchObject() override;
 
-    static CRuntimeClass* GetThisClass();
-    static CRuntimeClass* _GetBaseClass();
-    static CRuntimeClass classSearchObject;
+    static CRuntimeClass* GetThisClass();   ///< the address of `classSearchObject`
+    static CRuntimeClass* _GetBaseClass();  ///< that of CObject
+    static CRuntimeClass classSearchObject; ///< dynamic identity, no creation
 };

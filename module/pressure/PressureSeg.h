@@ -16,8 +16,8 @@ class TKVLT_API PressureSeg {
 public:
     /// The defaults of the fields; asks for the pipe length setting.
     PressureSeg();
-    PressureSeg(PressureSeg& other);
-    PressureSeg& operator=(PressureSeg& other);
+    PressureSeg(PressureSeg& other);            ///< leaves `lengthMode` undefined
+    PressureSeg& operator=(PressureSeg& other); ///< keeps its own `lengthMode`
     ~PressureSeg();
 
     /// The end at which the walk goes on.
@@ -55,11 +55,11 @@ public:
     AcDbObjectIdArray meterIds{0, 8};             ///< parallel to `meterPoints`
     double startElevation = 0.0; ///< at the begin point; at the upstream end of a single build
     double endElevation = 0.0;   ///< at the other end
-    double slope = 0.0;
-    int diameter = 0; ///< millimetres
-    CString flowText; ///< "水流方向" as read
-    CString material; ///< "管材" as read
-    CString systemName;
+    double slope = 0.0;          ///< "坡度" as a number
+    int diameter = 0;            ///< millimetres
+    CString flowText;            ///< "水流方向" as read
+    CString material;            ///< "管材" as read
+    CString systemName;          ///< of the network
     CArray<AcGePoint3d, AcGePoint3d> outputPoints; ///< by distance from the begin point
     CArray<double, double> outputValues;           ///< parallel to `outputPoints`
     CArray<AcDbObjectId, AcDbObjectId> outputIds;  ///< parallel to `outputPoints`

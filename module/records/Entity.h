@@ -12,10 +12,10 @@ class TKVLT_API _Entity {
 public:
     /// A null id, empty texts, `valid` 0.
     _Entity();
-    _Entity(_Entity& other);
+    _Entity(_Entity& other); ///< copies every field
     /// Keeps `id` and `systemName`; `layer` stays empty and `valid` 0. Nothing is read.
     _Entity(AcDbObjectId id, CString systemName);
-    _Entity& operator=(const _Entity& other);
+    _Entity& operator=(const _Entity& other); ///< copies every field
     virtual ~_Entity();
 
     AcDbObjectId id;    ///< the entity this record was taken from

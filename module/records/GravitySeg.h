@@ -12,8 +12,8 @@ class TKVLT_API GravitySeg {
 public:
     /// The defaults of the fields; `extraValue4` alone is left as it was found.
     GravitySeg();
-    GravitySeg(GravitySeg& other);
-    GravitySeg& operator=(GravitySeg& other);
+    GravitySeg(GravitySeg& other);            ///< copies every field
+    GravitySeg& operator=(GravitySeg& other); ///< copies every field
     ~GravitySeg();
 
     /// Measures straight between the two node positions, stores the result in `length` and returns
@@ -28,19 +28,19 @@ public:
     AcGePoint3d endPoint;                ///< position of the end node
     AcDbObjectId startEntity;            ///< block of the start node
     AcDbObjectId endEntity;              ///< block of the end node
-    double startElevation = 0.0;
-    double endElevation = 0.0;
-    double slope = 0.0;
-    int diameter = 0;   ///< millimetres
-    CString flowText;   ///< "水流方向" as read
-    CString material;   ///< "管材" as read
-    CString systemName; ///< the network's system name
+    double startElevation = 0.0;         ///< at the start
+    double endElevation = 0.0;           ///< at the end
+    double slope = 0.0;                  ///< "坡度" as a number
+    int diameter = 0;                    ///< millimetres
+    CString flowText;                    ///< "水流方向" as read
+    CString material;                    ///< "管材" as read
+    CString systemName;                  ///< the network's system name
     /// Five values for sibling modules: only constructed and copied here.
     double extraValue1 = 0.0;
-    double extraValue2 = 0.0;
-    double extraValue3 = 0.0;
-    double extraValue4;
-    double extraValue5 = 0.0;
+    double extraValue2 = 0.0;  ///< for sibling modules
+    double extraValue3 = 0.0;  ///< for sibling modules
+    double extraValue4;        ///< for sibling modules
+    double extraValue5 = 0.0;  ///< for sibling modules
     int flowReversed = 1;      ///< 0 when the water runs from `startPoint` to `endPoint`, else 1
     double length = 0.0;       ///< drawing units
     AcGePoint3d annotatePoint; ///< the point at which the segment is annotated

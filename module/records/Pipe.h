@@ -10,12 +10,12 @@
 class TKVLT_API _Pipe : public _Entity {
 public:
     _Pipe();
-    _Pipe(_Pipe& other);
+    _Pipe(_Pipe& other); ///< copies every field
     /// Reads the curve `id`; one open and close. A curve that cannot be opened leaves the defaults
     /// with `valid` 0. A curve whose ends are nearer than 1.0 keeps `direction`, `angle` and
     /// `valid` at their defaults; at exactly 1.0 it is valid.
     _Pipe(AcDbObjectId id, CString systemName);
-    _Pipe& operator=(const _Pipe& other);
+    _Pipe& operator=(const _Pipe& other); ///< copies every field
     ~_Pipe() override;
 
     /// Length of the whole pipe: the two-point form between `startPoint` and `endPoint`.
@@ -25,8 +25,8 @@ public:
     /// arguments.
     double GetLength(AcGePoint3d p1, AcGePoint3d p2);
 
-    AcGePoint3d startPoint;
-    AcGePoint3d endPoint;
+    AcGePoint3d startPoint;                ///< of the curve
+    AcGePoint3d endPoint;                  ///< of the curve
     AcGeVector3d direction{1.0, 0.0, 0.0}; ///< unit vector from `startPoint` to `endPoint`
     double angle =
         0.0;        ///< between `direction` and the X axis, 0 to pi; does not tell left from right

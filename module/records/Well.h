@@ -10,8 +10,8 @@
 class TKVLT_API Well : public _Block {
 public:
     Well();
-    Well(Well& other);
-    Well& operator=(const Well& other);
+    Well(Well& other);                  ///< `mergedEntities` of the copy is empty
+    Well& operator=(const Well& other); ///< keeps its own `mergedEntities`
     ~Well() override;
 
     int isWell = 1;          ///< 1 for a well, 0 for a tank

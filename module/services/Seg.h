@@ -13,8 +13,8 @@ class TKVLT_API Seg {
 public:
     /// `kind` -1 and two records at their defaults; asks for the pipe length setting.
     Seg();
-    Seg(Seg& other);
-    Seg& operator=(Seg& other);
+    Seg(Seg& other);            ///< copies `kind`, `pressure`, `gravity`
+    Seg& operator=(Seg& other); ///< the same
     ~Seg();
 
     int kind = -1;        ///< flow kind code: 1 gravity, 0 pressure, -1 not set or system unknown

@@ -3,24 +3,10 @@
 #include "TKVltSearchModule18.h"
 
 #include "module/support/DrawingBuilder.h"
+#include "module/support/FieldOrder.h"
 
 namespace module_tests {
 namespace {
-
-using Places = std::vector<const void*>;
-
-::testing::AssertionResult standInThisOrder(const void* object, std::size_t size,
-                                            const Places& fields) {
-    const char* before = static_cast<const char*>(object) - 1;
-    for (std::size_t i = 0; i < fields.size(); ++i) {
-        const char* field = static_cast<const char*>(fields[i]);
-        if (field <= before || field >= static_cast<const char*>(object) + size) {
-            return ::testing::AssertionFailure() << "field " << i << " is out of order";
-        }
-        before = field;
-    }
-    return ::testing::AssertionSuccess();
-}
 
 TEST(FieldOrder, TheCheckRefusesAWrongOrder) {
     const struct {

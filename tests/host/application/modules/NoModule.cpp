@@ -1,0 +1,5 @@
+// A shared library that is no module.
+
+extern "C" __attribute__((visibility("default"))) int justAFunction() {
+    return 1;
+}

@@ -1,0 +1,33 @@
+// A module for the linker to load. Definitions of the build say how it behaves:
+// TEST_VERSION what it was built against, TEST_ANSWER what it answers to the load message,
+// TEST_UNLOCKS and TEST_MDI_AWARE what it declares at its load.
+
+#include "EmbeddedHost.h"
+
+#define TEST_EXPORT __attribute__((visibility("default")))
+
+extern "C" {
+
+/// The id of the last message.
+TEST_EXPORT extern void* testAppId;
+void* testAppId = nullptr;
+
+TEST_EXPORT int acrxGetApiVersion() {
+    return TEST_VERSION;
+}
+
+TEST_EXPORT int acrxEntryPoint(int message, void* appId) {
+    testAppId = appId;
+    if (message != AcRx::kInitAppMsg) {
+        return AcRx::kRetOK;
+    }
+    auto* linker = AcRxDynamicLinker::cast(acrxSysRegistry()->at(ACRX_DYNAMIC_LINKER));
+    if (TEST_UNLOCKS) {
+        linker->unlockApplication(appId);
+    }
+    if (TEST_MDI_AWARE) {
+        linker->registerAppMDIAware(appId);
+    }
+    return TEST_ANSWER;
+}
+}
