@@ -85,8 +85,12 @@ void RecordWriter::groups(const RecordDescription& description, std::size_t firs
     }
     const bool lengthsAlone = description.type == "LTYPE" && !context_.hasMarkers();
     for (const Fields& element : description.list.elements) {
-        // A version without markers has no texts in linetypes: a dash is its length.
-        writer_.fields(lengthsAlone ? Fields{element.front()} : element);
+        if (lengthsAlone) {
+            // A version without markers has no texts in linetypes: a dash is its length.
+            writer_.field(element.front());
+        } else {
+            writer_.fields(element);
+        }
     }
 }
 
