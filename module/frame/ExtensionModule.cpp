@@ -5,7 +5,9 @@ namespace tkvlt {
 ExtensionModule::ExtensionModule()
     : attached(0), defaultResource(nullptr), moduleResource(nullptr), module{} {}
 
-ExtensionModule::~ExtensionModule() = default;
+ExtensionModule::~ExtensionModule() {
+    Detach();
+}
 
 int ExtensionModule::Attach(HINSTANCE instance) {
     if (attached != 0) {

@@ -9,6 +9,7 @@ struct ExtensionModule {
     ExtensionModule();
     ExtensionModule(const ExtensionModule&) = delete;
     ExtensionModule& operator=(const ExtensionModule&) = delete;
+    /// Detaches what is still attached. That of the library itself is detached by then.
     ~ExtensionModule();
 
     /// Initialises `module` for the library `instance` and makes its per-library object, which the

@@ -7,7 +7,7 @@
 /// network a result holds.
 class TKVLT_API SearchObject : public CObject {
 public:
-    SearchObject(); ///< nothing to set
+    SearchObject();                                  ///< nothing to set
     CRuntimeClass* GetRuntimeClass() const override; ///< that of the object's own class
     ~SearchObject() override;
 

@@ -6,6 +6,8 @@
 #include "module/support/DrawingBuilder.h"
 #include "module/support/FieldOrder.h"
 
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <type_traits>
 #include <vector>
@@ -262,6 +264,30 @@ TEST(Boundary, ResultObjectsKeepTheSlotsOfTheBase) {
             EXPECT_EQ(slotsOf(*object)[slot], slotsOf(base)[slot]) << "empty: slot " << slot;
         }
     }
+}
+
+/// Writes what happens in the host to standard error.
+class Teller : private host::EventListener {
+public:
+    Teller() { host::addListener(*this); }
+
+private:
+    void onEvent(const std::wstring& line) override {
+        std::fprintf(stderr, "%s\n", host_text::toUtf8(line).c_str());
+    }
+};
+
+TEST(BoundaryDeathTest, ALinkedProgramEndsWithTheDetachBeforeTheStaticDestructors) {
+    EXPECT_EXIT(
+        {
+            static Teller& teller = *new Teller; // tells to the very end
+            static_cast<void>(teller);
+            std::exit(0);
+        },
+        ::testing::ExitedWithCode(0),
+        "^extension term libTKVltSearchModule18.so\n"
+        "extension library gone libTKVltSearchModule18.so\n"
+        "reactor removed\n$");
 }
 
 } // namespace

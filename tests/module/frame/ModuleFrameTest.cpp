@@ -104,6 +104,15 @@ TEST(ExtensionModuleRecord, DetachEndsOnceWhatWasAttached) {
     record.Detach();
 }
 
+TEST(ExtensionModuleRecord, WhatGoesWhileAttachedLeavesNothingBehind) {
+    const std::size_t libraries = host::extensionLibraryCount();
+    {
+        ExtensionModule record;
+        ASSERT_NE(record.Attach(handle()), 0);
+    }
+    EXPECT_EQ(host::extensionLibraryCount(), libraries);
+}
+
 TEST(EntryFunction, ReportsSuccessThoughTheAttachFails) {
     const host::HostRecorder recorder;
     EXPECT_EQ(DllMain(nullptr, DLL_PROCESS_ATTACH, nullptr), 1);
