@@ -85,6 +85,36 @@ TEST(Boundary, CutsAndLineTestsHaveTheirSignatures) {
               nullptr);
 }
 
+TEST(Boundary, StoredValuesHaveTheirSignatures) {
+    EXPECT_NE((address<int(CString, CString, CString&)>(&PelGetKDPValue)), nullptr);
+    EXPECT_NE((address<int(CString, CString, int&)>(&PelGetKDPValue)), nullptr);
+    EXPECT_NE((address<int(CString, CString, double&)>(&PelGetKDPValue)), nullptr);
+    EXPECT_NE((address<int(CString, CString, CString)>(&PelSetKDPValue)), nullptr);
+    EXPECT_NE((address<int(CString, CString, int)>(&PelSetKDPValue)), nullptr);
+    EXPECT_NE((address<int(CString, CString, double)>(&PelSetKDPValue)), nullptr);
+    EXPECT_NE((address<int(CString, CString, CString&)>(&PelGetXRecord)), nullptr);
+    EXPECT_NE((address<int(CString, CString, CString)>(&PelSetXRecord)), nullptr);
+    EXPECT_NE((address<int(AcDbObjectId, resbuf*)>(&PelSetXdata)), nullptr);
+    EXPECT_NE((address<int(ads_name, resbuf*)>(&PelSetXdata)), nullptr);
+    EXPECT_NE((address<void(CString, CWnd*)>(&PelGetRect)), nullptr);
+    EXPECT_NE((address<void(CString, CWnd*)>(&PelSaveRect)), nullptr);
+}
+
+TEST(Boundary, TablesTextsAndPointsHaveTheirSignatures) {
+    using Status = Acad::ErrorStatus;
+    EXPECT_NE((address<int(CString, AcDbObjectId&)>(&PelGetLineTypeId)), nullptr);
+    EXPECT_NE(address<int(CString)>(&PelIsLayerOff), nullptr);
+    EXPECT_NE(address<int(CString)>(&PelIsLayerLocked), nullptr);
+    EXPECT_NE((address<Status(CString, AcDbObjectId&)>(&PelGetDimStyleId)), nullptr);
+    EXPECT_NE((address<Status(CString, AcDbObjectId&, double&)>(&PelGetTextStyleId)), nullptr);
+    EXPECT_NE((address<double(CString, const CString&)>(&PelGetTextWidth)), nullptr);
+    EXPECT_NE(address<int(AcDbObjectId)>(&PelMultiPL2DblPl), nullptr);
+    EXPECT_NE((address<int(CPoint&, AcGePoint3d&)>(&PelPixelPtToUcsPt)), nullptr);
+    EXPECT_NE((address<AcGePoint3d(AcGePoint3d&, AcGePoint3d&)>(&PelTopLeftPoint)), nullptr);
+    EXPECT_NE((address<AcGePoint3d(AcGePoint3d, AcGeVector3d, double)>(&PelGetPolarPoint)),
+              nullptr);
+}
+
 /// The type of a member that has exactly this one.
 template<class Member>
 constexpr bool has(Member /*member*/) {
