@@ -1,9 +1,10 @@
 # What `cmake --install` lays out:
 #   bin/pipenet, lib/ with the three shared libraries and the entry code of extension libraries,
-#   include/tkvlt/{module,host,siblings}, share/tkvlt/settings, lib/cmake/TKVltSearchModule18.
+#   include/tkvlt/{module,host,siblings}, share/tkvlt/{settings,support}, lib/cmake/TKVltSearchModule18.
 include(CMakePackageConfigHelpers)
 
 set(TKVLT_INSTALL_SETTINGS "${CMAKE_INSTALL_DATADIR}/tkvlt/settings")
+set(TKVLT_INSTALL_SUPPORT "${CMAKE_INSTALL_DATADIR}/tkvlt/support")
 set(TKVLT_INSTALL_CMAKE "${CMAKE_INSTALL_LIBDIR}/cmake/${PROJECT_NAME}")
 
 # The libraries find each other beside themselves, wherever the prefix is moved to.
@@ -28,6 +29,7 @@ foreach(building host siblings module)
     DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/tkvlt/${building}" FILES_MATCHING PATTERN "*.h")
 endforeach()
 install(DIRECTORY "${CMAKE_SOURCE_DIR}/examples/settings/" DESTINATION "${TKVLT_INSTALL_SETTINGS}")
+install(DIRECTORY "${CMAKE_SOURCE_DIR}/host/support/" DESTINATION "${TKVLT_INSTALL_SUPPORT}")
 
 install(EXPORT TKVltSearchModule18Targets NAMESPACE tkvlt::
   DESTINATION "${TKVLT_INSTALL_CMAKE}")
