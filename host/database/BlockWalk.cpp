@@ -6,8 +6,6 @@
 #include "database/BlockExtents.h"
 #include "database/OpenObject.h"
 
-#include <set>
-
 namespace host_db {
 namespace {
 
@@ -42,19 +40,19 @@ bool BlockWalk::run(const AcDbBlockReference& reference, const AcGeMatrix3d& tra
 
 void BlockWalk::pushCell(const AcDbBlockReference& reference, const AcGeMatrix3d& transform,
                          int column, int row) {
-    work_.push_back({reference.blockTableRecord(),
-                     transform * cellShift(reference, column, row) * reference.blockTransform(),
-                     false});
+    const bool isFirst = column == 0 && row == 0;
+    const AcGeMatrix3d cell = isFirst ? transform : transform * cellShift(reference, column, row);
+    work_.push_back({reference.blockTableRecord(), cell * reference.blockTransform(), false});
 }
 
 void BlockWalk::push(const AcDbBlockReference& reference, const AcGeMatrix3d& transform) {
     const int columns = reference.columns();
     const int rows = reference.rows();
     if (cells_ == Cells::Corners) {
-        const std::set<int> cornerColumns{0, columns - 1};
-        const std::set<int> cornerRows{0, rows - 1};
-        for (const int column : cornerColumns) {
-            for (const int row : cornerRows) {
+        const int columnStep = columns > 1 ? columns - 1 : 1;
+        const int rowStep = rows > 1 ? rows - 1 : 1;
+        for (int column = 0; column < columns; column += columnStep) {
+            for (int row = 0; row < rows; row += rowStep) {
                 pushCell(reference, transform, column, row);
             }
         }

@@ -11,6 +11,22 @@ XdataApplications::XdataApplications() {
 }
 
 std::uint32_t XdataApplications::find(const wchar_t* name) const {
+    if (name != nullptr) {
+        // Whoever asks once mostly asks for the same names again, in the same spelling.
+        for (const Asked& asked : asked_) {
+            if (asked.name == name) {
+                return asked.number;
+            }
+        }
+    }
+    const std::uint32_t number = findFolded(name);
+    if (name != nullptr && number != kNone && asked_.size() < kMostAsked) {
+        asked_.push_back({name, number});
+    }
+    return number;
+}
+
+std::uint32_t XdataApplications::findFolded(const wchar_t* name) const {
     const auto it = byName_.find(nameKey(name));
     return it == byName_.end() ? kNone : it->second;
 }
@@ -26,6 +42,7 @@ std::uint32_t XdataApplications::add(const wchar_t* name) {
 
 void XdataApplications::forget(const wchar_t* name) {
     byName_.erase(nameKey(name));
+    asked_.clear();
 }
 
 std::uint32_t XdataApplications::setOf(std::span<const std::uint32_t> applications) {

@@ -44,10 +44,20 @@ private:
         std::size_t operator()(const std::vector<std::uint32_t>& set) const noexcept;
     };
 
+    /// A spelling that was asked for and found, so that it need not be folded to be found again.
+    struct Asked {
+        std::wstring name;
+        std::uint32_t number;
+    };
+    static constexpr std::size_t kMostAsked = 16;
+
+    std::uint32_t findFolded(const wchar_t* name) const;
+
     std::vector<CString> names_;
     std::unordered_map<std::wstring, std::uint32_t> byName_;
     std::vector<std::vector<std::uint32_t>> sets_;
     std::unordered_map<std::vector<std::uint32_t>, std::uint32_t, SetHash> bySet_;
+    mutable std::vector<Asked> asked_;
 };
 
 } // namespace host_db

@@ -1,5 +1,7 @@
 // Takes every network entity of the drawing into the pools, of every pipe system: which system is
-// walked is decided at each use.
+// walked is decided at each use. Most entities lie far from the network that is searched, so of
+// pipes and wells no more need be read here than where they lie, when the drawing stays as it is:
+// the rest is read when a rule asks.
 
 #include "gravity/GravityNetworkSearch.h"
 #include "records/NetworkSelection.h"
@@ -12,13 +14,65 @@ namespace {
 /// A pipe takes part in a search only when it is longer than this, in drawing units.
 constexpr double kLongestIgnoredPipe = 1.0;
 
+void ReadPipe(_Pipe& pipe, const AcDbObjectId& id) {
+    pipe = _Pipe(id, XdataText(id, xdata::kPipeSystem));
+}
+
+void ReadWell(_Block& well, const AcDbObjectId& id) {
+    well = _Block(id, CString(), XdataText(id, xdata::kWellSystem));
+}
+
+/// The entities with data of one application, to be met one after the other in drawing order.
+class Carriers {
+public:
+    explicit Carriers(const wchar_t* application)
+        : selection_{application}, rest_(selection_.Length()) {
+        Step();
+    }
+
+    /// Whether `id`, the next entity of the drawing, is one of them.
+    bool Meet(const AcDbObjectId& id) {
+        const bool isNext = next_ == id;
+        if (isNext) {
+            Step();
+        }
+        return isNext;
+    }
+
+private:
+    void Step() { next_ = index_ < rest_ ? selection_.At(index_++) : AcDbObjectId(); }
+
+    NetworkSelection selection_;
+    Adesk::Int32 rest_;
+    Adesk::Int32 index_ = 0;
+    AcDbObjectId next_;
+};
+
 } // namespace
 
 int GravityNetworkSearch::CollectEntities() {
+    // What an entity is comes first: the selection that the user can go back to is the last one.
+    Carriers pipes(xdata::kPipeSystem);
+    Carriers wells(xdata::kWellSystem);
     const NetworkSelection selection{xdata::kWellSystem, xdata::kPipeSystem, xdata::kTank};
+    SquareWells squareWells;
     const Adesk::Int32 length = selection.Length();
     for (Adesk::Int32 index = 0; index < length; ++index) {
-        AddToPool(selection.At(index));
+        const AcDbObjectId id = selection.At(index);
+        const bool isPipe = pipes.Meet(id);
+        const bool isWell = wells.Meet(id);
+        const ReadEntity entity(id);
+        if (!entity) {
+            continue; // nothing can be read of it, so it carries nothing
+        }
+        if (isPipe) {
+            AddPipe(id, entity);
+        } else if (isWell) {
+            AddWell(id, entity, squareWells);
+        } else {
+            // A tank belongs to no system, so that pipes of every system may end at it.
+            tankPool.Add(_Block(id, CString(), CString()));
+        }
     }
     candidates_ = MakeCandidateSource(*this, candidateMode_);
     return length > 0 ? 1 : 0;
@@ -29,19 +83,35 @@ int GravityNetworkSearch::CollectEntitiesOnly() {
     return 1;
 }
 
-void GravityNetworkSearch::AddToPool(const AcDbObjectId& id) {
-    CString text;
-    if (ReadXdata(id, xdata::kPipeSystem, text) != 0) {
-        _Pipe pipe(id, text);
-        if (pipe.GetLength() > kLongestIgnoredPipe) {
-            pipePool.Add(pipe);
-        }
-    } else if (ReadXdata(id, xdata::kWellSystem, text) != 0) {
-        wellPool.Add(_Block(id, CString(), text));
-    } else if (ReadXdata(id, xdata::kTank, text) != 0) {
-        // A tank belongs to no system, so that pipes of every system may end at it.
-        tankPool.Add(_Block(id, CString(), CString()));
+void GravityNetworkSearch::AddPipe(const AcDbObjectId& id, const ReadEntity& entity) {
+    PipeSite site;
+    if (ReadsLater() && entity.IsStraightAndLonger(kLongestIgnoredPipe, site)) {
+        pipePool.AddUnread(id, ReadPipe);
+        pipeSites_.push_back(site);
+        return;
     }
+    _Pipe pipe;
+    ReadPipe(pipe, id);
+    if (pipe.GetLength() > kLongestIgnoredPipe) {
+        pipePool.Add(pipe);
+        pipeSites_.push_back({pipe.startPoint, pipe.endPoint, pipe.isArc});
+    }
+}
+
+void GravityNetworkSearch::AddWell(const AcDbObjectId& id, const ReadEntity& entity,
+                                   SquareWells& squareWells) {
+    WellSite site;
+    AcDbObjectId definition;
+    if (ReadsLater() && entity.IsWellBlock(site, definition)) {
+        site.isSquareWell = squareWells.Has(definition);
+        wellPool.AddUnread(id, ReadWell);
+    } else {
+        _Block well;
+        ReadWell(well, id);
+        wellPool.Add(well);
+        site = {well.position, well.radius, well.isSquareWell};
+    }
+    wellSites_.push_back(site);
 }
 
 } // namespace tkvlt

@@ -40,6 +40,7 @@ GravityNetworkSearch::GravityNetworkSearch(GravitySearchObject* object, AcDbObje
 }
 
 int GravityNetworkSearch::Run() {
+    LetDrawingStay();
     if (ValidateEnds() == 0) {
         return 0;
     }

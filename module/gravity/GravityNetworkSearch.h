@@ -1,12 +1,15 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "frame/GravitySearchObject.h"
 #include "gravity/CandidateSource.h"
 #include "records/Block.h"
 #include "records/Pipe.h"
+#include "records/PlanSites.h"
 #include "records/RecordPool.h"
+#include "records/WellShape.h"
 
 namespace tkvlt {
 
@@ -52,6 +55,12 @@ public:
     int CollectEntities();
     /// Collects whatever there is; always 1.
     int CollectEntitiesOnly();
+    /// Says that the drawing stays as it is while this search lives. A search that looks entries up
+    /// by an index then reads of most entities no more than where they lie. `Run` says so itself.
+    void LetDrawingStay() { drawingStays_ = true; }
+    /// Where the pipes and the wells lay when they were collected, by pool index.
+    const std::vector<PipeSite>& PipeSites() const { return pipeSites_; }
+    const std::vector<WellSite>& WellSites() const { return wellSites_; }
     /// Leaves exactly one node in an empty result.
     int PlaceRootWell();
     /// Grows the tree out of node `well`, depth first. 1 when the scan of the pipes ran to its end.
@@ -119,7 +128,8 @@ private:
     enum class Trace { kNoTarget, kTarget, kGivenUp };
     enum class WalkStep { kDescended, kScanEnded, kCycle };
 
-    void AddToPool(const AcDbObjectId& id);
+    void AddPipe(const AcDbObjectId& id, const ReadEntity& entity);
+    void AddWell(const AcDbObjectId& id, const ReadEntity& entity, SquareWells& squareWells);
     int ValidateEndEntity();
 
     int FindPipe(const AcDbObjectId& id) const;
@@ -160,12 +170,18 @@ private:
                        const ChainOutcome& second);
     void FinishTwoSided(GravitySeg& seg, const ChainOutcome& first, const ChainOutcome& second);
 
+    bool ReadsLater() const { return drawingStays_ && candidateMode_ == CandidateMode::kIndexed; }
+
     CandidateMode candidateMode_;
+    bool drawingStays_ = false;
+    std::vector<PipeSite> pipeSites_; // of the pipe pool, as collected
+    std::vector<WellSite> wellSites_; // of the well pool, as collected
     std::unique_ptr<CandidateSource> candidates_;
 };
 
 /// How near a pipe end must be to a well's position to end a chain there, drawing units.
 double WellReach(const _Block& well);
+double WellReach(const WellSite& well);
 
 /// `radius`, or for a square well its reach to the corner.
 double RadiusToCorner(const _Block& block, double radius);

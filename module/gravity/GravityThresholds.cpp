@@ -10,14 +10,22 @@ constexpr double kSquareToCorner = 1.414;
 /// A pipe end may miss a well's rim by a hundredth of the radius.
 constexpr double kRimSlack = 1.01;
 
+double ToCorner(int isSquareWell, double radius) {
+    return isSquareWell != 0 ? radius * kSquareToCorner : radius;
+}
+
 } // namespace
 
 double RadiusToCorner(const _Block& block, double radius) {
-    return block.isSquareWell != 0 ? radius * kSquareToCorner : radius;
+    return ToCorner(block.isSquareWell, radius);
 }
 
 double WellReach(const _Block& well) {
-    return RadiusToCorner(well, well.radius * kRimSlack);
+    return ToCorner(well.isSquareWell, well.radius * kRimSlack);
+}
+
+double WellReach(const WellSite& well) {
+    return ToCorner(well.isSquareWell, well.radius * kRimSlack);
 }
 
 double ExtentsMargin() {

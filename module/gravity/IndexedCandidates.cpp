@@ -22,33 +22,61 @@ IndexedCandidates::IndexedCandidates(const GravityNetworkSearch& search) : searc
 }
 
 void IndexedCandidates::IndexPipes() {
-    const RecordPool<_Pipe>& pool = search_.pipePool;
     std::vector<PlanBox> ends;
-    std::vector<PlanBox> curves;
-    for (int i = 0; i < pool.Size(); ++i) {
-        ends.push_back(PlanBox::Of(pool[i].startPoint));
-        ends.push_back(PlanBox::Of(pool[i].endPoint));
-        curves.push_back(PipeBox(pool[i]));
-        pipeIds_.emplace(pool[i].id, i);
+    ends.reserve(2 * search_.PipeSites().size());
+    for (const PipeSite& site : search_.PipeSites()) {
+        ends.push_back(PlanBox::Of(site.startPoint));
+        ends.push_back(PlanBox::Of(site.endPoint));
     }
     pipeEnds_ = BoxTree(ends);
+}
+
+/// Only chains that find no pipe at their end ask for what crosses them.
+void IndexedCandidates::IndexCurves() const {
+    const std::vector<PipeSite>& sites = search_.PipeSites();
+    std::vector<PlanBox> curves;
+    curves.reserve(sites.size());
+    for (std::size_t i = 0; i < sites.size(); ++i) {
+        PlanBox box = PlanBox::Of(sites[i].startPoint);
+        box.Include(PlanBox::Of(sites[i].endPoint));
+        slack_ = std::max(
+            {slack_, RoundingSlack(sites[i].startPoint), RoundingSlack(sites[i].endPoint)});
+        if (sites[i].isArc != 0) {
+            const AcGeCircArc3d& arc = search_.pipePool[static_cast<int>(i)].arc;
+            box.Include(ArcBox(arc));
+            slack_ = std::max(slack_, RoundingSlack(arc));
+        }
+        curves.push_back(box);
+    }
     pipeCurves_ = BoxTree(curves);
-    slack_ = RoundingSlack(pool);
+    hasCurves_ = true;
 }
 
 void IndexedCandidates::IndexWells() {
-    const RecordPool<_Block>& pool = search_.wellPool;
     std::vector<PlanBox> positions;
-    for (int i = 0; i < pool.Size(); ++i) {
-        positions.push_back(PlanBox::Of(pool[i].position));
-        wellIds_.emplace(pool[i].id, i);
-        if (!std::isnan(WellReach(pool[i]))) {
+    positions.reserve(search_.WellSites().size());
+    for (const WellSite& site : search_.WellSites()) {
+        const double reach = WellReach(site);
+        if (reach > largestReach_) {
+            largestReach_ = reach;
+            largestWell_ = static_cast<int>(positions.size());
+        }
+        positions.push_back(PlanBox::Of(site.position));
+    }
+    wells_ = BoxTree(positions);
+}
+
+/// The largest wells first, for when the largest has been merged away.
+void IndexedCandidates::SortWellsByReach() const {
+    const std::vector<WellSite>& sites = search_.WellSites();
+    const auto reach = [&](int well) { return WellReach(sites[static_cast<std::size_t>(well)]); };
+    for (int i = 0; i < static_cast<int>(sites.size()); ++i) {
+        if (!std::isnan(reach(i))) {
             wellsByReach_.push_back(i);
         }
     }
-    wells_ = BoxTree(positions);
     std::stable_sort(wellsByReach_.begin(), wellsByReach_.end(),
-                     [&](int a, int b) { return WellReach(pool[a]) > WellReach(pool[b]); });
+                     [&](int a, int b) { return reach(a) > reach(b); });
 }
 
 void IndexedCandidates::IndexTanks() {
@@ -58,7 +86,6 @@ void IndexedCandidates::IndexTanks() {
         const AcGePoint3d low = pool[i].extents.minPoint();
         const AcGePoint3d high = pool[i].extents.maxPoint();
         extents.push_back({low.x, low.y, high.x, high.y});
-        tankIds_.emplace(pool[i].id, i);
     }
     tanks_ = BoxTree(extents);
 }
@@ -72,6 +99,9 @@ std::vector<int> IndexedCandidates::PipesWithEndIn(const PlanBox& box) const {
 }
 
 std::vector<int> IndexedCandidates::PipesReachingInto(const PlanBox& box) const {
+    if (!hasCurves_) {
+        IndexCurves();
+    }
     return PresentInOrder(Collected(pipeCurves_, box.Widened(slack_)), search_.pipePool);
 }
 
@@ -95,25 +125,33 @@ std::vector<int> IndexedCandidates::NodesOf(const AcDbObjectId& id) const {
 }
 
 std::vector<int> IndexedCandidates::PipesOf(const AcDbObjectId& id) const {
-    return PresentInOrder(Matches(pipeIds_, id), search_.pipePool);
+    return PresentInOrder(pipeIds_.Matches(search_.pipePool, id), search_.pipePool);
 }
 
 std::vector<int> IndexedCandidates::WellsOf(const AcDbObjectId& id) const {
-    return PresentInOrder(Matches(wellIds_, id), search_.wellPool);
+    return PresentInOrder(wellIds_.Matches(search_.wellPool, id), search_.wellPool);
 }
 
 std::vector<int> IndexedCandidates::TanksOf(const AcDbObjectId& id) const {
-    return PresentInOrder(Matches(tankIds_, id), search_.tankPool);
+    return PresentInOrder(tankIds_.Matches(search_.tankPool, id), search_.tankPool);
 }
 
 double IndexedCandidates::LargestWellReach() const {
-    while (largestWell_ < wellsByReach_.size() &&
-           !search_.wellPool.Has(wellsByReach_[largestWell_])) {
-        ++largestWell_;
+    if (largestWell_ < 0 || search_.wellPool.Has(largestWell_)) {
+        return largestReach_;
     }
-    return largestWell_ < wellsByReach_.size()
-               ? WellReach(search_.wellPool[wellsByReach_[largestWell_]])
-               : -std::numeric_limits<double>::infinity();
+    if (wellsByReach_.empty()) {
+        SortWellsByReach();
+    }
+    while (nextLargest_ < wellsByReach_.size() &&
+           !search_.wellPool.Has(wellsByReach_[nextLargest_])) {
+        ++nextLargest_;
+    }
+    const bool isLeft = nextLargest_ < wellsByReach_.size();
+    largestWell_ = isLeft ? wellsByReach_[nextLargest_] : -1;
+    largestReach_ = isLeft ? WellReach(search_.WellSites()[static_cast<std::size_t>(largestWell_)])
+                           : -std::numeric_limits<double>::infinity();
+    return largestReach_;
 }
 
 void IndexedCandidates::NodeAdded(int node) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <limits>
+
 #include "gravity/CandidateSource.h"
 #include "records/BoxGrid.h"
 #include "records/BoxTree.h"
@@ -31,22 +33,28 @@ public:
 
 private:
     void IndexPipes();
+    void IndexCurves() const;
     void IndexWells();
+    void SortWellsByReach() const;
     void IndexTanks();
 
     const GravityNetworkSearch& search_;
-    BoxTree pipeEnds_; // items 2i and 2i + 1 are the start and the end of pipe i
-    BoxTree pipeCurves_;
-    double slack_ = 0.0; // by which pipes may miss one another and still meet
+    BoxTree pipeEnds_;           // items 2i and 2i + 1 are the start and the end of pipe i
+    mutable BoxTree pipeCurves_; // made when it is first asked
+    mutable bool hasCurves_ = false;
+    mutable double slack_ = 0.0; // by which pipes may miss one another and still meet
     BoxTree wells_;
     BoxTree tanks_;
     BoxGrid nodes_;
-    IdIndex pipeIds_;
-    IdIndex wellIds_;
-    IdIndex tankIds_;
+    EntryIndex pipeIds_;
+    EntryIndex wellIds_;
+    EntryIndex tankIds_;
     IdIndex nodeIds_;
-    std::vector<int> wellsByReach_;       // largest reach first
-    mutable std::size_t largestWell_ = 0; // place in wellsByReach_ of the first that may be present
+    // The largest reach of a well and a well that has it. Negative when there is none.
+    mutable int largestWell_ = -1;
+    mutable double largestReach_ = -std::numeric_limits<double>::infinity();
+    mutable std::vector<int> wellsByReach_; // largest first; made when the largest is gone
+    mutable std::size_t nextLargest_ = 0;
 };
 
 } // namespace tkvlt

@@ -1,10 +1,9 @@
 #include "records/Block.h"
 
+#include "records/WellShape.h"
 #include "records/XdataKeys.h"
 
 namespace {
-
-const wchar_t* const kSquareWellBlock = L"VLT_WELL_04";
 
 /// Half of a well of diameter 1 metre, in drawing units.
 double DefaultRadius() {
@@ -14,7 +13,7 @@ double DefaultRadius() {
 double ReadWellRadius(const AcDbObjectId& id) {
     CString diameter;
     ReadXdata(id, xdata::kWellDiameter, diameter);
-    return 0.5 * NumberPrefix(diameter) * 1000.0 / GetVZDrawScale();
+    return tkvlt::WellRadius(diameter);
 }
 
 /// Fills the record from the block reference and returns its definition's id, null on failure.
@@ -37,18 +36,6 @@ AcDbObjectId ReadBlockReference(_Block& block) {
     return definition;
 }
 
-int IsSquareWellDefinition(const AcDbObjectId& definition) {
-    AcDbObject* object = nullptr;
-    if (acdbOpenAcDbObject(object, definition, AcDb::kForRead, AcDbBlockTableRecord::desc(),
-                           false) != Acad::eOk) {
-        return 0;
-    }
-    CString name;
-    static_cast<AcDbBlockTableRecord*>(object)->getName(name);
-    object->close();
-    return name.Compare(kSquareWellBlock) == 0 ? 1 : 0;
-}
-
 } // namespace
 
 _Block::_Block() : radius(DefaultRadius()) {}
@@ -60,7 +47,7 @@ _Block::_Block(_Block& other)
 
 _Block::_Block(AcDbObjectId id, CString note, CString systemName)
     : _Entity(id, systemName), note(note), radius(ReadWellRadius(id)) {
-    isSquareWell = IsSquareWellDefinition(ReadBlockReference(*this));
+    isSquareWell = tkvlt::IsSquareWellDefinition(ReadBlockReference(*this));
 }
 
 _Block& _Block::operator=(const _Block& other) {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <limits>
 #include <numeric>
 
 namespace tkvlt {
@@ -13,7 +15,7 @@ constexpr std::size_t kFanOut = 16;
 /// The middle of a side; 0 for a boundless one, which has none.
 double Middle(double low, double high) {
     const double middle = low * 0.5 + high * 0.5;
-    return std::isnan(middle) ? 0.0 : middle;
+    return std::isfinite(middle) ? middle : 0.0;
 }
 
 double CentreX(const PlanBox& box) {
@@ -23,16 +25,33 @@ double CentreY(const PlanBox& box) {
     return Middle(box.minY, box.maxY);
 }
 
-/// Sorts items[begin, end) by a coordinate of their boxes; ties stand in item order.
+/// Sorts items[begin, end) by a coordinate of their boxes; ties stand in item order. The places are
+/// rounded to one in four thousand million, which is all the same to a packing.
 template<class Coordinate>
 void SortBy(std::vector<int>& items, std::size_t begin, std::size_t end,
             const std::vector<PlanBox>& boxes, Coordinate coordinate) {
-    std::sort(items.begin() + static_cast<std::ptrdiff_t>(begin),
-              items.begin() + static_cast<std::ptrdiff_t>(end), [&](int a, int b) {
-                  const double ca = coordinate(boxes[static_cast<std::size_t>(a)]);
-                  const double cb = coordinate(boxes[static_cast<std::size_t>(b)]);
-                  return ca < cb || (!(cb < ca) && a < b);
-              });
+    const auto centre = [&](std::size_t i) {
+        return coordinate(boxes[static_cast<std::size_t>(items[i])]);
+    };
+    double low = std::numeric_limits<double>::infinity();
+    double high = -low;
+    for (std::size_t i = begin; i < end; ++i) {
+        low = std::min(low, centre(i));
+        high = std::max(high, centre(i));
+    }
+    constexpr double places = 4294967295.0;
+    const double scale = high > low && std::isfinite(high - low) ? places / (high - low) : 0.0;
+    std::vector<std::uint64_t> keys;
+    keys.reserve(end - begin);
+    for (std::size_t i = begin; i < end; ++i) {
+        const double place = std::clamp((centre(i) - low) * scale, 0.0, places);
+        keys.push_back(static_cast<std::uint64_t>(place) << 32 |
+                       static_cast<std::uint32_t>(items[i]));
+    }
+    std::sort(keys.begin(), keys.end());
+    for (std::size_t i = begin; i < end; ++i) {
+        items[i] = static_cast<int>(static_cast<std::uint32_t>(keys[i - begin]));
+    }
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "records/BoxTree.h"
@@ -56,5 +57,40 @@ inline std::vector<int> Matches(const IdIndex& index, const AcDbObjectId& id) {
     SortUnique(matches);
     return matches;
 }
+
+/// Finds the entries of a pool by their entity. A search asks once or twice, which a scan answers;
+/// a list of pipes asks often, and then the ids are sorted.
+class EntryIndex {
+public:
+    /// The entries that stand for `id`, in pool order, those taken away included.
+    template<class Record>
+    std::vector<int> Matches(const RecordPool<Record>& pool, const AcDbObjectId& id) const {
+        constexpr int scans = 4;
+        std::vector<int> matches;
+        if (++questions_ <= scans) {
+            for (int i = 0; i < pool.Size(); ++i) {
+                if (pool.IdOf(i) == id) {
+                    matches.push_back(i);
+                }
+            }
+            return matches;
+        }
+        if (sorted_.empty()) {
+            for (int i = 0; i < pool.Size(); ++i) {
+                sorted_.emplace_back(pool.IdOf(i), i);
+            }
+            std::sort(sorted_.begin(), sorted_.end());
+        }
+        for (auto it = std::lower_bound(sorted_.begin(), sorted_.end(), std::make_pair(id, 0));
+             it != sorted_.end() && it->first == id; ++it) {
+            matches.push_back(it->second);
+        }
+        return matches;
+    }
+
+private:
+    mutable int questions_ = 0;
+    mutable std::vector<std::pair<AcDbObjectId, int>> sorted_;
+};
 
 } // namespace tkvlt

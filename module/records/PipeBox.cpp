@@ -7,6 +7,9 @@ namespace tkvlt {
 
 namespace {
 
+// Well above the few units in the last place by which two curves may miss and still meet.
+constexpr double kRelativeSlack = 1e-14;
+
 double LargestCoordinate(const AcGePoint3d& point) {
     return std::max({std::fabs(point.x), std::fabs(point.y), std::fabs(point.z)});
 }
@@ -33,19 +36,24 @@ bool PassesQuarter(const AcGeCircArc3d& arc, int quarter) {
 
 } // namespace
 
+double RoundingSlack(const AcGePoint3d& point) {
+    return LargestCoordinate(point) * kRelativeSlack;
+}
+
+double RoundingSlack(const AcGeCircArc3d& arc) {
+    return (LargestCoordinate(arc.center()) + arc.radius()) * kRelativeSlack;
+}
+
 double RoundingSlack(const RecordPool<_Pipe>& pipes) {
-    // Well above the few units in the last place by which two curves may miss and still meet.
-    constexpr double relativeSlack = 1e-14;
     double largest = 0.0;
     for (int i = 0; i < pipes.Size(); ++i) {
         const _Pipe& pipe = pipes[i];
-        largest = std::max(
-            {largest, LargestCoordinate(pipe.startPoint), LargestCoordinate(pipe.endPoint)});
+        largest = std::max({largest, RoundingSlack(pipe.startPoint), RoundingSlack(pipe.endPoint)});
         if (pipe.isArc != 0) {
-            largest = std::max(largest, LargestCoordinate(pipe.arc.center()) + pipe.arc.radius());
+            largest = std::max(largest, RoundingSlack(pipe.arc));
         }
     }
-    return largest * relativeSlack;
+    return largest;
 }
 
 PlanBox PipeBox(const _Pipe& pipe) {

@@ -13,10 +13,6 @@ constexpr double kRelativeRounding = 1e-13;
 
 } // namespace
 
-PlanBox PlanBox::Of(const AcGePoint3d& point) {
-    return {point.x, point.y, point.x, point.y};
-}
-
 PlanBox PlanBox::Around(const AcGePoint3d& point, double reach) {
     return Of(point).Widened(reach);
 }
@@ -38,10 +34,6 @@ PlanBox PlanBox::Widened(double margin) const {
         return {-everywhere, -everywhere, everywhere, everywhere};
     }
     return {minX - width, minY - width, maxX + width, maxY + width};
-}
-
-bool PlanBox::Overlaps(const PlanBox& other) const {
-    return minX <= other.maxX && other.minX <= maxX && minY <= other.maxY && other.minY <= maxY;
 }
 
 } // namespace tkvlt

@@ -11,7 +11,7 @@ struct PlanBox {
     double maxX;
     double maxY;
 
-    static PlanBox Of(const AcGePoint3d& point);
+    static PlanBox Of(const AcGePoint3d& point) { return {point.x, point.y, point.x, point.y}; }
     /// A box that holds every point at most `reach` from `point`, rounding included. A reach that
     /// is not a number gives the whole plane, since comparisons with it can pass anywhere.
     static PlanBox Around(const AcGePoint3d& point, double reach);
@@ -19,7 +19,9 @@ struct PlanBox {
     void Include(const PlanBox& other);
     /// This box widened on all sides by `margin` and by what rounding of its coordinates may hide.
     PlanBox Widened(double margin) const;
-    bool Overlaps(const PlanBox& other) const;
+    bool Overlaps(const PlanBox& other) const {
+        return minX <= other.maxX && other.minX <= maxX && minY <= other.maxY && other.minY <= maxY;
+    }
 };
 
 } // namespace tkvlt

@@ -5,10 +5,12 @@
 namespace tkvlt {
 
 /// A gravity search that only looks at single pipes: the drawing's pools, without start, end or
-/// result. It sees the drawing as it was at construction, which costs one pass over it.
+/// result. The drawing must stay as it is while it lives. Construction costs one pass over
+/// it.
 class SinglePipeSearch {
 public:
     SinglePipeSearch() : search_(nullptr, noEntity_, noEntity_, origin_) {
+        search_.LetDrawingStay();
         search_.CollectEntitiesOnly();
     }
     SinglePipeSearch(const SinglePipeSearch&) = delete;

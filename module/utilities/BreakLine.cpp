@@ -1,9 +1,17 @@
 #include "utilities/BreakLine.h"
 
+#include "records/BoxGrid.h"
+#include "records/Candidates.h"
+#include "records/PipeBox.h"
+#include "utilities/BreakLines.h"
 #include "utilities/ClassifyLinePair.h"
 #include "utilities/EnterEntity.h"
 
+#include <algorithm>
+#include <cmath>
+#include <limits>
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -43,29 +51,89 @@ void BreakPair(AcDbLine* first, AcDbLine* second, AcDbObjectIdArray& lines) {
     }
 }
 
+/// The widest gap across which the classifier still lets one line break the other, with what
+/// tolerances add, in drawing units.
+double FarthestGap() {
+    constexpr double gap = 10.0;
+    return std::max(1.0, std::fabs(GetDwgScale())) * gap + 2.0 * AcGeContext::gTol.equalPoint();
+}
+
 AcDbLine* OpenLine(AcDbObjectId id) {
     AcDbObject* object = nullptr;
     const Acad::ErrorStatus status = acdbOpenAcDbObject(object, id, AcDb::kForWrite);
     return status == Acad::eOk ? static_cast<AcDbLine*>(object) : nullptr;
 }
 
+/// Acts on the lines at two places of the list. False when the first cannot be opened.
+bool BreakAtPlaces(AcDbObjectIdArray& lines, int i, int j) {
+    AcDbLine* first = OpenLine(lines[i]);
+    if (first == nullptr) {
+        return false;
+    }
+    if (AcDbLine* second = OpenLine(lines[j])) {
+        BreakPair(first, second, lines);
+        second->close();
+    }
+    first->close();
+    return true;
+}
+
+/// Where another line must come for the two to break one another, in plan. What is no line, or
+/// cannot be read, may lie anywhere.
+PlanBox BoxOf(AcDbObjectId id) {
+    constexpr double everywhere = std::numeric_limits<double>::infinity();
+    AcDbObject* object = nullptr;
+    if (acdbOpenAcDbObject(object, id, AcDb::kForRead, AcDbLine::desc(), false) != Acad::eOk) {
+        return {-everywhere, -everywhere, everywhere, everywhere};
+    }
+    const AcGePoint3d start = static_cast<AcDbLine*>(object)->startPoint();
+    const AcGePoint3d end = static_cast<AcDbLine*>(object)->endPoint();
+    object->close();
+    PlanBox box = PlanBox::Of(start);
+    box.Include(PlanBox::Of(end));
+    return box.Widened(FarthestGap() + std::max(RoundingSlack(start), RoundingSlack(end)));
+}
+
+/// Lines only get shorter and pieces lie on their lines, so the box that a line had stays good.
+void BreakNeighbours(AcDbObjectIdArray& lines) {
+    BoxGrid earlier(FarthestGap());
+    for (int i = 0; i < lines.length(); ++i) {
+        const PlanBox box = BoxOf(lines[i]);
+        std::vector<int> neighbours;
+        earlier.Collect(box, neighbours);
+        SortUnique(neighbours);
+        for (const int j : neighbours) {
+            if (!BreakAtPlaces(lines, i, j)) {
+                break;
+            }
+        }
+        earlier.Add(i, box);
+    }
+}
+
+void BreakAllPairs(AcDbObjectIdArray& lines) {
+    for (int i = 1; i < lines.length(); ++i) {
+        for (int j = 0; j < i; ++j) {
+            if (!BreakAtPlaces(lines, i, j)) {
+                break;
+            }
+        }
+    }
+}
+
 } // namespace
 
 void PelBreakLine(AcDbObjectIdArray& lines) {
-    for (int i = 1; i < lines.length(); ++i) {
-        for (int j = 0; j < i; ++j) {
-            AcDbLine* first = OpenLine(lines[i]);
-            if (first == nullptr) {
-                break;
-            }
-            AcDbLine* second = OpenLine(lines[j]);
-            if (second == nullptr) {
-                first->close();
-                continue;
-            }
-            BreakPair(first, second, lines);
-            second->close();
-            first->close();
-        }
+    // A handful of lines is broken sooner than looked over.
+    constexpr int handful = 16;
+    tkvlt::BreakLines(lines, lines.length() <= handful ? CandidateMode::kPlainScan
+                                                       : CandidateModeFromEnvironment());
+}
+
+void tkvlt::BreakLines(AcDbObjectIdArray& lines, CandidateMode mode) {
+    if (mode == CandidateMode::kPlainScan) {
+        BreakAllPairs(lines);
+    } else {
+        BreakNeighbours(lines);
     }
 }

@@ -6,6 +6,6 @@
 /// Breaks lines where they cross or run into each other, and appends the new pieces to `lines`; a
 /// piece is met by everything that stands before it in the list. A piece runs from the old end of
 /// its line back to the break, and carries the line's properties and extended data. Lines that
-/// cannot be opened for write are passed over. `lines` must name lines only. Cost: each pair is
-/// opened and classified, pieces included.
+/// cannot be opened for write are passed over. `lines` must name lines only. Cost: each pair that
+/// comes near one another is opened and classified, pieces included.
 TKVLT_API void PelBreakLine(AcDbObjectIdArray& lines);

@@ -55,6 +55,10 @@ void DrawingBuilder::close() {
     }
 }
 
+void DrawingBuilder::startAnew() {
+    replaceDocument(host::newDocument());
+}
+
 void DrawingBuilder::openDxf(const std::string& text) {
     const std::string name = "drawing" + std::to_string(++dxfCount_) + ".dxf";
     folder_.write(name, text);

@@ -58,6 +58,8 @@ public:
     DrawingBuilder& operator=(const DrawingBuilder&) = delete;
     ~DrawingBuilder();
 
+    /// Replaces the drawing by an empty one; the settings stay.
+    void startAnew();
     /// Replaces the drawing by one read from DXF text; throws with the host's reason on failure.
     void openDxf(const std::string& text);
     /// Replaces the drawing by that of a DXF file.

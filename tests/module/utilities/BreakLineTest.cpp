@@ -2,6 +2,7 @@
 
 #include "TwiceMetLine.h"
 #include "utilities/BreakLine.h"
+#include "utilities/BreakLines.h"
 
 #include <algorithm>
 #include <fstream>
@@ -240,6 +241,41 @@ TEST_F(BreakLineTest, RandomLinesKeepTheirLengthTextsAndPlaces) {
 }
 
 /// After the breaking no two pieces cross farther than 10 from an end of either.
+/// The same lines, broken pair by pair and by what lies near: ends and order of all lines.
+TEST_F(BreakLineTest, IndexAndPlainScanBreakTheSameLinesInTheSameOrder) {
+    std::mt19937 random(11);
+    int pieces = 0;
+    for (int drawn = 0; drawn < 60; ++drawn) {
+        drawing.setDwgScale(drawn % 3 == 0 ? 2.0 : 1.0);
+        std::vector<Ends> broken[2];
+        std::uniform_int_distribution<int> place(0, 80);
+        std::vector<Ends> lines;
+        for (int i = 0; i < 12; ++i) {
+            const AcGePoint3d from(place(random) * 5.0, place(random) * 5.0, 0);
+            lines.push_back({from, {place(random) * 5.0, i % 3 == 0 ? from.y : 5.0 * i, 0}});
+        }
+        for (const bool plain : {true, false}) {
+            Ids ids;
+            for (const Ends& line : lines) {
+                ids.push_back(addLine(line.first, line.second));
+            }
+            AcDbObjectIdArray list = listOf(ids);
+            tkvlt::BreakLines(list, plain ? tkvlt::CandidateMode::kPlainScan
+                                          : tkvlt::CandidateMode::kIndexed);
+            for (int i = 0; i < list.length(); ++i) {
+                broken[plain ? 0 : 1].push_back(endsOf(list[i]));
+            }
+        }
+        ASSERT_EQ(broken[0].size(), broken[1].size());
+        for (std::size_t i = 0; i < broken[0].size(); ++i) {
+            ASSERT_EQ(broken[0][i].first, broken[1][i].first);
+            ASSERT_EQ(broken[0][i].second, broken[1][i].second);
+        }
+        pieces += static_cast<int>(broken[0].size() - lines.size());
+    }
+    EXPECT_GT(pieces, 600);
+}
+
 TEST_F(BreakLineTest, NoTwoPiecesCrossInsideThemselves) {
     std::mt19937 random(7);
     std::uniform_real_distribution<double> place(0.0, 1000.0);

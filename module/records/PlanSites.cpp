@@ -1,0 +1,54 @@
+#include "records/PlanSites.h"
+
+#include "records/WellShape.h"
+#include "records/XdataKeys.h"
+
+namespace tkvlt {
+
+namespace {
+
+bool BeginsWithAnArc(AcDbCurve* curve) {
+    return curve->isA()->isDerivedFrom(AcDbPolyline::desc()) &&
+           static_cast<AcDbPolyline*>(curve)->segType(0) == AcDbPolyline::kArc;
+}
+
+} // namespace
+
+ReadEntity::ReadEntity(const AcDbObjectId& id) {
+    if (acdbOpenAcDbObject(object_, id, AcDb::kForRead, false) != Acad::eOk) {
+        object_ = nullptr;
+    }
+}
+
+ReadEntity::~ReadEntity() {
+    if (object_ != nullptr) {
+        object_->close();
+    }
+}
+
+bool ReadEntity::IsStraightAndLonger(double length, PipeSite& site) const {
+    // Rounding of a length is far below these bounds.
+    constexpr double clearly = 1.001;
+    constexpr double farthest = 1e12;
+    if (!object_->isKindOf(AcDbCurve::desc())) {
+        return false;
+    }
+    auto* curve = static_cast<AcDbCurve*>(object_);
+    curve->getStartPoint(site.startPoint);
+    curve->getEndPoint(site.endPoint);
+    const double straight = site.startPoint.distanceTo(site.endPoint);
+    return straight > length * clearly && straight < farthest && !BeginsWithAnArc(curve);
+}
+
+bool ReadEntity::IsWellBlock(WellSite& site, AcDbObjectId& definition) const {
+    if (!object_->isKindOf(AcDbBlockReference::desc())) {
+        return false;
+    }
+    auto* reference = static_cast<AcDbBlockReference*>(object_);
+    site.position = reference->position();
+    site.radius = WellRadius(XdataText(object_, xdata::kWellDiameter));
+    definition = reference->blockTableRecord();
+    return true;
+}
+
+} // namespace tkvlt

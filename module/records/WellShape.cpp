@@ -1,0 +1,37 @@
+#include "records/WellShape.h"
+
+#include "records/XdataKeys.h"
+
+namespace tkvlt {
+
+namespace {
+
+const wchar_t* const kSquareWellBlock = L"VLT_WELL_04";
+
+} // namespace
+
+double WellRadius(const CString& diameter) {
+    return 0.5 * NumberPrefix(diameter) * 1000.0 / GetVZDrawScale();
+}
+
+int IsSquareWellDefinition(const AcDbObjectId& definition) {
+    AcDbObject* object = nullptr;
+    if (acdbOpenAcDbObject(object, definition, AcDb::kForRead, AcDbBlockTableRecord::desc(),
+                           false) != Acad::eOk) {
+        return 0;
+    }
+    CString name;
+    static_cast<AcDbBlockTableRecord*>(object)->getName(name);
+    object->close();
+    return name.Compare(kSquareWellBlock) == 0 ? 1 : 0;
+}
+
+int SquareWells::Has(const AcDbObjectId& definition) {
+    const auto [known, isNew] = known_.try_emplace(definition, 0);
+    if (isNew) {
+        known->second = IsSquareWellDefinition(definition);
+    }
+    return known->second;
+}
+
+} // namespace tkvlt
