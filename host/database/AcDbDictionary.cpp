@@ -1,10 +1,12 @@
 #include "database/AcDbDictionary.h"
 
 #include "database/AcDbDatabase.h"
+#include "database/DictionaryHolder.h"
 #include "database/NameKey.h"
 #include "database/OpenObject.h"
 
 #include <algorithm>
+#include <utility>
 
 ACRX_DEFINE_MEMBERS(AcDbDictionary, AcDbObject, L"DICTIONARY")
 
@@ -68,6 +70,9 @@ Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* name, AcDbObject* object, A
     if (objectId().isNull()) {
         return Acad::eNotInDatabase;
     }
+    if (!host_db::holdsDictionaries(*database())) {
+        return Acad::eNotApplicable;
+    }
     AcDbObjectId target = object->objectId();
     if (!target.isNull() && target.database() != database()) {
         return Acad::eWrongDatabase;
@@ -97,12 +102,30 @@ Acad::ErrorStatus AcDbDictionary::setAt(const ACHAR* name, AcDbObject* object, A
     return status;
 }
 
+namespace {
+
+/// A name that nobody gave.
+CString freeName(const std::unordered_map<std::wstring, std::size_t>& taken) {
+    std::size_t number = taken.size();
+    std::wstring name;
+    do {
+        name = L"*A" + std::to_wstring(number++);
+    } while (taken.contains(host_db::nameKey(name.c_str())));
+    return CString(name.c_str());
+}
+
+} // namespace
+
 void AcDbDictionary::enter(const ACHAR* name, AcDbObjectId id) {
     const auto [it, isNew] = byName_.try_emplace(host_db::nameKey(name), entries_.size());
     if (isNew) {
         entries_.push_back({name, id});
-    } else {
-        entries_[it->second] = {name, id};
+        return;
+    }
+    const AcDbObjectId former = std::exchange(entries_[it->second], {name, id}).id;
+    if (former != id && former.isErased()) {
+        // It may be brought back, and would have no name then.
+        enter(freeName(byName_), former);
     }
 }
 

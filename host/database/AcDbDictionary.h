@@ -33,10 +33,10 @@ public:
     /// The name of an entry; eKeyNotFound.
     Acad::ErrorStatus nameAt(AcDbObjectId id, CString& name) const;
     Adesk::UInt32 numEntries() const;
-    /// Enters an object under a name. One that is in no database yet is taken by the dictionary's
-    /// and stays open for write for the caller to close; one that is stays where it is. An entry of
-    /// that name before is erased. Needs the dictionary open for write and in a database; on
-    /// failure the object stays the caller's.
+    /// Enters an object under a name; one in no database is taken and stays open for write for the
+    /// caller to close. A former entry of the name is erased and, brought back, is named "*A1" or
+    /// so. Needs the dictionary open for write in a database, eNotApplicable where its version
+    /// (R12) holds none; the object stays the caller's on failure.
     Acad::ErrorStatus setAt(const ACHAR* name, AcDbObject* object, AcDbObjectId& id);
     /// Takes the entry out; the object stays in the database. eKeyNotFound.
     Acad::ErrorStatus remove(const ACHAR* name);

@@ -1,12 +1,14 @@
 #include "database/AcDbObject.h"
 
 #include "database/AcDbDatabase.h"
+#include "database/DictionaryHolder.h"
 #include "database/OpenObjects.h"
 #include "database/UndoJournal.h"
 #include "platform/HostEvents.h"
 #include "platform/WideCharacters.h"
 
 #include <algorithm>
+#include <string_view>
 
 ACRX_DEFINE_MEMBERS(AcDbObject, AcRxObject, nullptr)
 
@@ -33,12 +35,23 @@ ItemIterator sectionEnd(ItemIterator section, ItemIterator end) {
     return std::find_if(section + 1, end, isSection);
 }
 
+bool isBrace(const host_db::ResultItem& item) {
+    return item.type == AcDb::kDxfXDControlString;
+}
+
+/// What texts take: names of applications and layers and handles stand as references of eight
+/// bytes, braces as one byte, others as their length in two bytes and two for each character.
+std::size_t storedTextSize(const host_db::ResultItem& item, const CString& text) {
+    if (isSection(item) || item.type == AcDb::kDxfXDLayer || item.type == AcDb::kDxfXDHandle) {
+        return 8;
+    }
+    return isBrace(item) ? 1 : 2 + 2 * static_cast<std::size_t>(text.GetLength());
+}
+
 std::size_t storedSize(const host_db::ResultItem& item) {
     constexpr std::size_t kCodeBytes = 1;
     if (const auto* text = std::get_if<CString>(&item.value)) {
-        // A section's name is stored as a reference of eight bytes.
-        return isSection(item) ? kCodeBytes + 8
-                               : kCodeBytes + 2 + 2 * static_cast<std::size_t>(text->GetLength());
+        return kCodeBytes + storedTextSize(item, *text);
     }
     if (const auto* bytes = std::get_if<std::string>(&item.value)) {
         return kCodeBytes + 1 + bytes->size();
@@ -52,8 +65,27 @@ std::size_t storedSize(const host_db::ResultItem& item) {
     return kCodeBytes + (item.type == AcDb::kDxfXDInteger32 ? 4 : 2);
 }
 
+/// Whether each opening brace is closed again within its application.
+bool hasBracesInPairs(const host_db::ResultItems& items) {
+    std::size_t depth = 0;
+    for (const host_db::ResultItem& item : items) {
+        if (isSection(item) && depth > 0) {
+            return false;
+        }
+        if (!isBrace(item)) {
+            continue;
+        }
+        const std::wstring_view text = std::get<CString>(item.value).GetString();
+        if (text != L"{" && (text != L"}" || depth == 0)) {
+            return false;
+        }
+        depth = text == L"{" ? depth + 1 : depth - 1;
+    }
+    return depth == 0;
+}
+
 bool isXdata(const host_db::ResultItems& items) {
-    return !items.empty() && isSection(items.front()) &&
+    return !items.empty() && isSection(items.front()) && hasBracesInPairs(items) &&
            std::all_of(items.begin(), items.end(), [](const host_db::ResultItem& item) {
                return item.type >= AcDb::kDxfXDAsciiString && item.type <= AcDb::kDxfXDInteger32 &&
                       host_db::valueKind(item.type) != host_db::ValueKind::Unknown;
@@ -207,6 +239,9 @@ AcDbObjectId AcDbObject::extensionDictionary() const {
 Acad::ErrorStatus AcDbObject::createExtensionDictionary() {
     if (id_.isNull()) {
         return Acad::eNotInDatabase;
+    }
+    if (!host_db::holdsDictionaries(*database())) {
+        return Acad::eNotApplicable;
     }
     if (!extensionDictionary().isNull()) {
         return Acad::eAlreadyInDb;

@@ -70,7 +70,7 @@ public:
 
     /// The dictionary attached to the object; null when there is none.
     AcDbObjectId extensionDictionary() const;
-    /// Attaches an empty dictionary. eAlreadyInDb when there is one.
+    /// Attaches an empty dictionary. eAlreadyInDb when there is one, eNotApplicable in R12.
     Acad::ErrorStatus createExtensionDictionary();
 
     /// The extended data: a 1001 item with the application's name, then its items; of all
@@ -79,11 +79,11 @@ public:
     /// there is none. Cost: decodes the object's extended data from the file's bytes each time.
     resbuf* xData(const ACHAR* application = nullptr) const;
 
-    /// Replaces the extended data of each application that the chain names, and leaves those of
-    /// others. A name without items behind it removes that application's data. The chain is copied.
-    /// eInvalidResBuf when it does not start with 1001 or holds a code outside 1000 to 1071,
-    /// eRegappIdNotFound for an application that is not registered in the object's database,
-    /// eXdataSizeExceeded above 16383 bytes, eNotOpenForWrite; nothing changes then.
+    /// Replaces the data of each application that the chain (copied) names; a name alone removes
+    /// them. Texts may be longer than 255 characters. Nothing changes on eInvalidResBuf (no 1001 in
+    /// front, a code outside 1000 to 1071, braces of 1002 not in pairs within one application),
+    /// eRegappIdNotFound (not registered in the object's database), eXdataSizeExceeded (the
+    /// object's data above 16383 bytes) and eNotOpenForWrite.
     virtual Acad::ErrorStatus setXData(const resbuf* chain);
 
     /// The type name in drawing files, for instance L"LINE"; L"" for what no file holds.

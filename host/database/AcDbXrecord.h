@@ -10,8 +10,8 @@ public:
     AcDbXrecord() = default;
     AcRxObject* clone() const override;
 
-    /// Replaces the items by a copy of the chain. Codes must be group codes with a value, else
-    /// eInvalidResBuf and nothing changes.
+    /// Replaces the items by a copy of the chain. eInvalidResBuf, with nothing changed, for codes
+    /// 0, 5, 100, 101, 105 or above 998 or of no value, and for brackets (102) not in pairs.
     virtual Acad::ErrorStatus setFromRbChain(const resbuf& chain, AcDbDatabase* database = nullptr);
     /// A new chain of the items, owned by the caller (acutRelRb); nullptr when there are none.
     virtual Acad::ErrorStatus rbChain(resbuf** chain, AcDbDatabase* database = nullptr) const;

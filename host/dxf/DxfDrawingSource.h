@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/DictionaryHolder.h"
 #include "database/DrawingSource.h"
 #include "dxf/DxfSource.h"
 #include "dxf/FileOutline.h"
@@ -18,7 +19,7 @@ class TagCursor;
 
 /// The drawing file behind a database: its bytes, its encoding and its layout, for reading texts
 /// when they are asked for and for saving what did not change byte by byte.
-class DxfDrawingSource final : public host_db::DrawingSource {
+class DxfDrawingSource final : public host_db::DrawingSource, public host_db::DictionaryHolder {
 public:
     DxfDrawingSource(std::shared_ptr<const DxfSource> file,
                      std::shared_ptr<const TextDecoder> decoder);
@@ -26,6 +27,7 @@ public:
     resbuf* readXdata(const SourceRange& range) const override;
     bool firstXdataString(const SourceRange& range, const wchar_t* application,
                           CString& text) const override;
+    bool holdsDictionaries() const override { return outline_.hasMarkers(); }
 
     const DxfSource& file() const { return *file_; }
     const TextDecoder& decoder() const { return *decoder_; }

@@ -43,6 +43,10 @@ struct FileOutline {
     /// Number of the database's objects when the file was read. Of those, the ones without bytes
     /// stand for what the file leaves unsaid; later ones were made by the user.
     std::size_t objectCount = 0;
+
+    /// From R13 on: subclass markers, dictionaries and other objects. Versions compare as text; a
+    /// file without one is as old as those that could leave it out.
+    bool hasMarkers() const { return version >= "AC1012"; }
 };
 
 } // namespace host_dxf

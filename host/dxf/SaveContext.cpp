@@ -9,8 +9,6 @@ namespace host_dxf {
 
 namespace {
 
-// Versions compare as text; a file without one is as old as those that could leave it out.
-constexpr std::string_view firstMarkedVersion = "AC1012";
 constexpr std::string_view firstLightPolylineVersion = "AC1014";
 constexpr std::string_view firstOwnedVersion = "AC1015";
 constexpr std::string_view firstNumberedVersion = "AC1024";
@@ -49,7 +47,7 @@ OriginalObjects& SaveContext::originals() {
 }
 
 bool SaveContext::hasMarkers() const {
-    return outline().version >= firstMarkedVersion;
+    return outline().hasMarkers();
 }
 
 bool SaveContext::hasOwners() const {

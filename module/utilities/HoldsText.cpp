@@ -10,8 +10,9 @@ bool HoldsText(const resbuf* item) {
         short first;
         short last;
     };
-    constexpr Range kTextCodes[] = {{0, 9},     {100, 102}, {300, 309},  {410, 419},
-                                    {430, 439}, {470, 479}, {1000, 1003}};
+    // The values of handles (320 to 329, 390 to 399, 480, 481, 1005) are texts too.
+    constexpr Range kTextCodes[] = {{0, 9},     {100, 109}, {300, 309}, {320, 329},  {390, 399},
+                                    {410, 419}, {430, 439}, {470, 481}, {999, 1003}, {1005, 1009}};
     return item != nullptr && item->resval.rstring != nullptr &&
            std::any_of(std::begin(kTextCodes), std::end(kTextCodes), [item](const Range& range) {
                return item->restype >= range.first && item->restype <= range.last;

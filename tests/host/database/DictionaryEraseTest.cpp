@@ -104,6 +104,44 @@ TEST_F(DictionaryEraseTest, AnEntryThatTakesItsPlaceErasesIt) {
     EXPECT_EQ(found, next);
 }
 
+TEST_F(DictionaryEraseTest, WhatComesBackToATakenNameGetsAnother) {
+    EXPECT_EQ(erase(set_), Acad::eOk);
+    const AcDbObjectId next = enter(root(), L"SET", new AcDbXrecord);
+    EXPECT_EQ(erase(next), Acad::eOk);
+    const AcDbObjectId third = enter(root(), L"SET", new AcDbXrecord);
+    EXPECT_EQ(erase(set_, false), Acad::eOk);
+    EXPECT_EQ(erase(next, false), Acad::eOk);
+    const auto* dictionary = host_db::peek<AcDbDictionary>(root());
+    AcDbObjectId found;
+    EXPECT_EQ(dictionary->getAt(L"SET", found), Acad::eOk);
+    EXPECT_EQ(found, third);
+    CString first;
+    CString second;
+    ASSERT_EQ(dictionary->nameAt(set_, first), Acad::eOk);
+    ASSERT_EQ(dictionary->nameAt(next, second), Acad::eOk);
+    EXPECT_NE(first, second);
+    EXPECT_EQ(dictionary->getAt(first, found), Acad::eOk);
+    EXPECT_EQ(found, set_);
+    EXPECT_FALSE(record_.isErased());
+}
+
+TEST_F(DictionaryEraseTest, NameThatNobodyGaveIsOneThatNobodyHas) {
+    // Two entries besides SET in a root of its own: the third name in line is *A3.
+    const AcDbObjectId own = enter(root(), L"OWN", new AcDbDictionary);
+    const AcDbObjectId kept = enter(own, L"*a3", new AcDbXrecord);
+    enter(own, L"SECOND", new AcDbXrecord);
+    const AcDbObjectId old = enter(own, L"R", new AcDbXrecord);
+    EXPECT_EQ(erase(old), Acad::eOk);
+    enter(own, L"R", new AcDbXrecord);
+    EXPECT_EQ(erase(old, false), Acad::eOk);
+    const auto* dictionary = host_db::peek<AcDbDictionary>(own);
+    EXPECT_EQ(dictionary->numEntries(), 4U);
+    AcDbObjectId found;
+    EXPECT_EQ(dictionary->getAt(L"*A3", found), Acad::eOk);
+    EXPECT_EQ(found, kept);
+    EXPECT_TRUE(dictionary->has(old));
+}
+
 TEST_F(DictionaryEraseTest, UndoBringsEverythingBack) {
     host_db::UndoJournal& journal = database().undoJournal();
     EXPECT_EQ(erase(set_), Acad::eOk);
@@ -125,6 +163,44 @@ TEST_F(DictionaryEraseTest, AnyDepthIsErased) {
     EXPECT_TRUE(deepest.isErased());
     EXPECT_EQ(erase(set_, false), Acad::eOk);
     EXPECT_FALSE(deepest.isErased());
+}
+
+/// What a record that is in no drawing says to a chain, which is released.
+Acad::ErrorStatus stored(resbuf* chain) {
+    AcDbXrecord record;
+    const Acad::ErrorStatus status = record.setFromRbChain(*chain);
+    EXPECT_EQ(record.items().empty(), status != Acad::eOk);
+    acutRelRb(chain);
+    return status;
+}
+
+TEST(XrecordItemsTest, WhatAFilesReaderTakesForItselfIsRefused) {
+    EXPECT_EQ(stored(acutBuildList(RTDXF0, L"EOF", 0)), Acad::eInvalidResBuf);
+    for (const int code : {5, 100, 101, 105, 999, 1000, 1001, 1005}) {
+        EXPECT_EQ(stored(acutBuildList(8, L"a", code, L"1F", 0)), Acad::eInvalidResBuf) << code;
+    }
+    EXPECT_EQ(stored(acutBuildList(1070, 1, 0)), Acad::eInvalidResBuf);
+    EXPECT_EQ(stored(acutBuildList(1071, 1, 0)), Acad::eInvalidResBuf);
+    EXPECT_EQ(stored(acutBuildList(1040, 0.5, 0)), Acad::eInvalidResBuf);
+    EXPECT_EQ(stored(acutBuildList(RTSTR, L"a", 0)), Acad::eInvalidResBuf);
+}
+
+TEST(XrecordItemsTest, OtherGroupsAreTaken) {
+    for (const int code : {1, 4, 6, 9, 103, 104, 106, 300, 320, 390, 480}) {
+        EXPECT_EQ(stored(acutBuildList(code, L"1F", 0)), Acad::eOk) << code;
+    }
+    EXPECT_EQ(stored(acutBuildList(40, 0.5, 70, 1, 90, 2, 280, 1, 0)), Acad::eOk);
+}
+
+TEST(XrecordItemsTest, BracketsMustStandInPairs) {
+    EXPECT_EQ(stored(acutBuildList(102, L"{A", 8, L"x", 102, L"}", 102, L"{B", 102, L"}", 0)),
+              Acad::eOk);
+    EXPECT_EQ(stored(acutBuildList(102, L"{A", 8, L"x", 0)), Acad::eInvalidResBuf);
+    EXPECT_EQ(stored(acutBuildList(102, L"}", 0)), Acad::eInvalidResBuf);
+    EXPECT_EQ(stored(acutBuildList(102, L"A", 0)), Acad::eInvalidResBuf);
+    EXPECT_EQ(stored(acutBuildList(102, L"{", 102, L"}", 0)), Acad::eInvalidResBuf);
+    EXPECT_EQ(stored(acutBuildList(102, L"{A", 102, L"{B", 102, L"}", 102, L"}", 0)),
+              Acad::eInvalidResBuf);
 }
 
 } // namespace

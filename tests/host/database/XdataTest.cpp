@@ -4,6 +4,7 @@
 #include "database/SymbolTableSearch.h"
 #include "database/XdataText.h"
 
+#include <functional>
 #include <map>
 #include <string>
 
@@ -104,6 +105,85 @@ TEST_F(XdataTest, BadChainsChangeNothing) {
     line->close();
     EXPECT_EQ(all(), L"{A}1;");
 }
+
+TEST_F(XdataTest, BracesStandInPairsWithinAnApplication) {
+    acdbRegApp(L"A");
+    acdbRegApp(L"B");
+    ASSERT_EQ(set(acutBuildList(1001, L"A", 1000, L"1", 0)), Acad::eOk);
+    EXPECT_EQ(set(acutBuildList(1001, L"A", 1002, L"{", 0)), Acad::eInvalidResBuf);
+    EXPECT_EQ(set(acutBuildList(1001, L"A", 1002, L"}", 0)), Acad::eInvalidResBuf);
+    EXPECT_EQ(set(acutBuildList(1001, L"A", 1002, L"}", 1002, L"{", 0)), Acad::eInvalidResBuf);
+    EXPECT_EQ(set(acutBuildList(1001, L"A", 1002, L"x", 0)), Acad::eInvalidResBuf);
+    EXPECT_EQ(set(acutBuildList(1001, L"A", 1002, L"{", 1001, L"B", 1002, L"}", 0)),
+              Acad::eInvalidResBuf);
+    EXPECT_EQ(all(), L"{A}1;");
+    EXPECT_EQ(set(acutBuildList(1001, L"A", 1002, L"{", 1002, L"{", 1000, L"2", 1002, L"}", 1002,
+                                L"}", 1001, L"B", 1002, L"{", 1002, L"}", 0)),
+              Acad::eOk);
+    EXPECT_EQ(all(), L"{A}-;-;2;-;-;{B}-;-;");
+}
+
+/// One item of a kind and what it takes: a byte for the code, then the value as the format stores
+/// it.
+struct CountedItem {
+    const char* name;
+    int bytes;
+    std::function<resbuf*()> make;
+};
+
+class XdataSizeTest : public XdataTest, public ::testing::WithParamInterface<CountedItem> {
+protected:
+    /// A chain of the application A, `count` of the items and a text of `letters`.
+    static resbuf* chainOf(int count, int letters) {
+        resbuf* chain = acutBuildList(1001, L"A", 0);
+        resbuf* last = chain;
+        for (int i = 0; i < count; ++i) {
+            last->rbnext = GetParam().make();
+            while (last->rbnext != nullptr) {
+                last = last->rbnext;
+            }
+        }
+        const std::wstring text(static_cast<std::size_t>(letters), L'x');
+        last->rbnext = acutBuildList(1000, text.c_str(), 0);
+        return chain;
+    }
+};
+
+// The application takes 9 bytes (code and reference), a text of n letters 3 + 2n (code, length in
+// two bytes, letters of two). So 100 items of b bytes leave 16383 - 9 - 100b - 3 bytes for letters,
+// an odd number for an even 100b: half of it rounded down is the last that fits.
+TEST_P(XdataSizeTest, ItemsCountAsTheFormatStoresThem) {
+    acdbRegApp(L"A");
+    const int letters = (16383 - 9 - 100 * GetParam().bytes - 3) / 2;
+    EXPECT_EQ(set(chainOf(100, letters + 1)), Acad::eXdataSizeExceeded);
+    EXPECT_EQ(all(), L"");
+    EXPECT_EQ(set(chainOf(100, letters)), Acad::eOk);
+}
+
+resbuf* pointItem() {
+    ads_point point = {1.0, 2.0, 3.0};
+    return acutBuildList(1010, point, 0);
+}
+
+resbuf* chunkItem() {
+    char bytes[] = "twelve bytes";
+    const ads_binary chunk = {12, bytes};
+    return acutBuildList(1004, &chunk, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    EveryKind, XdataSizeTest,
+    ::testing::Values(
+        CountedItem{"Real", 1 + 8, [] { return acutBuildList(1040, 0.5, 0); }},
+        CountedItem{"Point", 1 + 3 * 8, pointItem},
+        CountedItem{"Short", 1 + 2, [] { return acutBuildList(1070, 7, 0); }},
+        CountedItem{"Long", 1 + 4, [] { return acutBuildList(1071, 7, 0); }},
+        CountedItem{"Chunk", 1 + 1 + 12, chunkItem}, // its length in one byte
+        CountedItem{"Handle", 1 + 8, [] { return acutBuildList(1005, L"1F", 0); }},
+        CountedItem{"Layer", 1 + 8, [] { return acutBuildList(1003, L"a long name", 0); }},
+        CountedItem{"Braces", 2 * (1 + 1), [] { return acutBuildList(1002, L"{", 1002, L"}", 0); }},
+        CountedItem{"Text", 1 + 2 + 2 * 4, [] { return acutBuildList(1000, L"管道系统", 0); }}),
+    [](const auto& instance) { return instance.param.name; });
 
 TEST_F(XdataTest, ACloneCarriesItIntoAnotherDrawing) {
     acdbRegApp(L"A");
@@ -222,6 +302,22 @@ TEST_F(XdataFromFileTest, SettingKeepsOtherApplicationsAndMarksTheObject) {
     EXPECT_EQ(text, L"new");
     EXPECT_TRUE(host_db::firstXdataString(line(), L"A", text, hasApp));
     EXPECT_EQ(reads_, before);
+}
+
+// In the file A takes 9 bytes for its name and 3 for a 1070; both sections of B are replaced.
+TEST_F(XdataFromFileTest, WhatStandsInTheFileCountsForTheLimit) {
+    const auto set = [this](std::size_t letters) {
+        AcDbLine* opened = nullptr;
+        EXPECT_EQ(acdbOpenObject(opened, id_, AcDb::kForWrite), Acad::eOk);
+        resbuf* chain = acutBuildList(1001, L"B", 1000, std::wstring(letters, L'x').c_str(), 0);
+        const Acad::ErrorStatus status = opened->setXData(chain);
+        acutRelRb(chain);
+        opened->close();
+        return status;
+    };
+    // 16383 - 12 - 9 - 3 leaves 16359: 8179 letters of two bytes.
+    EXPECT_EQ(set(8180), Acad::eXdataSizeExceeded);
+    EXPECT_EQ(set(8179), Acad::eOk);
 }
 
 TEST(XdataApplicationsTest, EqualSetsAreOne) {

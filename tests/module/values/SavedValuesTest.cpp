@@ -71,6 +71,30 @@ TEST_F(NewDrawingValues, ExtendedDataAreReadByAnotherLibrary) {
          "tuple(space[0].get_xdata(\"管道系统\")[4].value) == (1.5, 2.5, 3.5)"});
 }
 
+TEST_F(NewDrawingValues, LongTextsAreReadByAnotherLibrary) {
+    const AcDbObjectId line = addLine({0, 0, 0}, {1, 0, 0});
+    const std::wstring text(4000, L'管');
+    resbuf* chain = acutBuildList(1001, L"A", 1000, text.c_str(), 1000, L"next", 0);
+    ASSERT_EQ(PelSetXdata(line, chain), 1);
+    acutRelRb(chain);
+    dxf_test::askAnother(drawing.database(), "long",
+                         {"[t.value for t in space[0].get_xdata(\"A\")] == [\"管\" * 4000, "
+                          "\"next\"]"});
+}
+
+TEST_F(NewDrawingValues, BracketsInRecordsAreReadByAnotherLibrary) {
+    ASSERT_EQ(PelSetXRecord(L"SET", L"R", L"x"), 1);
+    AcDbObjectId id;
+    host_db::peek<AcDbDictionary>(dictionaryNamed(drawing.database(), L"SET"))->getAt(L"R", id);
+    resbuf* chain = acutBuildList(8, L"a", 102, L"{B", 8, L"b", 102, L"}", 8, L"c", 0);
+    dxf_test::changeObject<AcDbXrecord>(
+        id, [chain](AcDbXrecord& record) { EXPECT_EQ(record.setFromRbChain(*chain), Acad::eOk); });
+    acutRelRb(chain);
+    dxf_test::askAnother(drawing.database(), "brackets",
+                         {"[tuple(t) for t in doc.rootdict[\"SET\"][\"R\"].tags] == [(8, \"a\"), "
+                          "(102, \"{B\"), (8, \"b\"), (102, \"}\"), (8, \"c\")]"});
+}
+
 /// A drawing that the other library wrote, version and form given.
 class ForeignValues : public UtilitiesTest,
                       public ::testing::WithParamInterface<std::tuple<const char*, const char*>> {
@@ -92,6 +116,26 @@ protected:
     AcDbObjectId firstEntity() const { return entities().front(); }
     void ask(const std::vector<std::string>& questions) const {
         dxf_test::askAnother(drawing.database(), "foreign", questions);
+    }
+
+    /// Replaces and adds extended data, which the other library then finds, and so does the host.
+    void exchangeExtendedData() {
+        const AcDbObjectId line = firstEntity();
+        EXPECT_EQ(
+            xdataOf(line, L"管道系统"),
+            (std::vector<std::wstring>{L"1001=管道系统", L"1000=污水", L"1070=7", L"1040=0.25"}));
+        resbuf* chain = acutBuildList(1001, L"管道系统", 1000, L"雨水", 1001, L"PLAIN", 0);
+        EXPECT_EQ(PelSetXdata(line, chain), 1);
+        acutRelRb(chain);
+        chain = acutBuildList(1001, L"新应用", 1000, L"x", 1070, 3, 0);
+        EXPECT_EQ(PelSetXdata(line, chain), 1);
+        acutRelRb(chain);
+        ask({"[tuple(t) for t in space[0].get_xdata(\"管道系统\")] == [(1000, \"雨水\")]",
+             "[tuple(t) for t in space[0].get_xdata(\"新应用\")] == [(1000, \"x\"), (1070, 3)]",
+             "space[0].has_xdata(\"PLAIN\") == False", "(\"新应用\" in doc.appids) == True"});
+        reopen();
+        EXPECT_EQ(xdataOf(firstEntity(), L"新应用"),
+                  (std::vector<std::wstring>{L"1001=新应用", L"1000=x", L"1070=3"}));
     }
 
     const std::filesystem::path path = drawing.folder().path() / "foreign.dxf";
@@ -153,21 +197,23 @@ TEST_P(ForeignValues, ErasedDictionaryTakesItsRecordsOutOfTheFile) {
 }
 
 TEST_P(ForeignValues, ExtendedDataAreReadReplacedAndReadBack) {
-    const AcDbObjectId line = firstEntity();
-    EXPECT_EQ(xdataOf(line, L"管道系统"),
-              (std::vector<std::wstring>{L"1001=管道系统", L"1000=污水", L"1070=7", L"1040=0.25"}));
-    resbuf* chain = acutBuildList(1001, L"管道系统", 1000, L"雨水", 1001, L"PLAIN", 0);
-    EXPECT_EQ(PelSetXdata(line, chain), 1);
-    acutRelRb(chain);
-    chain = acutBuildList(1001, L"新应用", 1000, L"x", 1070, 3, 0);
-    EXPECT_EQ(PelSetXdata(line, chain), 1);
-    acutRelRb(chain);
-    ask({"[tuple(t) for t in space[0].get_xdata(\"管道系统\")] == [(1000, \"雨水\")]",
-         "[tuple(t) for t in space[0].get_xdata(\"新应用\")] == [(1000, \"x\"), (1070, 3)]",
-         "space[0].has_xdata(\"PLAIN\") == False", "(\"新应用\" in doc.appids) == True"});
-    reopen();
-    EXPECT_EQ(xdataOf(firstEntity(), L"新应用"),
-              (std::vector<std::wstring>{L"1001=新应用", L"1000=x", L"1070=3"}));
+    exchangeExtendedData();
+}
+
+/// A drawing of the version that has extended data and no dictionaries.
+class OldForeignValues : public ForeignValues {};
+
+TEST_P(OldForeignValues, ExtendedDataAreReadReplacedAndReadBack) {
+    exchangeExtendedData();
+}
+
+TEST_P(OldForeignValues, ExtensionDictionaryIsRefusedAndTheFileStays) {
+    const std::string before = saved();
+    AcDbObject* line = nullptr;
+    ASSERT_EQ(acdbOpenAcDbObject(line, firstEntity(), AcDb::kForWrite), Acad::eOk);
+    EXPECT_EQ(line->createExtensionDictionary(), Acad::eNotApplicable);
+    line->close();
+    EXPECT_EQ(saved(), before);
 }
 
 INSTANTIATE_TEST_SUITE_P(AllVersions, ForeignValues,
@@ -177,6 +223,13 @@ INSTANTIATE_TEST_SUITE_P(AllVersions, ForeignValues,
                          [](const auto& instance) {
                              return std::string(std::get<0>(instance.param)) + "_" +
                                     std::get<1>(instance.param);
+                         });
+
+INSTANTIATE_TEST_SUITE_P(R12, OldForeignValues,
+                         testing::Combine(testing::Values("R12"),
+                                          testing::Values("text", "binary")),
+                         [](const auto& instance) {
+                             return std::string(std::get<1>(instance.param));
                          });
 
 } // namespace

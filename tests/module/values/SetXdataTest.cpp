@@ -120,7 +120,10 @@ TEST_F(SetXdataTest, SecondApplicationOfTheChainMustBeRegistered) {
     EXPECT_EQ(text(L"B"), "2");
 }
 
-// An application takes 9 bytes and a text 3 and two for each character, of 16383 in all.
+// The format stores extended data as a byte for the code and the value: of an application a
+// reference of 8 bytes, of a text its length in 2 bytes and 2 bytes for each UTF-16 unit. An entity
+// has room for 16 KB less one, 16383 bytes. The name A and a text of n letters take
+// (1 + 8) + (1 + 2 + 2n) = 12 + 2n bytes, so n is at most (16383 - 12) / 2 = 8185.5.
 TEST_F(SetXdataTest, EntityCarriesSixteenKilobytesAtMost) {
     EXPECT_EQ(set(L"A", std::wstring(8186, L'x')), 0) << "9 + 3 + 16372 is one too many";
     EXPECT_EQ(events("close"), Lines{closed()});
@@ -129,6 +132,8 @@ TEST_F(SetXdataTest, EntityCarriesSixteenKilobytesAtMost) {
     EXPECT_TRUE(text(L"A") == std::string(8185, 'x'));
 }
 
+// 8000 letters of A take 12 + 16000 = 16012 bytes and leave 371 to B, whose letters have
+// (371 - 12) / 2 = 179.5 places.
 TEST_F(SetXdataTest, ApplicationsOfOneEntityShareTheLimit) {
     ASSERT_EQ(set(L"A", std::wstring(8000, L'x')), 1);
     EXPECT_EQ(set(L"B", std::wstring(180, L'y')), 0) << "16012 + 372 are one too many";

@@ -323,6 +323,13 @@ TEST_F(XRecordsTest, FirstItemOfTheChainIsRead) {
     EXPECT_EQ(kept(), "arbitrary text");
 }
 
+TEST_F(XRecordsTest, HandlesAreTextsToo) {
+    for (const int code : {103, 109, 320, 329, 390, 399, 480, 481}) {
+        fill(acutBuildList(code, L"1F", 0));
+        EXPECT_EQ(kept(), "1F") << code;
+    }
+}
+
 TEST_F(XRecordsTest, RecordWithoutATextInFrontGivesZero) {
     fill(acutBuildList(40, 2.5, 8, L"second", 0));
     EXPECT_EQ(kept(), "as it was");
@@ -386,6 +393,22 @@ TEST_F(XRecordsTest, UndoTakesTheNewDictionaryAway) {
     ASSERT_EQ(acedCommand(RTSTR, L"Undo", RTSTR, L"1", 0), RTNORM);
     EXPECT_EQ(entries(root()), before);
     EXPECT_EQ(kept(), "as it was");
+}
+
+TEST_F(XRecordsTest, DrawingOfR12TakesNoTextAndCanBeSaved) {
+    drawing.openDxf("0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1009\n0\nENDSEC\n"
+                    "0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n");
+    forget();
+    {
+        const LostObjects lost;
+        EXPECT_EQ(PelSetXRecord(L"SET", L"Scale", L"500"), 0);
+    }
+    EXPECT_EQ(events(), (Lines{"lock kWrite", opens("write", root()), closes(root()), "unlock"}));
+    EXPECT_EQ(kept(), "as it was");
+    EXPECT_EQ(entries(root()), 0U);
+    std::string error;
+    const std::string path = drawing.folder().text() + "/saved.dxf";
+    EXPECT_TRUE(host::saveDocument(acDocManager()->curDocument(), path, error)) << error;
 }
 
 TEST_F(XRecordsTest, DrawingSettingsSeeWhatIsSet) {
