@@ -8,7 +8,7 @@ root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 # What a build and the tests need, and what lint needs beside it, by the names of the Debian packages.
 # shellcheck disable=SC2034 # read by the scripts that source this file
 build_packages=(g++ cmake ninja-build python3 libgtest-dev libcli11-dev nlohmann-json3-dev libfmt-dev
-    python3-ezdxf)
+    python3-ezdxf libbenchmark-dev libgeos++-dev)
 # shellcheck disable=SC2034 # read by the scripts that source this file
 lint_packages=(clang-format clang-tidy shellcheck)
 
@@ -42,6 +42,8 @@ package_present() {
     nlohmann-json3-dev) has_header nlohmann/json.hpp ;;
     libfmt-dev) has_header fmt/format.h ;;
     python3-ezdxf) has_python_module ezdxf ;;
+    libbenchmark-dev) has_header benchmark/benchmark.h ;;
+    libgeos++-dev) has_header geos/index/strtree/TemplateSTRtree.h ;;
     *) command -v "$1" >/dev/null ;;
     esac
 }
