@@ -45,7 +45,7 @@ void measure(benchmark::State& state, const OperationKind& kind, Bench& bench,
         const std::unique_ptr<Operation> operation = kind.make(bench, specimen);
         double user = 0.0;
         bool first = true;
-        for (auto _ : state) {
+        while (state.KeepRunning()) {
             operation->prepare();
             const double userBegin = userSeconds();
             const auto begin = std::chrono::steady_clock::now();

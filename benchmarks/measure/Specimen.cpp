@@ -31,7 +31,7 @@ std::vector<Specimen> findSpecimens(const std::filesystem::path& towns,
                                     const std::filesystem::path& examples) {
     std::vector<Specimen> found;
     for (const auto& entry : std::filesystem::directory_iterator(towns)) {
-        std::filesystem::path path = entry.path();
+        const std::filesystem::path& path = entry.path();
         if (path.extension() == ".dxf") {
             Specimen specimen{path.stem().string(), path, path, {}};
             specimen.truth.replace_extension(".csv");

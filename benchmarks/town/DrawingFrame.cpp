@@ -84,7 +84,7 @@ void DrawingFrame::addTables(TagText& tags) {
 }
 
 std::string DrawingFrame::beginTable(TagText& tags, const char* kind, std::size_t count) {
-    const std::string handle = newHandle();
+    std::string handle = newHandle();
     tags.add(0, "TABLE");
     tags.add(2, kind);
     tags.add(5, handle);
@@ -96,7 +96,7 @@ std::string DrawingFrame::beginTable(TagText& tags, const char* kind, std::size_
 
 std::string DrawingFrame::beginRecord(TagText& tags, const char* kind, const std::string& table,
                                       const char* subclass, const std::string& name) {
-    const std::string handle = newHandle();
+    std::string handle = newHandle();
     tags.add(0, kind);
     tags.add(kind == std::string_view("DIMSTYLE") ? 105 : 5, handle);
     tags.add(330, table);

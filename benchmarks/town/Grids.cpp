@@ -79,8 +79,9 @@ Town layPipes(std::size_t count) {
     constexpr std::size_t columns = 1000;
     Town town;
     for (std::size_t i = 0; i < count; ++i) {
+        const std::size_t row = i / columns;
         const double x = 40.0 * static_cast<double>(i % columns);
-        const double y = 5.0 * static_cast<double>(i / columns);
+        const double y = 5.0 * static_cast<double>(row);
         addPipe(town, {x, y}, {x + 30.0, y + 1.0});
     }
     finish(town, {System::kFoul, true, 0, town.pipes.front().start, 0, 0, 0, 0, 0});

@@ -1,10 +1,21 @@
 #include "town/Runs.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numeric>
 #include <utility>
 
 namespace benchmark_town {
+
+namespace {
+
+std::uint64_t cellOf(const Place& place) {
+    const auto column = static_cast<std::uint32_t>(static_cast<std::int64_t>(std::floor(place.x)));
+    const auto row = static_cast<std::uint32_t>(static_cast<std::int64_t>(std::floor(place.y)));
+    return (static_cast<std::uint64_t>(column) << 32U) | row;
+}
+
+} // namespace
 
 double distance(const Place& a, const Place& b) {
     return std::hypot(b.x - a.x, b.y - a.y);
@@ -36,16 +47,46 @@ void addPiece(Town& town, const Run& run, double begin, double end, bool turned)
     town.pipes.push_back(pipe);
 }
 
-void addPieces(Town& town, const Run& run, std::size_t pieces, Chance& chance) {
+bool FreeEnds::hasRoomAt(const Place& place) const {
+    for (const double dx : {-1.0, 0.0, 1.0}) {
+        for (const double dy : {-1.0, 0.0, 1.0}) {
+            if (cells_.count(cellOf({place.x + dx, place.y + dy})) != 0) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+void FreeEnds::add(const Place& place) {
+    cells_.insert(cellOf(place));
+}
+
+std::size_t addPieces(Town& town, const Run& run, std::size_t pieces, FreeEnds& ends,
+                      Chance& chance) {
     const double length = distance(run.from, run.to);
-    double begin = 0.0;
+    std::vector<double> cuts; // where pieces end and begin by turns
     for (std::size_t piece = 1; piece < pieces; ++piece) {
         const double cut = length * (static_cast<double>(piece) + chance.between(-0.1, 0.1)) /
                            static_cast<double>(pieces);
-        addPiece(town, run, begin, cut, isTurned(chance));
-        begin = cut + chance.between(0.1, 0.3);
+        cuts.push_back(cut);
+        cuts.push_back(cut + chance.between(0.1, 0.3));
+    }
+    const bool hasRoom = std::all_of(cuts.begin(), cuts.end(), [&](double cut) {
+        return ends.hasRoomAt(towards(run.from, run.to, cut));
+    });
+    if (!hasRoom) {
+        cuts.clear();
+    }
+    double begin = 0.0;
+    for (std::size_t i = 0; i < cuts.size(); i += 2) {
+        addPiece(town, run, begin, cuts[i], isTurned(chance));
+        ends.add(towards(run.from, run.to, cuts[i]));
+        ends.add(towards(run.from, run.to, cuts[i + 1]));
+        begin = cuts[i + 1];
     }
     addPiece(town, run, begin, length, isTurned(chance));
+    return cuts.size() / 2 + 1;
 }
 
 void shuffleOrder(Town& town, Chance& chance) {

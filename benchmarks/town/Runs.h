@@ -4,6 +4,7 @@
 #include "town/Town.h"
 
 #include <cstddef>
+#include <unordered_set>
 
 namespace benchmark_town {
 
@@ -30,8 +31,24 @@ bool isTurned(Chance& chance);
 /// @param turned drawn against the water.
 void addPiece(Town& town, const Run& run, double begin, double end, bool turned);
 
-/// Adds the whole run in `pieces` pieces, with gaps of 0.1 to 0.3 metres between them.
-void addPieces(Town& town, const Run& run, std::size_t pieces, Chance& chance);
+/// Wells, and ends of pipes that lie in none. Such ends keep a metre from wells and from the ends
+/// of other runs, so that the truth of a town is the only way to join them, for those too who look
+/// at nothing but places.
+class FreeEnds {
+public:
+    /// Whether nothing lies within a metre.
+    bool hasRoomAt(const Place& place) const;
+    void add(const Place& place);
+
+private:
+    std::unordered_set<std::uint64_t> cells_; ///< squares of one metre that hold something
+};
+
+/// Adds the whole run in `pieces` pieces, with gaps of 0.1 to 0.3 metres between them; in one piece
+/// where a gap would come too near to the ends of others.
+/// @return the number of pieces.
+std::size_t addPieces(Town& town, const Run& run, std::size_t pieces, FreeEnds& ends,
+                      Chance& chance);
 
 /// Shuffles the drawing order of all that stands in the town.
 void shuffleOrder(Town& town, Chance& chance);

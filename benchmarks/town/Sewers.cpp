@@ -56,56 +56,72 @@ std::size_t piecesOf(Chance& chance) {
     return dice < 9 ? 2 : 3;
 }
 
-void addRun(Town& town, const Run& run, Chance& chance) {
-    const std::size_t pieces = piecesOf(chance);
-    addPieces(town, run, pieces, chance);
+void addRun(Town& town, const Run& run, FreeEnds& ends, Chance& chance) {
+    const std::size_t pieces = addPieces(town, run, piecesOf(chance), ends, chance);
     if (pieces == 1 && chance.percent(8)) {
         town.pipes.back().bulge = chance.percent(50) ? kArcBulge : -kArcBulge;
     }
 }
 
 /// A pipe that leaves a well half way between the directions of the grid and ends in the ground.
-void addDeadEnd(Town& town, const TownWell& well, double height, Chance& chance) {
+void addDeadEnd(Town& town, const TownWell& well, double height, FreeEnds& ends, Chance& chance) {
     const double turn = std::numbers::pi * (0.125 + 0.25 * static_cast<double>(chance.below(8)));
     const Place away{well.place.x + std::cos(turn), well.place.y + std::sin(turn)};
     const Run run{well.system, towards(well.place, away, kRim + kDeadEndLength),
                   towards(well.place, away, kRim), height + kSlope * kDeadEndLength, 300};
-    addPiece(town, run, 0.0, kDeadEndLength, isTurned(chance));
+    if (ends.hasRoomAt(run.from)) {
+        ends.add(run.from);
+        addPiece(town, run, 0.0, kDeadEndLength, isTurned(chance));
+    }
 }
 
-/// @param origin where the grid begins.
-void laySystem(Town& town, System system, std::size_t count, Place origin, Chance& chance) {
-    const SpanningTree tree = growTree(count, kPitch, kJitter, true, chance);
-    const std::vector<std::size_t> wellsThrough = drained(tree);
-    const std::vector<double> levels = heights(tree);
-    const std::size_t first = town.wells.size();
-    const auto shifted = [&](std::size_t place) {
-        return Place{tree.places[place].x + origin.x, tree.places[place].y + origin.y};
-    };
+/// A system whose wells stand and whose pipes are still to be laid.
+struct Ground {
+    System system;
+    SpanningTree tree;
+    std::size_t firstWell;
+};
+
+/// @param origin where the grid of the wells begins.
+Ground standWells(Town& town, System system, std::size_t count, Place origin, FreeEnds& ends,
+                  Chance& chance) {
+    Ground ground{system, growTree(count, kPitch, kJitter, true, chance), town.wells.size()};
     for (std::size_t i = 0; i < count; ++i) {
+        Place& place = ground.tree.places[i];
+        place = {place.x + origin.x, place.y + origin.y};
         TownWell well;
         well.system = system;
-        well.place = shifted(i);
+        well.place = place;
         well.radius = kRim;
         well.number = (system == System::kFoul ? "W" : "Y") + std::to_string(i + 1);
-        if (tree.parents[i] != SpanningTree::kNone) {
-            well.parent = static_cast<int>(first) + tree.parents[i];
+        if (ground.tree.parents[i] != SpanningTree::kNone) {
+            well.parent = static_cast<int>(ground.firstWell) + ground.tree.parents[i];
         }
         town.wells.push_back(well);
+        ends.add(place);
     }
-    TownSystem truth{system, false, first, shifted(0), 0, count, count - 1, 0, 0};
+    return ground;
+}
+
+void layPipes(Town& town, const Ground& ground, FreeEnds& ends, Chance& chance) {
+    const SpanningTree& tree = ground.tree;
+    const std::vector<std::size_t> wellsThrough = drained(tree);
+    const std::vector<double> levels = heights(tree);
+    const std::size_t count = tree.places.size();
+    TownSystem truth{
+        ground.system, false, ground.firstWell, tree.places[0], 0, count, count - 1, 0, 0};
     for (const std::size_t i : tree.order) {
         if (tree.parents[i] != SpanningTree::kNone) {
-            const Place from = shifted(i);
-            const Place to = shifted(static_cast<std::size_t>(tree.parents[i]));
+            const Place from = tree.places[i];
+            const Place to = tree.places[static_cast<std::size_t>(tree.parents[i])];
             truth.farPipe = town.pipes.size(); // the last place is one of the farthest
             addRun(town,
-                   {system, towards(from, to, kRim), towards(to, from, kRim), levels[i],
+                   {ground.system, towards(from, to, kRim), towards(to, from, kRim), levels[i],
                     diameterFor(wellsThrough[i])},
-                   chance);
+                   ends, chance);
         }
         if (chance.percent(3)) {
-            addDeadEnd(town, town.wells[first + i], levels[i], chance);
+            addDeadEnd(town, town.wells[ground.firstWell + i], levels[i], ends, chance);
         }
     }
     town.systems.push_back(truth);
@@ -115,12 +131,19 @@ void laySystem(Town& town, System system, std::size_t count, Place origin, Chanc
 
 Town laySewers(std::size_t wells, bool twin, std::uint64_t seed) {
     // The second grid lies off the first by so much that wells keep seven metres apart.
-    constexpr Place beside{15.0, 9.0};
+    constexpr Place first{1000.0, 1000.0};
+    constexpr Place second{1015.0, 1009.0};
+    const std::size_t ofSecond = twin ? wells / 2 : 0;
     Chance chance(seed);
     Town town;
-    laySystem(town, System::kFoul, twin ? wells - wells / 2 : wells, {1000.0, 1000.0}, chance);
+    FreeEnds ends;
+    std::vector<Ground> grounds;
+    grounds.push_back(standWells(town, System::kFoul, wells - ofSecond, first, ends, chance));
     if (twin) {
-        laySystem(town, System::kStorm, wells / 2, {1000.0 + beside.x, 1000.0 + beside.y}, chance);
+        grounds.push_back(standWells(town, System::kStorm, ofSecond, second, ends, chance));
+    }
+    for (const Ground& ground : grounds) {
+        layPipes(town, ground, ends, chance);
     }
     shuffleOrder(town, chance);
     return town;

@@ -81,8 +81,9 @@ SpanningTree growTree(std::size_t count, double pitch, double jitter, bool diago
     const auto columns = static_cast<std::size_t>(std::ceil(std::sqrt(static_cast<double>(count))));
     SpanningTree tree;
     for (std::size_t i = 0; i < count; ++i) {
+        const std::size_t row = i / columns;
         const double x = pitch * static_cast<double>(i % columns) + chance.between(-jitter, jitter);
-        const double y = pitch * static_cast<double>(i / columns) + chance.between(-jitter, jitter);
+        const double y = pitch * static_cast<double>(row) + chance.between(-jitter, jitter);
         tree.places.push_back({x, y});
     }
     std::vector<Edge> edges = neighbours(count, columns, diagonals);

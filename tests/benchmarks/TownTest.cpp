@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
 #include <set>
 
 namespace benchmark_town {
@@ -75,6 +74,37 @@ TEST(TownTest, WellsKeepTheirDistance) {
         for (std::size_t j = i + 1; j < town.wells.size(); ++j) {
             ASSERT_GT(distance(town.wells[i].place, town.wells[j].place), 5.0);
         }
+    }
+}
+
+/// Ends that lie in no well keep a metre from all wells; two of one gap are at most 0.3 metres
+/// apart, others more than a metre.
+TEST(TownTest, FreeEndsOfDifferentRunsKeepApart) {
+    const Town town = laySewers(600, true, 13);
+    std::vector<Place> free;
+    for (const TownPipe& pipe : town.pipes) {
+        for (const Place& end : {pipe.start, pipe.end}) {
+            const auto holds = [&](const TownWell& well) {
+                return distance(well.place, end) < 0.5 + 1e-9;
+            };
+            if (std::any_of(town.wells.begin(), town.wells.end(), holds)) {
+                continue;
+            }
+            free.push_back(end);
+            ASSERT_TRUE(std::none_of(town.wells.begin(), town.wells.end(), [&](const auto& well) {
+                return distance(well.place, end) < 1.0;
+            }));
+        }
+    }
+    ASSERT_GT(free.size(), 500U);
+    for (std::size_t i = 0; i < free.size(); ++i) {
+        long fellows = 0;
+        for (std::size_t j = 0; j < free.size(); ++j) {
+            const double apart = distance(free[i], free[j]);
+            fellows += i != j && apart < 0.3 + 1e-9 ? 1 : 0;
+            ASSERT_TRUE(i == j || apart < 0.3 + 1e-9 || apart > 1.0);
+        }
+        ASSERT_LE(fellows, 1);
     }
 }
 
