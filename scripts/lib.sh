@@ -8,7 +8,8 @@ root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 # What a build and the tests need, and what lint needs beside it, by the names of the Debian packages.
 # shellcheck disable=SC2034 # read by the scripts that source this file
 build_packages=(g++ cmake ninja-build python3 libgtest-dev libcli11-dev nlohmann-json3-dev libfmt-dev
-    python3-ezdxf libfreetype-dev fonts-dejavu-core fonts-droid-fallback python3-fonttools)
+    python3-ezdxf libfreetype-dev fonts-dejavu-core fonts-droid-fallback python3-fonttools
+    libbenchmark-dev libgeos++-dev)
 # shellcheck disable=SC2034 # read by the scripts that source this file
 lint_packages=(clang-format clang-tidy shellcheck doxygen)
 
@@ -50,6 +51,8 @@ package_present() {
     fonts-dejavu-core) has_font DejaVuSans.ttf ;;
     fonts-droid-fallback) has_font DroidSansFallbackFull.ttf ;;
     python3-fonttools) has_python_module fontTools ;;
+    libbenchmark-dev) has_header benchmark/benchmark.h ;;
+    libgeos++-dev) has_header geos/index/strtree/TemplateSTRtree.h ;;
     *) command -v "$1" >/dev/null ;;
     esac
 }
