@@ -41,5 +41,5 @@
 #include "utilities/Points.h"
 #include "utilities/SendAcadCommand.h"
 #include "utilities/SetXdata.h"
-#include "utilities/XRecords.h"
 #include "utilities/Styles.h"
+#include "utilities/XRecords.h"
