@@ -20,8 +20,4 @@ private:
     std::string installed_;
 };
 
-/// The settings folder that belongs to a program lying in `programFolder`: of
-/// `../share/tkvlt/settings` and `settings` the first that exists, else the former.
-std::string installedSettings(const std::string& programFolder);
-
 } // namespace siblings

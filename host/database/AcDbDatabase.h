@@ -88,11 +88,14 @@ public:
     /// Loads the linetype `name` (in any case) from a file of linetypes into the table, in the
     /// file's spelling. The table must not be open. A file named without a path is sought in the
     /// support folders, see host::findSupportFile; host_db::findLinetype says what a definition
-    /// looks like. A text in the pattern needs its text style in the drawing; shapes are not read.
+    /// looks like. A text in the pattern needs its text style in the drawing. The file of a shape
+    /// is sought like the other one, its ending .shx may be left out, and a nameless record of the
+    /// text style table stands for it, one for each file; that table must not be open then.
     /// eInvalidInput without a name or a file or for a malformed definition, eDuplicateKey when the
-    /// table has the name already, eFileNotFound, eFileAccessErr, eKeyNotFound when the file does
-    /// not define the name, eInvalidKey for a missing text style, or the status of opening the
-    /// table for write; the drawing is unchanged then. Cost: reads the file once.
+    /// table has the name already, eFileNotFound also for a shape that its file lacks,
+    /// eFileAccessErr, eKeyNotFound when the file does not define the name, eInvalidKey for a
+    /// missing text style, or the status of opening a table for write; the drawing is unchanged
+    /// then. Cost: reads each file once, a shape file once for each shape.
     Acad::ErrorStatus loadLineTypeFile(const ACHAR* name, const ACHAR* file);
 
     /// The journal by which changes are taken back, kept from the first call on.

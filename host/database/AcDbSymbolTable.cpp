@@ -67,8 +67,9 @@ AcDbObjectId AcDbSymbolTable::find(const ACHAR* name) const {
 
 Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbObjectId& id,
                                          bool getErased) const {
-    const auto named = byName_.find(host_db::nameKey(name));
-    if (named == byName_.end()) {
+    const std::wstring key = host_db::nameKey(name);
+    const auto named = byName_.find(key);
+    if (key.empty() || named == byName_.end()) {
         return Acad::eKeyNotFound;
     }
     const std::vector<AcDbObjectId>& ids = named->second;
@@ -96,7 +97,7 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
     if (record == nullptr || objectId().isNull()) {
         return record == nullptr ? Acad::eNullObjectPointer : Acad::eNotInDatabase;
     }
-    if (record->name().IsEmpty()) {
+    if (record->name().IsEmpty() && !record->mayBeNameless()) {
         return Acad::eInvalidInput;
     }
     if (has(record->name())) {

@@ -19,14 +19,14 @@ public:
 
     bool has(const ACHAR* name) const { return !find(name).isNull(); }
     bool has(AcDbObjectId id) const;
-    /// eKeyNotFound leaves `id` as it was.
+    /// eKeyNotFound leaves `id` as it was. Records without a name are never found by it.
     Acad::ErrorStatus getAt(const ACHAR* name, AcDbObjectId& id, bool getErased = false) const;
     /// Finds and opens the record; `record` is nullptr on failure.
     Acad::ErrorStatus getAt(const ACHAR* name, AcDbSymbolTableRecord*& record, AcDb::OpenMode mode,
                             bool openErased = false) const;
     /// Adds a record that is in no database yet; the database takes it, and it stays open for write
     /// for the caller to close. The table must be open for write. eDuplicateKey, eInvalidInput
-    /// without a name; the record stays the caller's then.
+    /// without a name unless the record is one of a shape file; the record stays the caller's then.
     virtual Acad::ErrorStatus add(AcDbObjectId& id, AcDbSymbolTableRecord* record);
     Acad::ErrorStatus add(AcDbSymbolTableRecord* record);
     /// A walk over the records there are now; deleted by the caller.

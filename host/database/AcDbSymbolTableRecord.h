@@ -26,6 +26,8 @@ public:
 protected:
     AcDbSymbolTableRecord() = default;
     AcDbSymbolTableRecord(const AcDbSymbolTableRecord&) = default;
+    /// A table takes the record without a name; it is then found by walking alone.
+    virtual bool mayBeNameless() const { return false; }
     void takeLists(AcDbObject& changed) override;
 
 private:

@@ -13,6 +13,8 @@ namespace host_db {
 namespace {
 
 constexpr std::wstring_view kByteOrderMark = L"\xFEFF";
+/// Older editors end a file with 0x1A; in files that were put together it stands in the middle.
+constexpr std::wstring_view kLineEnds = L"\n\x1A";
 constexpr std::size_t kLeastDashes = 2;
 constexpr std::size_t kMostDashes = 12;
 
@@ -33,7 +35,7 @@ bool sameName(std::wstring_view a, std::wstring_view b) {
 /// Takes the next line that is neither blank nor a comment; false at the end.
 bool takeLine(std::wstring_view& rest, std::wstring_view& line) {
     while (!rest.empty()) {
-        const std::size_t end = rest.find(L'\n');
+        const std::size_t end = rest.find_first_of(kLineEnds);
         line = trimmed(rest.substr(0, end));
         rest.remove_prefix(end == std::wstring_view::npos ? rest.size() : end + 1);
         if (!line.empty() && line.front() != L';') {
@@ -85,7 +87,7 @@ std::vector<std::wstring_view> partsOf(std::wstring_view text) {
     return parts;
 }
 
-/// Reads one `LETTER=value` of a text's settings.
+/// Reads one `LETTER=value` of the settings of a text or shape.
 bool readSetting(std::wstring_view setting, LinetypeDefinition::Dash& dash) {
     if (setting.size() < 2 || setting[1] != L'=') {
         return false;
@@ -113,16 +115,23 @@ bool readSetting(std::wstring_view setting, LinetypeDefinition::Dash& dash) {
     return target != nullptr;
 }
 
-/// Reads what stands between the brackets behind a dash.
-bool readText(std::wstring_view inside, LinetypeDefinition::Dash& dash) {
-    const std::vector<std::wstring_view> parts = partsOf(inside);
-    const std::wstring_view text = parts.front();
-    const bool isQuoted = text.size() >= 2 && text.front() == L'"' && text.back() == L'"';
-    if (!isQuoted || parts.size() < 2 || parts[1].empty()) {
+/// Reads a text in double quotes, or without them the name of a shape.
+bool readMarkName(std::wstring_view name, LinetypeDefinition::Dash& dash) {
+    const bool isQuoted = name.size() >= 2 && name.front() == L'"' && name.back() == L'"';
+    if (!isQuoted && (name.empty() || name.find(L'"') != std::wstring_view::npos)) {
         return false;
     }
-    dash.hasText = true;
-    dash.text = text.substr(1, text.size() - 2);
+    dash.mark = isQuoted ? LinetypeDefinition::Mark::Text : LinetypeDefinition::Mark::Shape;
+    dash.text = isQuoted ? name.substr(1, name.size() - 2) : name;
+    return true;
+}
+
+/// Reads what stands between the brackets behind a dash.
+bool readMark(std::wstring_view inside, LinetypeDefinition::Dash& dash) {
+    const std::vector<std::wstring_view> parts = partsOf(inside);
+    if (parts.size() < 2 || parts[1].empty() || !readMarkName(parts.front(), dash)) {
+        return false;
+    }
     dash.style = parts[1];
     for (std::size_t i = 2; i < parts.size(); ++i) {
         if (!readSetting(parts[i], dash)) {
@@ -132,11 +141,12 @@ bool readText(std::wstring_view inside, LinetypeDefinition::Dash& dash) {
     return true;
 }
 
-/// Reads one dash, or the text behind the last one.
+/// Reads one dash, or the text or shape behind the last one.
 bool readPart(std::wstring_view part, std::vector<LinetypeDefinition::Dash>& dashes) {
     if (!part.empty() && part.front() == L'[') {
-        const bool fits = part.back() == L']' && !dashes.empty() && !dashes.back().hasText;
-        return fits && readText(part.substr(1, part.size() - 2), dashes.back());
+        const bool fits = part.back() == L']' && !dashes.empty() &&
+                          dashes.back().mark == LinetypeDefinition::Mark::None;
+        return fits && readMark(part.substr(1, part.size() - 2), dashes.back());
     }
     const std::optional<double> length = numberOf(part);
     if (length) {
@@ -159,20 +169,36 @@ bool readDashes(std::wstring_view text, std::vector<LinetypeDefinition::Dash>& d
            dashes.front().length >= 0.0;
 }
 
-/// The definition's lines up to the next name, as one. A line ends where a comma may stand, so a
-/// missing one is put there and one that stands already is not doubled.
-std::wstring takeBody(std::wstring_view rest) {
-    std::wstring body;
+/// A line of a pattern without the comment behind it.
+std::wstring_view withoutComment(std::wstring_view line) {
+    bool quoted = false;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        quoted = quoted != (line[i] == L'"');
+        if (!quoted && line[i] == L';') {
+            return trimmed(line.substr(0, i));
+        }
+    }
+    return line;
+}
+
+/// The pattern below the name as one line. It goes on where a line ends with a comma or the next
+/// one begins with one; the comma then stands once. Stray lines behind it are none of its own.
+std::wstring takePattern(std::wstring_view rest) {
+    std::wstring pattern;
     std::wstring_view line;
     while (takeLine(rest, line) && line.front() != L'*') {
-        const bool hasComma = body.empty() || body.back() == L',' || line.front() == L',';
-        body += hasComma ? L"" : L",";
-        body += line;
+        line = withoutComment(line);
+        const bool goesOn = pattern.empty() || pattern.back() == L',';
+        const bool beginsWithComma = !line.empty() && line.front() == L',';
+        if (!goesOn && !beginsWithComma) {
+            break;
+        }
+        pattern += line.substr(goesOn && beginsWithComma ? 1 : 0);
     }
-    if (!body.empty() && body.back() == L',') {
-        body.pop_back();
+    if (!pattern.empty() && pattern.back() == L',') {
+        pattern.pop_back();
     }
-    return body;
+    return pattern;
 }
 
 } // namespace
@@ -207,7 +233,7 @@ Acad::ErrorStatus findLinetype(std::wstring_view file, std::wstring_view name,
         read.name = found;
         read.description =
             comma == std::wstring_view::npos ? L"" : std::wstring(trimmed(line.substr(comma + 1)));
-        if (!readDashes(takeBody(file), read.dashes)) {
+        if (!readDashes(takePattern(file), read.dashes)) {
             return Acad::eInvalidInput;
         }
         definition = std::move(read);

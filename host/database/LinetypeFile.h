@@ -10,12 +10,14 @@ namespace host_db {
 
 /// A linetype as a file of linetypes defines it.
 struct LinetypeDefinition {
+    /// What is drawn at the end of a dash.
+    enum class Mark { None, Text, Shape };
+
     struct Dash {
         double length = 0.0;
-        /// A text or a shape stands behind the dash.
-        bool hasText = false;
-        std::wstring text;
-        std::wstring style;
+        Mark mark = Mark::None;
+        std::wstring text;  ///< the text, or the shape's name
+        std::wstring style; ///< the text style's name, or the shape file's
         double scale = 1.0;
         double rotation = 0.0; ///< radians
         bool isAbsolute = false;
@@ -29,8 +31,8 @@ struct LinetypeDefinition {
     std::vector<Dash> dashes;
 };
 
-/// The text of a file of linetypes: UTF-8 (a byte-order mark is accepted), or the code page 936
-/// when the bytes are no UTF-8.
+/// The text of a file of linetypes, or of a name in a shape file: UTF-8 (a byte-order mark is
+/// accepted), or the code page 936 when the bytes are no UTF-8.
 std::wstring decodeLinetypeFile(std::string_view bytes);
 
 /// Finds a linetype by its name in any case and reads its definition; of one name twice the first
@@ -38,10 +40,12 @@ std::wstring decodeLinetypeFile(std::string_view bytes);
 /// definition is malformed; `definition` is untouched then. Definitions of other names are not
 /// looked at.
 ///
-/// A definition is a line `*NAME,description` and a line `A,dash,dash,...` with 2 to 12 dashes, the
-/// first one not below 0. A definition may run over several lines, broken behind any comma; `;`
-/// begins a comment line, and blank lines do not count. Behind a dash may stand a text,
-/// `["TEXT",STYLE,S=scale,R=angle,X=along,Y=across]`: the settings in any order and none of them
+/// A definition is a line `*NAME,description` and below it a line `A,dash,dash,...` with 2 to 12
+/// dashes, the first one not below 0. The latter goes on in the next line when it ends with a comma
+/// or the next one begins with one; any other line up to the next name is passed over. `;` begins a
+/// comment, as a line or behind the dashes, blank lines do not count, and the mark 0x1A that ends
+/// some files ends a line. Behind a dash may stand a text, `["TEXT",STYLE,S=scale,R=angle,X=along,
+/// Y=across]`, or a shape, `[SHAPE,FILE,...]` with the same settings: in any order and none of them
 /// needed. The angle counts from the line's direction, with `A=` in the place of `R=` from the X
 /// axis, and with `U=` from the line but never upside down; it is in degrees, or behind a number
 /// with the letter r in radians or g in grads.

@@ -2,76 +2,58 @@
 
 #include "database/AcDbDatabase.h"
 #include "database/LinetypeFile.h"
+#include "database/PatternBuilder.h"
+#include "database/ReadSupportFile.h"
 #include "platform/HostEvents.h"
-#include "platform/SupportFiles.h"
 
-#include <fstream>
-#include <iterator>
 #include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace host_db {
 namespace {
 
 Acad::ErrorStatus readDefinition(const ACHAR* name, const ACHAR* file,
                                  LinetypeDefinition& definition) {
-    const std::string path = host::findSupportFile(file);
-    if (path.empty()) {
-        return Acad::eFileNotFound;
-    }
-    std::ifstream stream(path, std::ios::binary);
-    const std::string bytes{std::istreambuf_iterator<char>(stream), {}};
-    if (!stream) {
-        return Acad::eFileAccessErr;
-    }
-    return findLinetype(decodeLinetypeFile(bytes), name, definition);
+    std::string bytes;
+    const Acad::ErrorStatus status = readSupportFile(file, bytes);
+    return status == Acad::eOk ? findLinetype(decodeLinetypeFile(bytes), name, definition) : status;
 }
 
-/// The dash in the drawing; false when it names a text style that the drawing lacks.
-bool makeDash(const LinetypeDefinition::Dash& read, const AcDbSymbolTable& styles,
-              LinetypeDash& dash) {
-    dash.length = read.length;
-    if (!read.hasText) {
-        return true;
-    }
-    dash.flags = LinetypeDash::kText | (read.isAbsolute ? LinetypeDash::kAbsoluteRotation : 0) |
-                 (read.isUpright ? LinetypeDash::kUpright : 0);
-    dash.style = styles.find(read.style.c_str());
-    dash.scale = read.scale;
-    dash.rotation = read.rotation;
-    dash.offset = {read.x, read.y};
-    dash.text = read.text.c_str();
-    return !dash.style.isNull();
-}
-
-std::unique_ptr<AcDbLinetypeTableRecord> makeRecord(const AcDbDatabase& database,
-                                                    const LinetypeDefinition& definition) {
-    const auto* const styles = peek<AcDbSymbolTable>(database.textStyleTableId());
-    std::vector<LinetypeDash> dashes;
-    for (const LinetypeDefinition::Dash& read : definition.dashes) {
-        if (!makeDash(read, *styles, dashes.emplace_back())) {
-            return nullptr;
-        }
-    }
+/// Adds the record to the table, which is open for write.
+Acad::ErrorStatus addTo(AcDbLinetypeTable& table, const LinetypeDefinition& definition,
+                        std::vector<LinetypeDash> dashes) {
     auto record = std::make_unique<AcDbLinetypeTableRecord>();
     record->setName(definition.name.c_str());
     record->setComments(definition.description.c_str());
     record->setDashes(std::move(dashes));
-    return record;
-}
-
-Acad::ErrorStatus addTo(const AcDbDatabase& database,
-                        std::unique_ptr<AcDbLinetypeTableRecord> record) {
-    AcDbLinetypeTable* table = nullptr;
-    const Acad::ErrorStatus opened = database.getSymbolTable(table, AcDb::kForWrite);
-    if (opened != Acad::eOk) {
-        return opened;
-    }
-    const Acad::ErrorStatus added = table->add(record.get());
+    const Acad::ErrorStatus added = table.add(record.get());
     if (added == Acad::eOk) {
         record.release()->close();
     }
-    table->close();
     return added;
+}
+
+Acad::ErrorStatus enter(const AcDbDatabase& database, const LinetypeDefinition& definition) {
+    PatternBuilder pattern(database);
+    Acad::ErrorStatus status = Acad::eOk;
+    for (const LinetypeDefinition::Dash& dash : definition.dashes) {
+        status = status == Acad::eOk ? pattern.add(dash) : status;
+    }
+    AcDbLinetypeTable* table = nullptr;
+    if (status == Acad::eOk) {
+        status = database.getSymbolTable(table, AcDb::kForWrite);
+    }
+    if (status != Acad::eOk) {
+        return status;
+    }
+    status = pattern.settle();
+    if (status == Acad::eOk) {
+        status = addTo(*table, definition, pattern.take());
+    }
+    table->close();
+    return status;
 }
 
 } // namespace
@@ -85,11 +67,7 @@ Acad::ErrorStatus loadLinetype(AcDbDatabase& database, const ACHAR* name, const 
     }
     LinetypeDefinition definition;
     const Acad::ErrorStatus status = readDefinition(name, file, definition);
-    if (status != Acad::eOk) {
-        return status;
-    }
-    std::unique_ptr<AcDbLinetypeTableRecord> record = makeRecord(database, definition);
-    return record == nullptr ? Acad::eInvalidKey : addTo(database, std::move(record));
+    return status == Acad::eOk ? enter(database, definition) : status;
 }
 
 } // namespace host_db

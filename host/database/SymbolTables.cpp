@@ -96,6 +96,10 @@ Acad::ErrorStatus AcDbTextStyleTableRecord::setBigFontFileName(const ACHAR* file
     return change(bigFontFile_, file);
 }
 
+Acad::ErrorStatus AcDbTextStyleTableRecord::setIsShapeFile(bool shapeFile) {
+    return setFlags(withFlag(flags(), 1, shapeFile));
+}
+
 AcRxObject* AcDbDimStyleTableRecord::clone() const {
     return new AcDbDimStyleTableRecord(*this);
 }

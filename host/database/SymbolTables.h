@@ -92,7 +92,8 @@ private:
     std::vector<host_db::LinetypeDash> dashes_;
 };
 
-/// A text style: fonts, width factor, fixed height (0 for none), slant.
+/// A text style: fonts, width factor, fixed height (0 for none), slant. Or, without a name, a file
+/// of shapes that linetypes draw with.
 class AcDbTextStyleTableRecord : public AcDbSymbolTableRecord {
     ACRX_DECLARE_MEMBERS(AcDbTextStyleTableRecord);
 
@@ -110,8 +111,12 @@ public:
     Acad::ErrorStatus setObliquingAngle(double angle);
     Acad::ErrorStatus setFileName(const ACHAR* file);
     Acad::ErrorStatus setBigFontFileName(const ACHAR* file);
+    /// The record stands for a shape file, its font file, and may be without a name.
+    bool isShapeFile() const { return (flags() & 1) != 0; }
+    Acad::ErrorStatus setIsShapeFile(bool shapeFile);
 
 protected:
+    bool mayBeNameless() const override { return isShapeFile(); }
     AcDbTextStyleTableRecord(const AcDbTextStyleTableRecord&) = default;
 
 private:

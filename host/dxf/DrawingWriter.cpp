@@ -275,7 +275,9 @@ void DrawingWriter::noteNew(const AcDbObject& object) {
 }
 
 void DrawingWriter::update(const AcDbObject& object) {
-    if (editor_.update(object)) {
+    const bool namesNew = editor_.update(object);
+    // A linetype points at text styles by their handles, which are no names.
+    if (namesNew || AcDbLinetypeTableRecord::cast(&object) != nullptr) {
         noteNames(object);
     }
     if (object.ownXdata() != nullptr) {
@@ -287,6 +289,11 @@ void DrawingWriter::need(AcDbObjectId record) {
     if (!record.isNull() && needed_.insert(record).second) {
         neededInOrder_.push_back(record);
     }
+}
+
+void DrawingWriter::needStanding(AcDbObjectId record) {
+    need(record);
+    pointedAt_.insert(record);
 }
 
 void DrawingWriter::noteNames(const AcDbObject& object) {
@@ -302,7 +309,7 @@ void DrawingWriter::noteNames(const AcDbObject& object) {
     }
     if (const auto* const linetype = AcDbLinetypeTableRecord::cast(&object)) {
         for (const host_db::LinetypeDash& dash : linetype->dashes()) {
-            need(dash.style);
+            needStanding(dash.style);
         }
     }
 }
@@ -319,7 +326,9 @@ void DrawingWriter::addNeededRecords() {
     // The list grows while a layer that is added names its linetype.
     for (std::size_t i = 0; i < neededInOrder_.size(); ++i) {
         const auto* const record = host_db::peek<AcDbSymbolTableRecord>(neededInOrder_[i]);
-        if (record == nullptr || !context_.isImplied(*record) || isTakenForGranted(*record)) {
+        const bool isUnsaid = record != nullptr && context_.isImplied(*record);
+        // A name is understood without its record, a handle is not.
+        if (!isUnsaid || (isTakenForGranted(*record) && !pointedAt_.contains(neededInOrder_[i]))) {
             continue;
         }
         context_.create(*record);

@@ -45,6 +45,8 @@ private:
     void noteNames(const AcDbObject& object);
     void noteApplications(const AcDbObject& object);
     void need(AcDbObjectId record);
+    /// As `need`, for a record that is pointed at by its handle.
+    void needStanding(AcDbObjectId record);
     void addNeededRecords();
     void writeAdditions();
     void raiseCount(const FilePart& part, const AcDbSymbolTable& table);
@@ -59,6 +61,8 @@ private:
     std::unordered_set<AcDbObjectId> touched_; ///< references that lost an attribute
     std::unordered_set<AcDbObjectId> needed_;
     std::vector<AcDbObjectId> neededInOrder_;
+    std::unordered_set<AcDbObjectId>
+        pointedAt_; ///< by handles, so that they must stand in the file
     bool recordsRenamed_ = false;
 };
 

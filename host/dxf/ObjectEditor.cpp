@@ -66,8 +66,10 @@ bool ObjectEditor::update(const AcDbObject& object) {
     if (const auto* const entity = AcDbEntity::cast(&object)) {
         namesNew = updateEntity(editor, *entity, range);
     } else if (const auto* const named = AcDbSymbolTableRecord::cast(&object)) {
-        const auto before = describeTableRecord(context_.originals().tableRecord(range));
-        const auto now = describeTableRecord(*named);
+        const bool lengthsAlone = !context_.hasMarkers();
+        const auto before =
+            describeTableRecord(context_.originals().tableRecord(range), lengthsAlone);
+        const auto now = describeTableRecord(*named, lengthsAlone);
         namesNew = !sameNames(before, now);
         editor.change(before, now);
     } else if (const auto* const dictionary = AcDbDictionary::cast(&object)) {

@@ -193,6 +193,12 @@ bool RecordEditor::spreadWidths(std::vector<Fields>& elements) {
 
 void RecordEditor::changeElement(const Element& place, const Fields& before, const Fields& after,
                                  bool statesWidths) {
+    const std::size_t begin = record_.groups[place.first].tag.begin;
+    if (before.size() != after.size()) {
+        // A dash that had a text and has none, or the other way round.
+        replaceGroups(place.first, place.last, begin, written({&after, 1}));
+        return;
+    }
     std::size_t anchor = record_.groups[place.first].tag.end;
     for (std::size_t f = 0; f < after.size() && f < before.size(); ++f) {
         const DxfTag* found = nullptr;

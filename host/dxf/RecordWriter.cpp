@@ -83,14 +83,8 @@ void RecordWriter::groups(const RecordDescription& description, std::size_t firs
         attributeVersion(description, description.groups[g].marker);
         writer_.fields(description.groups[g].fields);
     }
-    const bool lengthsAlone = description.type == "LTYPE" && !context_.hasMarkers();
     for (const Fields& element : description.list.elements) {
-        if (lengthsAlone) {
-            // A version without markers has no texts in linetypes: a dash is its length.
-            writer_.field(element.front());
-        } else {
-            writer_.fields(element);
-        }
+        writer_.fields(element);
     }
 }
 
@@ -248,7 +242,7 @@ void RecordWriter::tableExtras(const AcDbSymbolTableRecord& record) {
 
 std::string RecordWriter::tableRecord(const AcDbSymbolTableRecord& record) {
     constexpr int dimStyleHandle = 105;
-    const RecordDescription description = describeTableRecord(record);
+    const RecordDescription description = describeTableRecord(record, !context_.hasMarkers());
     if (description.type == "BLOCK_RECORD" && !context_.hasMarkers()) {
         return {};
     }

@@ -48,7 +48,7 @@ Fields describeDash(const host_db::LinetypeDash& dash) {
     return fields;
 }
 
-RecordDescription describe(const AcDbLinetypeTableRecord& linetype) {
+RecordDescription describe(const AcDbLinetypeTableRecord& linetype, bool lengthsAlone) {
     constexpr std::int64_t alignment = 65; // the letter A, the only one there is
     Fields fields = nameAndFlags(linetype);
     fields.push_back({3, std::wstring(linetype.comments())});
@@ -58,7 +58,8 @@ RecordDescription describe(const AcDbLinetypeTableRecord& linetype) {
     RecordDescription record = start("LTYPE", "AcDbLinetypeTableRecord", std::move(fields));
     record.list.codes = {49, 74, 75, 340, 46, 50, 44, 45, 9};
     for (const host_db::LinetypeDash& dash : linetype.dashes()) {
-        record.list.elements.push_back(describeDash(dash));
+        record.list.elements.push_back(lengthsAlone ? Fields{{49, dash.length}}
+                                                    : describeDash(dash));
     }
     return record;
 }
@@ -77,12 +78,12 @@ RecordDescription describe(const AcDbTextStyleTableRecord& style) {
 
 } // namespace
 
-RecordDescription describeTableRecord(const AcDbSymbolTableRecord& record) {
+RecordDescription describeTableRecord(const AcDbSymbolTableRecord& record, bool lengthsAlone) {
     if (const auto* const layer = AcDbLayerTableRecord::cast(&record)) {
         return describe(*layer);
     }
     if (const auto* const linetype = AcDbLinetypeTableRecord::cast(&record)) {
-        return describe(*linetype);
+        return describe(*linetype, lengthsAlone);
     }
     if (const auto* const style = AcDbTextStyleTableRecord::cast(&record)) {
         return describe(*style);

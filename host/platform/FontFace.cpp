@@ -3,9 +3,12 @@
 #include "platform/Encoding.h"
 #include "platform/FontFile.h"
 #include "platform/FontLibrary.h"
+#include "platform/SupportFiles.h"
 
 #include FT_ADVANCES_H
 
+#include <cstdint>
+#include <functional>
 #include <utility>
 
 namespace host {
@@ -14,26 +17,48 @@ struct FontFace::Opened {
     Face face;
 };
 
+/// The fonts of the process. Once opened they stay, since texts hold on to them.
+struct FontFace::Shelf {
+    std::mutex mutex;
+    std::map<std::pair<std::string, long>, std::unique_ptr<FontFace>> opened;
+    std::map<std::wstring, const FontFace*, std::less<>> byName;
+    std::uint64_t version = 0; ///< of the support folders in which the names were looked for
+
+    const FontFace* faceOf(const FontFile& file);
+};
+
+const FontFace* FontFace::Shelf::faceOf(const FontFile& file) {
+    if (file.path.empty()) {
+        return nullptr;
+    }
+    const auto [place, isNew] = opened.try_emplace({file.path, file.face});
+    Face face = isNew ? openFace(file.path, file.face) : nullptr;
+    if (face != nullptr) {
+        auto made = std::make_unique<Opened>();
+        made->face = std::move(face);
+        place->second.reset(new FontFace(std::move(made)));
+    }
+    return place->second.get();
+}
+
 FontFace::FontFace(std::unique_ptr<Opened> opened) : opened_(std::move(opened)) {}
 
 FontFace::~FontFace() = default;
 
 const FontFace* FontFace::named(std::wstring_view name) {
     // Never destroyed: texts are measured to the end of the process.
-    static auto* const mutex = new std::mutex;
-    static auto* const fonts = new std::map<std::wstring, std::unique_ptr<FontFace>>;
-    const std::lock_guard lock(*mutex);
-    const auto [place, isNew] = fonts->try_emplace(std::wstring(name));
-    if (isNew) {
-        const FontFile file = findFontFile(name);
-        Face face = file.path.empty() ? nullptr : openFace(file.path, file.face);
-        if (face != nullptr) {
-            auto opened = std::make_unique<Opened>();
-            opened->face = std::move(face);
-            place->second.reset(new FontFace(std::move(opened)));
-        }
+    static auto* const shelf = new Shelf;
+    const std::lock_guard lock(shelf->mutex);
+    const std::uint64_t version = supportFoldersVersion();
+    if (shelf->version != version) {
+        shelf->byName.clear();
+        shelf->version = version;
     }
-    return place->second.get();
+    auto known = shelf->byName.find(name);
+    if (known == shelf->byName.end()) {
+        known = shelf->byName.emplace(name, shelf->faceOf(findFontFile(name))).first;
+    }
+    return known->second;
 }
 
 std::optional<double> FontFace::advance(wchar_t character) const {

@@ -17,7 +17,8 @@ public:
     ~FontFace();
 
     /// The font that host::findFontFile finds under a name; nullptr when there is none. It is
-    /// looked for once in a process and kept as long as the process lives. On any thread.
+    /// looked for once, and again after the support folders have changed; what was opened lives as
+    /// long as the process. On any thread.
     static const FontFace* named(std::wstring_view name);
 
     /// How far the character moves the pen, in ems, without kerning; nothing for one that the font
@@ -26,6 +27,7 @@ public:
 
 private:
     struct Opened;
+    struct Shelf;
 
     explicit FontFace(std::unique_ptr<Opened> opened);
 

@@ -1,6 +1,7 @@
 #include "platform/FontFile.h"
 
 #include "platform/Encoding.h"
+#include "platform/FontFamilyNames.h"
 #include "platform/FontLibrary.h"
 #include "platform/SupportFiles.h"
 #include "platform/WideCharacters.h"
@@ -43,10 +44,12 @@ std::vector<fs::path> fontFolders() {
 
 using Files = std::map<std::wstring, std::string>;
 
+/// `Walk` is an iterator over the entries of a folder, those of the folders in it included or not.
+template<typename Walk>
 void addFiles(const fs::path& folder, Files& files) {
     std::error_code error;
-    fs::recursive_directory_iterator each(folder, error);
-    for (; !error && each != fs::recursive_directory_iterator(); each.increment(error)) {
+    Walk each(folder, fs::directory_options::skip_permission_denied, error);
+    for (; !error && each != Walk(); each.increment(error)) {
         const std::string path = each->path().string();
         const std::wstring name = lowered(host_text::fromUtf8(each->path().filename().string()));
         std::error_code ignored;
@@ -65,7 +68,7 @@ const Files& systemFonts() {
         Files all;
         for (const fs::path& folder : fontFolders()) {
             Files found;
-            addFiles(folder, found);
+            addFiles<fs::recursive_directory_iterator>(folder, found);
             all.merge(found);
         }
         return all;
@@ -91,11 +94,31 @@ void addFamilies(const std::string& path, Families& families) {
             return;
         }
         count = face->num_faces;
-        if (face->family_name != nullptr && isPlain(*face)) {
-            families.emplace(lowered(host_text::fromUtf8(face->family_name)),
-                             FontFile{path, index});
+        if (!isPlain(*face)) {
+            continue;
+        }
+        for (const std::wstring& name : familyNames(face.get())) {
+            families.emplace(lowered(name), FontFile{path, index});
         }
     }
+}
+
+/// The families of the fonts in the support folders, which change while a process runs.
+Families supportFamilies() {
+    Families all;
+    for (const std::string& folder : supportFolders()) {
+        Files found;
+        addFiles<fs::directory_iterator>(folder, found);
+        for (const auto& [name, path] : found) {
+            addFamilies(path, all);
+        }
+    }
+    return all;
+}
+
+FontFile familyIn(const Families& families, const std::wstring& lower) {
+    const auto family = families.find(lower);
+    return family == families.end() ? FontFile() : family->second;
 }
 
 const Families& systemFamilies() {
@@ -110,14 +133,16 @@ const Families& systemFamilies() {
 }
 
 std::string fileNamed(std::wstring_view name) {
-    std::string support = findSupportFile(name);
-    if (!support.empty()) {
-        return support;
-    }
     const std::size_t separator = name.find_last_of(L"/\\");
-    const std::wstring bare =
-        lowered(name.substr(separator == std::wstring_view::npos ? 0 : separator + 1));
-    const auto found = systemFonts().find(bare);
+    const std::wstring_view bare =
+        name.substr(separator == std::wstring_view::npos ? 0 : separator + 1);
+    for (const std::wstring_view each : {name, bare}) {
+        std::string support = findSupportFile(each);
+        if (!support.empty()) {
+            return support;
+        }
+    }
+    const auto found = systemFonts().find(lowered(bare));
     return found == systemFonts().end() ? std::string() : found->second;
 }
 
@@ -141,8 +166,8 @@ FontFile findFontFile(std::wstring_view name) {
     if (lower.find(L'.') != std::wstring::npos) {
         return {};
     }
-    const auto family = systemFamilies().find(lower);
-    return family == systemFamilies().end() ? FontFile() : family->second;
+    FontFile family = familyIn(supportFamilies(), lower);
+    return family.path.empty() ? familyIn(systemFamilies(), lower) : family;
 }
 
 } // namespace host

@@ -12,11 +12,13 @@ struct FontFile {
 };
 
 /// Finds an outline font (.ttf, .ttc, .otf, .otc) by the name of its file or of its family, in any
-/// case. A file is sought by host::findSupportFile, then, its path left aside, in the system's font
-/// folders and those of the user; a name without one of these endings is tried with each of them,
-/// and then as a family's name. Of a family the face counts whose style is
-/// called Regular, Book, Roman or Normal. Costs a walk through the font
-/// folders at the first call, and a look into each font file at the first call for a family.
+/// case. A file is sought by host::findSupportFile, then, its path left aside, in the support
+/// folders and in the font folders of the system and of the user; a name without one of these
+/// endings is tried with each of them, and then as a family's name, of the fonts in the support
+/// folders first. Every name that host::familyNames tells counts, and of a family the face whose
+/// style is called Regular, Book, Roman or Normal. Costs a walk through the font folders at the
+/// first call, a look into each font file there at the first call for a family, and a look into
+/// each font in the support folders at every call for one.
 FontFile findFontFile(std::wstring_view name);
 
 } // namespace host

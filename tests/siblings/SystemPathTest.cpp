@@ -1,4 +1,6 @@
 #include "SystemPath.h"
+#include "platform/ProgramFolder.h"
+#include "platform/SupportFiles.h"
 #include "Settings.h"
 #include "TemporaryFolder.h"
 
@@ -45,11 +47,28 @@ TEST_F(SystemPathTest, InstalledFolderIsTheFirstThatExists) {
     TemporaryFolder folder;
     const std::string bin = folder.text() + "/bin";
     const std::string shared = folder.text() + "/share/tkvlt/settings";
-    EXPECT_EQ(siblings::installedSettings(bin), shared);
+    EXPECT_EQ(host::installedSettings(bin), shared);
     std::filesystem::create_directories(bin + "/settings");
-    EXPECT_EQ(siblings::installedSettings(bin), bin + "/settings");
+    EXPECT_EQ(host::installedSettings(bin), bin + "/settings");
     std::filesystem::create_directories(shared);
-    EXPECT_EQ(siblings::installedSettings(bin), shared);
+    EXPECT_EQ(host::installedSettings(bin), shared);
+}
+
+// The host's support folder goes with the system path, from whatever source that is.
+TEST_F(SystemPathTest, SupportFolderIsThatOfTheSystemPath) {
+    TemporaryFolder given;
+    TemporaryFolder variable;
+    given.write("Support/given.lin", "");
+    variable.write("Support/variable.lin", "");
+    const auto first = [] { return host::supportFolders().front(); };
+    EXPECT_EQ(first(), systemPath() + "/Support");
+    ::setenv("TKVLT_SYSTEM_PATH", variable.text().c_str(), 1);
+    EXPECT_EQ(first(), systemPath() + "/Support");
+    EXPECT_EQ(host::findSupportFile(L"variable.lin"), variable.text() + "/Support/variable.lin");
+    siblings::setSystemPath(given.text());
+    EXPECT_EQ(first(), systemPath() + "/Support");
+    EXPECT_EQ(host::findSupportFile(L"given.lin"), given.text() + "/Support/given.lin");
+    EXPECT_EQ(host::findSupportFile(L"variable.lin"), "");
 }
 
 TEST_F(SystemPathTest, VariableLeadsToTheFile) {

@@ -2,6 +2,7 @@
 
 #include "host/database/DatabaseFixture.h"
 #include "platform/SupportFiles.h"
+#include "ShapeFileBytes.h"
 #include "siblings/TemporaryFolder.h"
 
 #include <numbers>
@@ -61,22 +62,68 @@ TEST(LinetypeFileTest, NameWithoutADescription) {
 
 TEST(LinetypeFileTest, DefinitionRunsOverSeveralLines) {
     EXPECT_EQ(lengthsOf(found(L"*X,\nA,1,-2,\n3,-4\n; between\n,0\n-5\n*Y,\nA,7,-7\n")),
-              (std::vector<double>{1.0, -2.0, 3.0, -4.0, 0.0, -5.0}));
+              (std::vector<double>{1.0, -2.0, 3.0, -4.0, 0.0}))
+        << "the line -5 neither follows a comma nor begins with one";
     const LinetypeDefinition y = found(L"*X,\nA,1,-2,[\"GAS\",\nS1,S=3],\n-4\n");
     EXPECT_EQ(y.dashes[1].text, L"GAS");
     EXPECT_EQ(y.dashes[1].scale, 3.0);
     EXPECT_EQ(y.dashes[2].length, -4.0);
 }
 
+TEST(LinetypeFileTest, CommaBetweenTwoLinesCountsOnceWhereverItStands) {
+    for (const wchar_t* const body : {L"A,1,\n-2\n", L"A,1\n,-2\n", L"A,1,\n,-2\n"}) {
+        EXPECT_EQ(lengthsOf(found(std::wstring(L"*X,\n") + body)), (std::vector<double>{1, -2}));
+    }
+}
+
+TEST(LinetypeFileTest, EndMarkBelongsToNoDefinition) {
+    for (const wchar_t* const end : {L"\n\x1A", L"\x1A", L"\r\n\x1A\r\n", L" \x1A\x1A"}) {
+        EXPECT_EQ(lengthsOf(found(std::wstring(L"*X,\nA,1,-2") + end)),
+                  (std::vector<double>{1, -2}));
+    }
+    // Two files put together.
+    EXPECT_EQ(lengthsOf(found(L"*Y,\nA,3,-4\n\x1A*X,\nA,1,-2\n\x1A")),
+              (std::vector<double>{1, -2}));
+}
+
+TEST(LinetypeFileTest, StrayLineBehindADefinitionIsPassedOver) {
+    const wchar_t file[] = L"*X,\nA,1,-2\nwritten by hand\n\n3,-4\n*Y,\nA,5,-6\nend, of file,\n";
+    EXPECT_EQ(lengthsOf(found(file, L"X")), (std::vector<double>{1, -2}));
+    EXPECT_EQ(lengthsOf(found(file, L"Y")), (std::vector<double>{5, -6}));
+}
+
+TEST(LinetypeFileTest, CommentBehindThePatternIsPassedOver) {
+    EXPECT_EQ(lengthsOf(found(L"*X,\nA,1,-2 ; inches, \n3\n")), (std::vector<double>{1, -2}));
+    EXPECT_EQ(lengthsOf(found(L"*X,\nA,1,-2\n; next,\n3\n")), (std::vector<double>{1, -2}));
+    EXPECT_EQ(lengthsOf(found(L"*X,\nA,1, ; goes on\n-2;\n")), (std::vector<double>{1, -2}));
+    EXPECT_EQ(found(L"*X,\nA,1,-2,[\"a;b\",s]\n").dashes[1].text, L"a;b");
+}
+
+TEST(LinetypeFileTest, ShapeIsNamedWithoutQuotes) {
+    const LinetypeDefinition x =
+        found(L"*X,\nA,.25,-.1,[BOX,ltypes.shx,S=.1,U=90,X=-.1,Y=2],-.1,1\n");
+    ASSERT_EQ(x.dashes.size(), 4U);
+    const LinetypeDefinition::Dash& dash = x.dashes[1];
+    EXPECT_EQ(dash.mark, LinetypeDefinition::Mark::Shape);
+    EXPECT_EQ(dash.text, L"BOX");
+    EXPECT_EQ(dash.style, L"ltypes.shx");
+    EXPECT_EQ(dash.scale, 0.1);
+    EXPECT_DOUBLE_EQ(dash.rotation, std::numbers::pi / 2);
+    EXPECT_TRUE(dash.isUpright);
+    EXPECT_EQ(dash.x, -0.1);
+    EXPECT_EQ(dash.y, 2.0);
+    EXPECT_EQ(x.dashes[2].mark, LinetypeDefinition::Mark::None);
+}
+
 TEST(LinetypeFileTest, TextBelongsToTheDashBeforeIt) {
     const LinetypeDefinition x =
         found(L"*X,\nA,.5,-.2,[\"GAS\",STANDARD,S=.1,R=90,X=-0.1,Y=-.05],-.25\n");
     ASSERT_EQ(x.dashes.size(), 3U);
-    EXPECT_FALSE(x.dashes[0].hasText);
-    EXPECT_FALSE(x.dashes[2].hasText);
+    EXPECT_EQ(x.dashes[0].mark, LinetypeDefinition::Mark::None);
+    EXPECT_EQ(x.dashes[2].mark, LinetypeDefinition::Mark::None);
     const LinetypeDefinition::Dash& dash = x.dashes[1];
     EXPECT_EQ(dash.length, -0.2);
-    EXPECT_TRUE(dash.hasText);
+    EXPECT_EQ(dash.mark, LinetypeDefinition::Mark::Text);
     EXPECT_EQ(dash.text, L"GAS");
     EXPECT_EQ(dash.style, L"STANDARD");
     EXPECT_EQ(dash.scale, 0.1);
@@ -121,8 +168,11 @@ TEST(LinetypeFileTest, MalformedDefinitionIsRefusedWhole) {
         L"A,1,-1,[\"T\",s",
         L"A,1,-1,[\"T\"]",
         L"A,1,-1,[\"T\",]",
-        L"A,1,-1,[T,s]",
-        L"A,1,-1,[SHAPE,file.shx,S=2]",
+        L"A,1,-1,[T]",
+        L"A,1,-1,[,s.shx]",
+        L"A,1,-1,[SHAPE,]",
+        L"A,1,-1,[\"SHAPE,s.shx]",
+        L"A,1,-1,[SHAPE,s.shx],[SHAPE,s.shx]",
         L"A,1,-1,[\"T\",s,Q=1]",
         L"A,1,-1,[\"T\",s,S=]",
         L"A,1,-1,[\"T\",s,S]",
@@ -185,6 +235,121 @@ TEST_F(LoadLinetypeTest, LinetypeIsARecordOfTheTable) {
     EXPECT_EQ(dash.offset.x, 4.0);
     EXPECT_EQ(dash.offset.y, 5.0);
     EXPECT_EQ(dash.text, L"T");
+}
+
+TEST_F(LoadLinetypeTest, UprightTextHasItsFlag) {
+    folder.write("test.lin", "*U,\nA,3,-1,[\"T\",standard,S=2,U=30],-2\n");
+    ASSERT_EQ(load(L"U"), Acad::eOk);
+    const auto* const record = host_db::peek<AcDbLinetypeTableRecord>(table().find(L"U"));
+    ASSERT_NE(record, nullptr);
+    EXPECT_EQ(record->dashes()[1].flags, 2 + 8); // text, upright
+    EXPECT_DOUBLE_EQ(record->dashes()[1].rotation, std::numbers::pi / 6);
+}
+
+/// Loads linetypes with shapes: 130 TRACK, 135 Box and, with a Chinese name, 300.
+class LoadShapesTest : public LoadLinetypeTest {
+protected:
+    LoadShapesTest() {
+        folder.write("Own.SHX", database_test::shapeFileBytes(
+                                    {{130, "TRACK"}, {135, "Box"}, {300, "\xBE\xAE"}})); // 井, GBK
+    }
+
+    const AcDbLinetypeTableRecord& loaded(const wchar_t* name) {
+        EXPECT_EQ(load(name), Acad::eOk);
+        return *host_db::peek<AcDbLinetypeTableRecord>(table().find(name));
+    }
+    /// The records that stand for shape files.
+    std::vector<const AcDbTextStyleTableRecord*> shapeStyles() {
+        std::vector<const AcDbTextStyleTableRecord*> found;
+        for (const AcDbObjectId id : styles().recordIds()) {
+            const auto* const style = host_db::peek<AcDbTextStyleTableRecord>(id);
+            if (style != nullptr && style->isShapeFile()) {
+                found.push_back(style);
+            }
+        }
+        return found;
+    }
+    const AcDbTextStyleTable& styles() {
+        return *host_db::peek<AcDbTextStyleTable>(database().textStyleTableId());
+    }
+};
+
+TEST_F(LoadShapesTest, DashHasTheShapesNumberAndAStyleOfItsFile) {
+    folder.write("test.lin", "*B,box\nA,1,-.5,[BOX,own.shx,S=.2,A=45,X=-.1,Y=.3],-.25\n");
+    const host_db::LinetypeDash dash = loaded(L"B").dashes()[1];
+    EXPECT_EQ(dash.flags, 4 + 1); // shape, absolute
+    EXPECT_EQ(dash.shapeNumber, 135);
+    EXPECT_EQ(dash.scale, 0.2);
+    EXPECT_DOUBLE_EQ(dash.rotation, std::numbers::pi / 4);
+    EXPECT_EQ(dash.offset.x, -0.1);
+    EXPECT_EQ(dash.offset.y, 0.3);
+    EXPECT_EQ(dash.text, L"");
+    ASSERT_EQ(shapeStyles().size(), 1U);
+    EXPECT_EQ(dash.style, shapeStyles()[0]->objectId());
+    EXPECT_EQ(shapeStyles()[0]->name(), L"");
+    EXPECT_EQ(shapeStyles()[0]->flags(), 1);
+    EXPECT_EQ(shapeStyles()[0]->fontFile(), L"own.shx");
+    EXPECT_FALSE(styles().has(L"")) << "a record without a name is found by no name";
+}
+
+TEST_F(LoadShapesTest, OneFileHasOneStyle) {
+    folder.write("other.shx", database_test::shapeFileBytes({{7, "TRACK"}}));
+    folder.write("test.lin", "*P,\nA,1,-1,[track,own],-1,[Box,OWN.SHX]\n"
+                             "*Q,\nA,1,-1,[井,Own.shx]\n*R,\nA,1,-1,[TRACK,other.shx]\n");
+    const auto dashes = loaded(L"P").dashes();
+    EXPECT_EQ(dashes[1].shapeNumber, 130);
+    EXPECT_EQ(dashes[2].shapeNumber, 135);
+    EXPECT_EQ(dashes[1].style, dashes[2].style);
+    EXPECT_EQ(shapeStyles().size(), 1U);
+    EXPECT_EQ(shapeStyles()[0]->fontFile(), L"own.shx") << "the ending is put there";
+    const auto chinese = loaded(L"Q").dashes();
+    EXPECT_EQ(chinese[1].shapeNumber, 300);
+    EXPECT_EQ(chinese[1].style, dashes[1].style);
+    EXPECT_EQ(shapeStyles().size(), 1U);
+    EXPECT_EQ(loaded(L"R").dashes()[1].shapeNumber, 7);
+    EXPECT_EQ(shapeStyles().size(), 2U);
+}
+
+TEST_F(LoadShapesTest, MissingShapeOrFileLoadsNothing) {
+    folder.write("font.shx", "Any unifont 1.0\r\n\x1A\x01");
+    folder.write("test.lin", "*A1,\nA,1,-1,[TRACK,none.shx]\n*A2,\nA,1,-1,[NONE,own.shx]\n"
+                             "*A3,\nA,1,-1,[TRACK,own.shx],-1,[NONE,own.shx]\n"
+                             "*A4,\nA,1,-1,[TRACK,font.shx]\n"
+                             "*A5,\nA,1,-1,[TRACK,/proc/self/none.shx]\n"
+                             "*A6,\nA,1,-1,[TRACK,own.shx],-1,[\"T\",nostyle]\n");
+    const std::size_t before = table().recordIds().size();
+    for (const wchar_t* const name : {L"A1", L"A2", L"A3", L"A4", L"A5"}) {
+        EXPECT_EQ(load(name), Acad::eFileNotFound) << host_text::toUtf8(name);
+    }
+    EXPECT_EQ(load(L"A6"), Acad::eInvalidKey);
+    EXPECT_EQ(table().recordIds().size(), before);
+    EXPECT_EQ(shapeStyles().size(), 0U);
+}
+
+TEST_F(LoadShapesTest, TableThatIsHeldLoadsNothing) {
+    folder.write("test.lin", "*B,\nA,1,-1,[BOX,own.shx]\n");
+    AcDbTextStyleTable* styleTable = nullptr;
+    ASSERT_EQ(database().getSymbolTable(styleTable, AcDb::kForRead), Acad::eOk);
+    EXPECT_EQ(load(L"B"), Acad::eWasOpenForRead);
+    styleTable->close();
+    AcDbLinetypeTable* held = nullptr;
+    ASSERT_EQ(database().getSymbolTable(held, AcDb::kForRead), Acad::eOk);
+    EXPECT_EQ(load(L"B"), Acad::eWasOpenForRead);
+    held->close();
+    EXPECT_EQ(shapeStyles().size(), 0U);
+    EXPECT_FALSE(table().has(L"B"));
+    EXPECT_EQ(load(L"B"), Acad::eOk);
+}
+
+// The system opens this file and fails to read its first page.
+TEST_F(LoadLinetypeTest, FileThatCannotBeReadIsAnAccessError) {
+    EXPECT_EQ(load(L"GOOD", L"/proc/self/mem"), Acad::eFileAccessErr);
+    EXPECT_FALSE(table().has(L"GOOD"));
+}
+
+TEST_F(LoadLinetypeTest, FileIsFoundInAnyCase) {
+    folder.write("Test.LIN", "*X,\nA,1,-1\n");
+    EXPECT_EQ(load(L"X", L"tEST.lin"), Acad::eOk);
 }
 
 TEST_F(LoadLinetypeTest, WhatCannotBeLoadedChangesNothing) {

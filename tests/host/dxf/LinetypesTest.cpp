@@ -1,13 +1,17 @@
+#include "DxfFile.h"
 #include "SavedDrawing.h"
 
 #include "database/AcDbText.h"
 #include "dxf/SaveDxf.h"
+#include "host/database/ShapeFileBytes.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 #include <numbers>
+#include <sstream>
+#include <utility>
 
 using dxf_test::askAnother;
 using dxf_test::changeObject;
@@ -125,6 +129,57 @@ TEST_P(Linetypes, LoadedTextsAreReadByAnotherLibrary) {
          flag + ", (49, -0.5)" + (isR12() ? "" : text) + ", (49, -0.25)" + flag + "]"});
 }
 
+TEST_P(Linetypes, LoadedUprightTextsAreReadByAnotherLibrary) {
+    ASSERT_EQ(load(L"U", "*U,u\nA,1,[\"U\",mono,U=30],-.25\n"), Acad::eOk);
+    // 10 is a text, 2, that stays upright, 8.
+    ask({"[t[1] for t in doc.linetypes.get(\"U\").pattern_tags.tags if t[0] in (74, 50)] == " +
+         std::string(isR12() ? "[]" : "[10, 30.0, 0]")});
+}
+
+TEST_P(Linetypes, LoadedShapesAreReadByAnotherLibrary) {
+    const std::string shapes = dxf_test::temporaryPath(GetParam() + "own.shx");
+    dxf_test::writeFile(shapes, database_test::shapeFileBytes({{130, "TRACK"}, {135, "BOX"}}));
+    ASSERT_EQ(load(L"S", "*S,s\nA,1,-.5,[BOX," + shapes + ",S=.2,R=90,X=.1,Y=.2],-.25,[TRACK," +
+                             shapes + "],-1\n"),
+              Acad::eOk);
+    std::filesystem::remove(shapes);
+    const std::string style = "(340, doc.styles.get_shx(\"" + shapes + "\").dxf.handle)";
+    const std::string box =
+        ", (74, 4), (75, 135), " + style + ", (46, 0.2), (50, 90.0), (44, 0.1), (45, 0.2)";
+    const std::string track =
+        ", (74, 4), (75, 130), " + style + ", (46, 1.0), (50, 0.0), (44, 0.0), (45, 0.0)";
+    const std::string flag = isR12() ? "" : ", (74, 0)";
+    // `get_shx` makes a missing record, so the files are looked at before.
+    ask({"[(s.dxf.name, s.dxf.flags, s.dxf.font) for s in doc.styles if s.dxf.flags == 1] == "
+         "[(\"\", 1, \"" +
+             shapes + "\")]",
+         "[tuple(t) for t in doc.linetypes.get(\"S\").pattern_tags.tags if t[0] != 5] == "
+         "[(72, 65), (73, 4), (40, 2.75), (49, 1.0)" +
+             flag + ", (49, -0.5)" + (isR12() ? "" : box) + ", (49, -0.25)" +
+             (isR12() ? "" : track) + ", (49, -1.0)" + flag + "]"});
+}
+
+TEST_P(Linetypes, LoadedShapesAreReadBack) {
+    const std::string shapes = dxf_test::temporaryPath(GetParam() + "own.shx");
+    dxf_test::writeFile(shapes, database_test::shapeFileBytes({{130, "TRACK"}}));
+    ASSERT_EQ(load(L"S", "*S,s\nA,1,[TRACK," + shapes + "],-.25\n"), Acad::eOk);
+    std::filesystem::remove(shapes);
+    const LoadedDrawing again = LoadedDrawing::fromBytes(dxf_test::savedBytes(database()));
+    std::vector<AcDbObjectId> files;
+    for (const AcDbObjectId id :
+         host_db::peek<AcDbSymbolTable>(again.database().textStyleTableId())->recordIds()) {
+        if (host_db::peek<AcDbTextStyleTableRecord>(id)->isShapeFile()) {
+            files.push_back(id);
+        }
+    }
+    ASSERT_EQ(files.size(), 1U);
+    const auto* const table = host_db::peek<AcDbSymbolTable>(again.database().linetypeTableId());
+    const auto* const read = host_db::peek<AcDbLinetypeTableRecord>(table->find(L"S"));
+    ASSERT_NE(read, nullptr);
+    EXPECT_EQ(read->dashes()[0].style, isR12() ? AcDbObjectId() : files[0]);
+    EXPECT_EQ(read->dashes()[0].shapeNumber, isR12() ? 0 : 130);
+}
+
 TEST_P(Linetypes, ChangedPatternIsWritten) {
     changeObject<AcDbLinetypeTableRecord>(
         find(database().linetypeTableId(), L"PLAIN"), [](AcDbLinetypeTableRecord& record) {
@@ -158,5 +213,74 @@ TEST_P(Linetypes, AddedStylesAreReadByAnotherLibrary) {
 
 INSTANTIATE_TEST_SUITE_P(Versions, Linetypes, testing::Values("R12", "R2000", "R2007", "R2018"),
                          [](const auto& instance) { return instance.param; });
+
+/// A drawing that leaves all its text styles unsaid, with one linetype of its own.
+std::string drawingWithoutStyles() {
+    dxf_test::TextFile file;
+    file.section("HEADER").group(9, "$ACADVER").group(1, "AC1015");
+    file.group(9, "$HANDSEED").group(5, "100").endSection();
+    file.section("TABLES").group(0, "TABLE").group(2, "LTYPE").group(5, "5").group(330, "0");
+    file.group(100, "AcDbSymbolTable").group(70, "1").group(0, "LTYPE").group(5, "14");
+    file.group(330, "5").group(100, "AcDbSymbolTableRecord").group(100, "AcDbLinetypeTableRecord");
+    file.group(2, "OWN").group(70, "0").group(3, "own").group(72, "65").group(73, "2");
+    file.group(40, "3.0").group(49, "2.0").group(74, "0").group(49, "-1.0").group(74, "0");
+    file.group(0, "ENDTAB").endSection().section("ENTITIES").endSection().endOfFile();
+    return file.bytes();
+}
+
+using Group = std::pair<int, std::string>;
+
+std::vector<Group> groupsOf(const std::string& bytes) {
+    std::vector<Group> groups;
+    std::istringstream lines(bytes);
+    for (std::string code, value; std::getline(lines, code) && std::getline(lines, value);) {
+        groups.emplace_back(std::stoi(code), value);
+    }
+    return groups;
+}
+
+/// The saved drawing has one style, Standard, and its one pointer from a dash leads there.
+void expectStandardIsPointedAt(const AcDbDatabase& database) {
+    std::vector<std::string> styles;
+    std::vector<std::string> pointers;
+    const std::vector<Group> groups = groupsOf(dxf_test::savedBytes(database));
+    for (std::size_t i = 0; i < groups.size(); ++i) {
+        if (groups[i] == Group{0, "STYLE"}) {
+            ASSERT_EQ(groups[i + 1].first, 5);
+            styles.push_back(groups[i + 1].second);
+        } else if (groups[i].first == 340 && groups[i - 1].first == 75) {
+            pointers.push_back(groups[i].second);
+        }
+    }
+    EXPECT_EQ(styles.size(), 1U);
+    EXPECT_EQ(pointers, styles);
+    askAnother(database, "style_unsaid",
+               {"[s.dxf.name for s in doc.styles] == [\"Standard\"]",
+                "doc.linetypes.has_entry(\"OWN\") == True"});
+}
+
+TEST(LinetypesWithoutStyles, LoadedTextBringsItsStyleAlong) {
+    const LoadedDrawing drawing = LoadedDrawing::fromBytes(drawingWithoutStyles());
+    const std::string path = dxf_test::temporaryPath("unsaid.lin");
+    dxf_test::writeFile(path, "*T,\nA,1,[\"T\",Standard],-1\n");
+    ASSERT_EQ(
+        drawing.database().loadLineTypeFile(L"T", std::wstring(path.begin(), path.end()).c_str()),
+        Acad::eOk);
+    std::filesystem::remove(path);
+    expectStandardIsPointedAt(drawing.database());
+}
+
+TEST(LinetypesWithoutStyles, ChangedPatternBringsItsStyleAlong) {
+    const LoadedDrawing drawing = LoadedDrawing::fromBytes(drawingWithoutStyles());
+    changeObject<AcDbLinetypeTableRecord>(
+        drawing.byHandle(0x14), [&](AcDbLinetypeTableRecord& record) {
+            std::vector<host_db::LinetypeDash> dashes = record.dashes();
+            dashes[1].flags = host_db::LinetypeDash::kText;
+            dashes[1].style = drawing.database().textstyle();
+            dashes[1].text = L"T";
+            EXPECT_EQ(record.setDashes(dashes), Acad::eOk);
+        });
+    expectStandardIsPointedAt(drawing.database());
+}
 
 } // namespace

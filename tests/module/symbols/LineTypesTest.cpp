@@ -145,6 +145,36 @@ TEST_F(LineTypesTest, TableThatCannotBeOpenedGivesNothing) {
     EXPECT_TRUE(id.isNull());
 }
 
+TEST_F(LineTypesTest, WithoutADrawingThereIsNothing) {
+    define(kProduct, "*VGP_W,product\nA,1,-2\n");
+    AcDbDatabase* const working = acdbHostApplicationServices()->workingDatabase();
+    id = drawing.database().layerZero();
+    acdbHostApplicationServices()->setWorkingDatabase(nullptr);
+    EXPECT_EQ(PelGetLineTypeId(L"VGP_W", id), 0);
+    EXPECT_EQ(PelGetLineTypeId(L"Continuous", id), 0);
+    acdbHostApplicationServices()->setWorkingDatabase(working);
+    EXPECT_EQ(events(), Lines{});
+    EXPECT_EQ(id, drawing.database().layerZero());
+    EXPECT_EQ(PelGetLineTypeId(L"Continuous", id), 1);
+}
+
+// What another has locked is read all the same, and the files are tried in vain.
+TEST_F(LineTypesTest, UnderAnothersLockOnlyWhatIsThereIsFound) {
+    define(kProduct, "*VGP_W,product\nA,1,-2\n");
+    ASSERT_EQ(acDocManager()->lockByAnother(acDocManager()->curDocument(), AcAp::kWrite),
+              Acad::eOk);
+    forget();
+    EXPECT_EQ(PelGetLineTypeId(L"VGP_W", id), 0);
+    EXPECT_EQ(events("linetype"),
+              (Lines{product("eLockViolation")[0], load("acadiso.lin", "eKeyNotFound")[0],
+                     load("acad.lin", "eKeyNotFound")[0]}));
+    EXPECT_TRUE(id.isNull());
+    EXPECT_EQ(PelGetLineTypeId(L"Continuous", id), 1);
+    ASSERT_EQ(acDocManager()->lockByAnother(acDocManager()->curDocument(), AcAp::kNotLocked),
+              Acad::eOk);
+    EXPECT_EQ(PelGetLineTypeId(L"VGP_W", id), 1);
+}
+
 // The loads need the table for write, which a reader elsewhere keeps from them.
 TEST_F(LineTypesTest, TableHeldByAReaderIsLookedAtButNotFilled) {
     define(kProduct, "*VGP_W,product\nA,1,-2\n");
