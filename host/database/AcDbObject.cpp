@@ -126,6 +126,25 @@ AcDbObject::AcDbObject(const AcDbObject& other) : AcRxObject(other) {
     if (!items.empty()) {
         storeXdata(std::move(items));
     }
+    takeCopyOrigin(other);
+}
+
+host_dxf::CopyOrigin AcDbObject::copyOrigin() const {
+    return extra_ ? extra_->copyOrigin : host_dxf::CopyOrigin();
+}
+
+void AcDbObject::takeCopyOrigin(const AcDbObject& other) {
+    const AcDbDatabase* const home = other.database();
+    const bool stands = home != nullptr && !other.source_.isEmpty();
+    const host_dxf::CopyOrigin origin =
+        stands ? host_dxf::CopyOrigin{other.source_, home->serial()} : other.copyOrigin();
+    if (!origin.record.isEmpty()) {
+        extra().copyOrigin = origin;
+    }
+}
+
+host_dxf::SourceRange AcDbObject::replacedRange() const {
+    return extra_ ? extra_->replaced : host_dxf::SourceRange();
 }
 
 void AcDbObject::getAcDbHandle(AcDbHandle& handle) const {
@@ -206,6 +225,10 @@ Acad::ErrorStatus AcDbObject::handOverTo(AcDbObject* object, Adesk::Boolean keep
     }
     if (keepExtensionDictionary != 0 && !extensionDictionary().isNull()) {
         object->extra().extensionDictionary = extensionDictionary();
+    }
+    const host_dxf::SourceRange replaced = source_.isEmpty() ? replacedRange() : source_;
+    if (!replaced.isEmpty()) {
+        object->extra().replaced = replaced;
     }
     owner.replace(id_, object);
     id_.setNull();

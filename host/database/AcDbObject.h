@@ -92,6 +92,15 @@ public:
     /// Where the object was read from; an empty range for one made in this process.
     const host_dxf::SourceRange& sourceRange() const { return source_; }
 
+    /// The record that the object was copied from, straight or through other copies; one with an
+    /// empty range for what is no copy of an object of a file. What the host does not model of a
+    /// copy stands there alone.
+    host_dxf::CopyOrigin copyOrigin() const;
+    /// Makes the object count as a copy of `other`, which may be of another class.
+    void takeCopyOrigin(const AcDbObject& other);
+    /// The record of the object into whose place this one came by handOverTo; else empty.
+    host_dxf::SourceRange replacedRange() const;
+
     /// Whether the object carries data of the application with this number (see
     /// host_db::XdataApplications). Constant time for objects in a database; no text is decoded.
     bool hasXdataOf(std::uint32_t application) const;
@@ -103,6 +112,7 @@ public:
 protected:
     AcDbObject() = default;
     /// Copies what belongs to the object itself: extended data, not identity, owner or open state.
+    /// Where the record stands that it was read from goes along as the copy's origin.
     AcDbObject(const AcDbObject& other);
 
     /// To be asked by each setter before it writes: eNotOpenForWrite when the object may not be
@@ -140,6 +150,8 @@ private:
     struct Extra {
         AcDbObjectId extensionDictionary;
         host_db::ResultItems xdata;
+        host_dxf::CopyOrigin copyOrigin;
+        host_dxf::SourceRange replaced;
     };
 
     Extra& extra();

@@ -20,4 +20,10 @@ struct SourceRange {
     bool isEmpty() const { return begin == end; }
 };
 
+/// The record of a file that an object was copied from, of the database with that serial number.
+struct CopyOrigin {
+    SourceRange record;
+    std::uint32_t database = 0;
+};
+
 } // namespace host_dxf

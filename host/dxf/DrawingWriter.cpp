@@ -80,7 +80,11 @@ void DrawingWriter::eraseGoneObjects() {
     const host_db::ObjectTable& objects = context_.database().objects();
     for (std::size_t place = 0; place < objects.size(); ++place) {
         const AcDbObject* const object = objects.at(place);
-        if (object == nullptr || !context_.isGone(*object)) {
+        if (object == nullptr) {
+            continue;
+        }
+        editor_.eraseReplaced(*object);
+        if (!context_.isGone(*object)) {
             continue;
         }
         editor_.erase(*object);
@@ -203,16 +207,25 @@ void DrawingWriter::writeBlock(const AcDbBlockTableRecord& block) {
 
 void DrawingWriter::writeEntity(const AcDbEntity& entity, const AcDbBlockTableRecord& block) {
     if (context_.isNew(entity)) {
-        const FilePart* const part =
-            isInEntitySection(block) ? nullptr : context_.blockPart(block.objectId());
-        std::string& place =
-            part == nullptr ? context_.addition("ENTITIES") : context_.blockAddition(*part);
-        place += records_.entity(entity);
-        noteNew(entity);
+        addEntity(entity, block);
     } else if (hasChanged(entity)) {
         update(entity);
     }
     updateAttributesOf(entity);
+}
+
+void DrawingWriter::addEntity(const AcDbEntity& entity, const AcDbBlockTableRecord& block) {
+    const SourceRange replaced = entity.replacedRange();
+    const FilePart* const part =
+        isInEntitySection(block) ? nullptr : context_.blockPart(block.objectId());
+    if (!replaced.isEmpty()) {
+        context_.edits().insert(replaced.begin, records_.entity(entity)); // keeps the drawing order
+    } else if (part == nullptr) {
+        context_.addition("ENTITIES") += records_.entity(entity);
+    } else {
+        context_.blockAddition(*part) += records_.entity(entity);
+    }
+    noteNew(entity);
 }
 
 void DrawingWriter::updateAttributesOf(const AcDbEntity& entity) {

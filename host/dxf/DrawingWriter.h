@@ -35,6 +35,7 @@ private:
     void writeBlocks();
     void writeBlock(const AcDbBlockTableRecord& block);
     void writeEntity(const AcDbEntity& entity, const AcDbBlockTableRecord& block);
+    void addEntity(const AcDbEntity& entity, const AcDbBlockTableRecord& block);
     void updateAttributesOf(const AcDbEntity& entity);
     void writeObjects();
     void writeObject(const AcDbObject& object);

@@ -15,6 +15,7 @@
 #include "database/OpenObject.h"
 #include "database/SymbolTables.h"
 #include "dxf/DescribedGeometry.h"
+#include "platform/WideCharacters.h"
 
 #include <memory>
 #include <numbers>
@@ -274,6 +275,19 @@ RecordDescription describeEntity(const AcDbEntity& entity) {
                     AcDbAttributeDefinition, AcDbText, AcDbArc, AcDbCircle, AcDb2dPolyline,
                     AcDb3dPolyline, AcDbEllipse, AcDbSpline>(entity, record);
     return record;
+}
+
+std::size_t heavyVertexCount(const AcDbEntity& entity) {
+    if (const auto* const flat = AcDb2dPolyline::cast(&entity)) {
+        return flat->vertices().size();
+    }
+    const auto* const spatial = AcDb3dPolyline::cast(&entity);
+    return spatial == nullptr ? 0 : spatial->vertices().size();
+}
+
+bool isInMainPaperSpace(const AcDbEntity& entity) {
+    const auto* const block = host_db::peek<AcDbBlockTableRecord>(entity.blockId());
+    return block != nullptr && host_text::compareNoCase(block->name(), L"*Paper_Space") == 0;
 }
 
 } // namespace host_dxf

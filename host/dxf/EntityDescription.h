@@ -2,6 +2,8 @@
 
 #include "dxf/RecordDescription.h"
 
+#include <cstddef>
+
 class AcDbEntity;
 
 namespace host_dxf {
@@ -10,5 +12,11 @@ namespace host_dxf {
 /// without its vertices. An entity that the host does not model gives an empty type and the groups
 /// that all entities have.
 RecordDescription describeEntity(const AcDbEntity& entity);
+
+/// Number of the vertices of a heavy polyline, which are records of their own; 0 for others.
+std::size_t heavyVertexCount(const AcDbEntity& entity);
+
+/// The entity belongs to the paper space whose entities stand beside those of the model.
+bool isInMainPaperSpace(const AcDbEntity& entity);
 
 } // namespace host_dxf

@@ -4,7 +4,7 @@
 
 namespace host_dxf {
 
-std::string FileEdits::applied(std::string_view file) const {
+std::string FileEdits::applied(std::string_view file, std::size_t begin, std::size_t end) const {
     std::vector<const Edit*> ordered;
     std::size_t added = 0;
     for (const Edit& edit : edits_) {
@@ -20,8 +20,8 @@ std::string FileEdits::applied(std::string_view file) const {
         return insertsA != insertsB ? insertsA : a->end > b->end;
     });
     std::string result;
-    result.reserve(file.size() + added);
-    std::size_t place = 0;
+    result.reserve(end - begin + added);
+    std::size_t place = begin;
     for (const Edit* edit : ordered) {
         if (edit->begin < place) {
             continue;
@@ -30,7 +30,7 @@ std::string FileEdits::applied(std::string_view file) const {
         result += edit->text;
         place = edit->end;
     }
-    return result.append(file, place);
+    return result.append(file, place, end - place);
 }
 
 } // namespace host_dxf

@@ -25,7 +25,9 @@ public:
     bool isEmpty() const { return edits_.empty(); }
 
     /// The file after the changes. A change inside a range that another one replaces is dropped.
-    std::string applied(std::string_view file) const;
+    std::string applied(std::string_view file) const { return applied(file, 0, file.size()); }
+    /// The bytes of the file from `begin` to before `end` after the changes, which lie within.
+    std::string applied(std::string_view file, std::size_t begin, std::size_t end) const;
 
 private:
     struct Edit {

@@ -1,7 +1,5 @@
 #include "dxf/ObjectEditor.h"
 
-#include "database/AcDb2dPolyline.h"
-#include "database/AcDb3dPolyline.h"
 #include "database/AcDbBlockReference.h"
 #include "database/AcDbDictionary.h"
 #include "database/AcDbObjectIterator.h"
@@ -22,14 +20,6 @@
 namespace host_dxf {
 
 namespace {
-
-std::size_t vertexCount(const AcDbEntity& entity) {
-    if (const auto* const flat = AcDb2dPolyline::cast(&entity)) {
-        return flat->vertices().size();
-    }
-    const auto* const spatial = AcDb3dPolyline::cast(&entity);
-    return spatial == nullptr ? 0 : spatial->vertices().size();
-}
 
 /// An entry of a dictionary as its record has it.
 struct StandingEntry {
@@ -101,21 +91,13 @@ bool ObjectEditor::updateEntity(RecordEditor& editor, const AcDbEntity& entity,
     return !sameNames(old, now);
 }
 
-std::size_t ObjectEditor::lastRecordBegin(const SourceRange& range) const {
-    TagCursor cursor(context_.file(), range.begin, range.end, range.firstLine);
-    std::size_t begin = range.begin;
-    for (DxfTag tag; cursor.nextUnparsed(tag);) {
-        begin = tag.code == 0 ? tag.begin : begin;
-    }
-    return begin;
-}
-
 // The interface adds vertices to a heavy polyline and changes or takes out none.
 void ObjectEditor::updateVertices(const AcDbEntity& now, const AcDbEntity& before,
                                   const SourceRange& range) {
-    const std::size_t standing = vertexCount(before);
-    if (vertexCount(now) > standing) {
-        context_.edits().insert(lastRecordBegin(range), records_.vertices(now, standing));
+    const std::size_t standing = heavyVertexCount(before);
+    if (heavyVertexCount(now) > standing) {
+        const std::size_t end = recordsIn(context_.file(), range).back().begin;
+        context_.edits().insert(end, records_.vertices(now, standing));
     }
 }
 
@@ -242,6 +224,12 @@ void ObjectEditor::eraseRange(const SourceRange& range) {
         end = tag.code == comment ? end : tag.end;
     }
     context_.edits().erase(range.begin, end); // comments before the next record stay
+}
+
+void ObjectEditor::eraseReplaced(const AcDbObject& object) {
+    if (!object.replacedRange().isEmpty()) {
+        eraseRange(object.replacedRange());
+    }
 }
 
 void ObjectEditor::erase(const AcDbObject& object) {

@@ -24,6 +24,8 @@ public:
     void updateBlockBegin(const AcDbBlockTableRecord& record, const FilePart& part);
     /// Takes out the object's record and what belongs to it.
     void erase(const AcDbObject& object);
+    /// Takes out the record of what stood in the object's place before it.
+    void eraseReplaced(const AcDbObject& object);
     /// The name in the record of a symbol table is another one than the record's, case aside.
     bool isRenamed(const AcDbSymbolTableRecord& record);
 
@@ -37,7 +39,6 @@ private:
                      std::vector<AcDbDictionary::Entry>& wanted);
     void updateXrecord(RecordEditor& editor, const AcDbXrecord& xrecord);
     void eraseRange(const SourceRange& range);
-    std::size_t lastRecordBegin(const SourceRange& range) const;
 
     SaveContext& context_;
     RecordWriter records_;

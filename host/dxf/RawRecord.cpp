@@ -24,6 +24,18 @@ RawRecord::RawRecord(const DxfSource& file, const SourceRange& range) {
     }
 }
 
+std::vector<SourceRange> recordsIn(const DxfSource& file, const SourceRange& range) {
+    std::vector<SourceRange> records;
+    TagCursor cursor(file, range.begin, range.end, range.firstLine);
+    for (DxfTag tag; cursor.nextUnparsed(tag);) {
+        if (tag.code == 0) {
+            records.push_back({tag.begin, tag.end, tag.line, 0});
+        }
+        records.back().end = tag.end;
+    }
+    return records;
+}
+
 const DxfTag* RawRecord::field(int code) const {
     for (const Group& group : groups) {
         if (group.part == RecordPart::Fields && group.tag.code == code) {

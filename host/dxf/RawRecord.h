@@ -37,4 +37,7 @@ struct RawRecord {
     std::size_t xdataBegin() const;
 };
 
+/// The ranges of the single records in a range: an entity's own one and those that belong to it.
+std::vector<SourceRange> recordsIn(const DxfSource& file, const SourceRange& range);
+
 } // namespace host_dxf

@@ -13,6 +13,7 @@
 #include "dxf/DescribedGeometry.h"
 #include "dxf/EntityDescription.h"
 #include "dxf/Numbers.h"
+#include "dxf/RecordCopier.h"
 #include "dxf/SaveFailure.h"
 #include "dxf/TableDescription.h"
 #include "platform/Encoding.h"
@@ -27,10 +28,6 @@ namespace {
 std::string nameForMessage(const AcDbObject& object) {
     return host_text::toUtf8(object.dxfTypeName()) + " with the handle " +
            handleText(object.objectId().handle().value());
-}
-
-bool isMainPaperSpace(const AcDbBlockTableRecord& block) {
-    return host_text::compareNoCase(block.name(), L"*Paper_Space") == 0;
 }
 
 } // namespace
@@ -99,13 +96,32 @@ void RecordWriter::xdata(const AcDbObject& object) {
 
 /// The space that an entity outside of a BLOCK belongs to.
 void RecordWriter::place(const AcDbEntity& entity) {
-    const auto* const block = host_db::peek<AcDbBlockTableRecord>(entity.blockId());
-    if (block != nullptr && isMainPaperSpace(*block)) {
+    if (isInMainPaperSpace(entity)) {
         writer_.integer(67, 1);
     }
 }
 
+/// Writes the entity as a copy of a record of the file; false when it is none. A heavy polyline
+/// comes with its vertices and the end mark.
+bool RecordWriter::copy(const AcDbEntity& entity) {
+    RecordCopier copier(context_, entity);
+    if (!copier.canCopy()) {
+        return false;
+    }
+    const std::size_t standing = copier.standingVertices();
+    const bool grew = heavyVertexCount(entity) > standing;
+    writer_.groups(
+        copier.copied(grew ? RecordWriter(context_).vertices(entity, standing) : std::string()));
+    return true;
+}
+
 void RecordWriter::entityRecord(const AcDbEntity& entity) {
+    if (!copy(entity)) {
+        describedRecord(entity);
+    }
+}
+
+void RecordWriter::describedRecord(const AcDbEntity& entity) {
     const RecordDescription description = describeEntity(entity);
     if (description.type.empty()) {
         throw SaveFailure("a copy of an entity of the kind " + nameForMessage(entity) +
@@ -193,26 +209,33 @@ void RecordWriter::endMark(const AcDbEntity& owningEntity) {
 }
 
 std::string RecordWriter::entity(const AcDbEntity& entity) {
-    entityRecord(entity);
-    const bool light = AcDbPolyline::cast(&entity) != nullptr && !context_.hasLightPolylines();
-    if (light || AcDb2dPolyline::cast(&entity) != nullptr ||
-        AcDb3dPolyline::cast(&entity) != nullptr) {
-        allVertices(entity, 0);
-        endMark(entity);
-    } else if (const auto* const reference = AcDbBlockReference::cast(&entity)) {
-        if (host_db::peek<AcDbBlockTableRecord>(reference->blockTableRecord()) == nullptr) {
-            throw SaveFailure("the " + nameForMessage(entity) + " has no block definition");
-        }
-        const std::unique_ptr<AcDbObjectIterator> attributes(reference->attributeIterator());
-        const bool any = !attributes->done();
-        for (; !attributes->done(); attributes->step()) {
-            entityRecord(*host_db::peek<AcDbEntity>(attributes->objectId()));
-        }
-        if (any) {
+    if (!copy(entity)) {
+        describedRecord(entity);
+        const bool light = AcDbPolyline::cast(&entity) != nullptr && !context_.hasLightPolylines();
+        if (light || AcDb2dPolyline::cast(&entity) != nullptr ||
+            AcDb3dPolyline::cast(&entity) != nullptr) {
+            allVertices(entity, 0);
             endMark(entity);
         }
     }
+    if (const auto* const reference = AcDbBlockReference::cast(&entity)) {
+        attributesOf(*reference);
+    }
     return writer_.take();
+}
+
+void RecordWriter::attributesOf(const AcDbBlockReference& reference) {
+    if (host_db::peek<AcDbBlockTableRecord>(reference.blockTableRecord()) == nullptr) {
+        throw SaveFailure("the " + nameForMessage(reference) + " has no block definition");
+    }
+    const std::unique_ptr<AcDbObjectIterator> attributes(reference.attributeIterator());
+    const bool any = !attributes->done();
+    for (; !attributes->done(); attributes->step()) {
+        entityRecord(*host_db::peek<AcDbEntity>(attributes->objectId()));
+    }
+    if (any) {
+        endMark(reference);
+    }
 }
 
 std::string RecordWriter::attribute(const AcDbEntity& attribute) {

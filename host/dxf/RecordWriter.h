@@ -42,6 +42,9 @@ private:
     void xdata(const AcDbObject& object);
     void place(const AcDbEntity& entity);
     void entityRecord(const AcDbEntity& entity);
+    bool copy(const AcDbEntity& entity);
+    void describedRecord(const AcDbEntity& entity);
+    void attributesOf(const AcDbBlockReference& reference);
     void lightPolyline(const AcDbEntity& entity);
     void vertex(const AcDbEntity& polyline, std::string_view kind, const Fields& fields);
     void ownedRecord(std::string_view type, const AcDbEntity& owner);

@@ -81,8 +81,13 @@ SourceRange SaveContext::rangeOf(const AcDbObject& object) const {
     return standing == nullptr ? SourceRange() : standing->sourceRange();
 }
 
+SourceRange SaveContext::copyOriginOf(const AcDbObject& object) const {
+    const CopyOrigin origin = object.copyOrigin();
+    return !isStandIn() && origin.database == database_.serial() ? origin.record : SourceRange();
+}
+
 bool SaveContext::isImplied(const AcDbObject& object) const {
-    return !isStandIn() && object.sourceRange().isEmpty() &&
+    return !isStandIn() && object.sourceRange().isEmpty() && object.replacedRange().isEmpty() &&
            host_db::placeOf(object.objectId().asOldId()) < outline().objectCount &&
            !created_.contains(object.objectId());
 }

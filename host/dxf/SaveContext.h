@@ -45,6 +45,9 @@ public:
 
     /// The object's bytes in the file; empty when the file does not hold it.
     SourceRange rangeOf(const AcDbObject& object) const;
+    /// The record of this file that the object was copied from; empty for what is no copy, and for
+    /// a copy that came from another drawing.
+    SourceRange copyOriginOf(const AcDbObject& object) const;
     /// The object is to be added to the file: made by the user, or named by `create`.
     bool isNew(const AcDbObject& object) const;
     /// The object stands for what the file leaves unsaid.

@@ -36,6 +36,8 @@ public:
     void handle(int code, std::uint64_t value);
     /// The bytes of a chunk. A group of a binary file holds at most 255, so more take several.
     void chunk(int code, std::string_view value);
+    /// Whole groups in the file's form, as they are.
+    void groups(std::string_view bytes) { bytes_ += bytes; }
     void field(const Field& field);
     void fields(const Fields& fields);
 

@@ -61,6 +61,7 @@ std::unique_ptr<AcDbCurve> partOf(const AcDbCircle& circle, double from, double 
         part->setLinetype(circle.linetypeId());
     }
     part->setVisibility(circle.visibility());
+    part->takeCopyOrigin(circle);
     if (resbuf* xdata = circle.xData()) {
         part->setXData(xdata);
         acutRelRb(xdata);

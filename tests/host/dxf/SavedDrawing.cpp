@@ -36,7 +36,11 @@ std::string temporaryPath(const std::string& name) {
 void runScript(const std::string& script, const std::vector<std::string>& arguments) {
     std::string command = "/usr/bin/python3 -B '" TKVLT_TESTS_DIR "/host/dxf/" + script + "'";
     for (const std::string& argument : arguments) {
-        command += " '" + argument + "'";
+        command += " '";
+        for (const char each : argument) {
+            command += each == '\'' ? std::string("'\\''") : std::string(1, each);
+        }
+        command += "'";
     }
     EXPECT_EQ(std::system(command.c_str()), 0)
         << command << "\nneeds the system's python3 with the package python3-ezdxf";
