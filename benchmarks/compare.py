@@ -135,11 +135,13 @@ class Comparison:
         for kind, _ in GRIDS:
             self.programs.lay(kind, GRID_SIDE)
             self.grids[kind] = self.programs.measure(
-                f"{kind}-{GRID_SIDE}", ("gravity_search",), self.options.repetitions)["gravity_search"]
+                f"{kind}-{GRID_SIDE}", ("gravity_search",),
+                self.options.repetitions)["gravity_search"]
         for side in BREAK_SIDES:
             self.programs.lay("shallow", side)
             self.breaks[side] = self.programs.measure(
-                f"shallow-{side}", ("break_lines",), min(3, self.options.repetitions))["break_lines"]
+                f"shallow-{side}", ("break_lines",),
+                min(3, self.options.repetitions))["break_lines"]
 
 
 class Report:
@@ -169,8 +171,8 @@ class Report:
         load = os.getloadavg()[0]
         self.lines += [
             f"Measured {time.strftime('%Y-%m-%d %H:%M', time.gmtime())} UTC on {processor()}, "
-            f"{os.cpu_count()} cores, {platform.system()} {platform.release()}, {compiler}, release "
-            f"preset. Load average at the end: {load:.1f}"
+            f"{os.cpu_count()} cores, {platform.system()} {platform.release()}, {compiler}, "
+            f"release preset. Load average at the end: {load:.1f}"
             + (" (the machine had other work: compare times in user mode, not wall times)."
                if load > os.cpu_count() else ".")]
 
@@ -186,8 +188,8 @@ class Report:
     def pair(self, what, size, first, second, limit):
         """Times in user mode decide: they are the program's own, whatever else the machine does."""
         ratio = first.user / second.user
-        self.row(what, f"{size:,}", times(first), times(second), f"{ratio:.3g}", f"at most {limit:g}",
-                 verdict(ratio <= limit))
+        self.row(what, f"{size:,}", times(first), times(second), f"{ratio:.3g}",
+                 f"at most {limit:g}", verdict(ratio <= limit))
 
     def index_pairs(self):
         for (kind, size), figures in self.comparison.plain.items():
@@ -201,12 +203,14 @@ class Report:
 
     def size_pairs(self):
         figures = self.comparison.figures
-        rows = [("gravity search, beside the bare graph", "sewers", "gravity_search", "peer", "peer"),
-                ("two systems side by side, two searches, beside the bare graph", "twin", "gravity_search", "peer",
+        rows = [("gravity search, beside the bare graph", "sewers", "gravity_search", "peer",
                  "peer"),
+                ("two systems side by side, two searches, beside the bare graph", "twin",
+                 "gravity_search", "peer", "peer"),
                 ("gravity search, beside loading", "sewers", "gravity_search", "load", "load"),
                 ("pressure search, beside loading", "water", "pressure_search", "load", "load"),
-                ("lowering, beside the search", "sewers", "lower_heights", "gravity_search", "lower"),
+                ("lowering, beside the search", "sewers", "lower_heights", "gravity_search",
+                 "lower"),
                 ("loading, beside ezdxf", "sewers", "load", "ezdxf", "ezdxf")]
         for what, kind, first, second, limit in rows:
             for size, measured in figures[kind].items():
