@@ -303,9 +303,10 @@ def missed_limits(rows):
 
 
 def exponent(by_size):
-    """Slope of the least-squares line through the logarithms; None for fewer than two sizes."""
+    """Slope of the least-squares line through the logarithms; None unless the sizes span a decade,
+    since noise would make the slope."""
     points = [(math.log(size), math.log(value)) for size, value in by_size.items() if value > 0]
-    if len(points) < 2:
+    if len(points) < 2 or max(by_size) < 10 * min(by_size):
         return None
     x_mean = sum(x for x, _ in points) / len(points)
     y_mean = sum(y for _, y in points) / len(points)
