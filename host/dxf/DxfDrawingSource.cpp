@@ -1,5 +1,6 @@
 #include "dxf/DxfDrawingSource.h"
 
+#include "database/NameKey.h"
 #include "dxf/TagCursor.h"
 #include "platform/WideCharacters.h"
 
@@ -37,10 +38,31 @@ CString DxfDrawingSource::decoded(std::string_view bytes) const {
     return CString(std::wstring_view(decoder_->decode(bytes)));
 }
 
-bool DxfDrawingSource::isApplication(std::string_view bytes, const wchar_t* application) const {
-    const auto known = applicationNames_.find(bytes);
-    return known != applicationNames_.end()
-               ? host_text::compareNoCase(known->second.c_str(), application) == 0
+void DxfDrawingSource::setApplicationNames(const ApplicationNames& names) {
+    numberOfBytes_.clear();
+    numberOfName_.clear();
+    for (const auto& [bytes, name] : names) {
+        const auto next = static_cast<std::uint32_t>(numberOfName_.size());
+        const std::uint32_t number =
+            numberOfName_.try_emplace(host_db::nameKey(name.c_str()), next).first->second;
+        numberOfName_.try_emplace(name, number);
+        numberOfBytes_.emplace(bytes, number);
+    }
+}
+
+std::uint32_t DxfDrawingSource::applicationNumber(const wchar_t* application) const {
+    auto known = numberOfName_.find(std::wstring_view(application));
+    if (known == numberOfName_.end()) {
+        known = numberOfName_.find(host_db::nameKey(application));
+    }
+    return known == numberOfName_.end() ? kNoApplication : known->second;
+}
+
+bool DxfDrawingSource::isApplication(std::string_view bytes, const wchar_t* application,
+                                     std::uint32_t number) const {
+    const auto known = numberOfBytes_.find(bytes);
+    return known != numberOfBytes_.end()
+               ? known->second == number
                : host_text::compareNoCase(decoder_->decode(bytes).c_str(), application) == 0;
 }
 
@@ -63,6 +85,7 @@ bool DxfDrawingSource::firstXdataString(const SourceRange& range, const wchar_t*
     if (range.xdataOffset == 0) {
         return false;
     }
+    const std::uint32_t number = applicationNumber(application);
     TagCursor cursor = cursorOver(range);
     DxfTag tag;
     bool inside = false;
@@ -71,7 +94,7 @@ bool DxfDrawingSource::firstXdataString(const SourceRange& range, const wchar_t*
             if (inside) {
                 break;
             }
-            inside = isApplication(tag.text, application);
+            inside = isApplication(tag.text, application, number);
         } else if (inside && tag.code == firstXdataCode) {
             text = decoded(tag.text);
             return true;

@@ -7,6 +7,8 @@
 #include "dxf/ItemCollector.h"
 #include "dxf/TextDecoder.h"
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -37,17 +39,31 @@ public:
     /// The decoded names of the file's applications by their bytes in the file, so that looking for
     /// an application decodes no name. A name that is missing here is decoded each time.
     using ApplicationNames = std::unordered_map<std::string_view, std::wstring>;
-    void setApplicationNames(ApplicationNames names) { applicationNames_ = std::move(names); }
+    void setApplicationNames(const ApplicationNames& names);
 
 private:
+    static constexpr std::uint32_t kNoApplication = 0xFFFFFFFFU;
+    /// For hashing a text of any kind, so that a look-up copies none.
+    struct TextHash {
+        using is_transparent = void;
+        std::size_t operator()(std::wstring_view text) const noexcept {
+            return std::hash<std::wstring_view>{}(text);
+        }
+    };
+
     TagCursor cursorOver(const SourceRange& range) const;
     CString decoded(std::string_view bytes) const;
-    bool isApplication(std::string_view bytes, const wchar_t* application) const;
+    std::uint32_t applicationNumber(const wchar_t* application) const;
+    bool isApplication(std::string_view bytes, const wchar_t* application,
+                       std::uint32_t number) const;
 
     std::shared_ptr<const DxfSource> file_;
     std::shared_ptr<const TextDecoder> decoder_;
     FileOutline outline_;
-    ApplicationNames applicationNames_;
+    /// The file's applications are numbered, one number for all cases of a name.
+    std::unordered_map<std::string_view, std::uint32_t> numberOfBytes_;
+    /// By the names as the file spells them, and in the form that all cases share.
+    std::unordered_map<std::wstring, std::uint32_t, TextHash, std::equal_to<>> numberOfName_;
 };
 
 } // namespace host_dxf
