@@ -310,6 +310,10 @@ bool AcRxDynamicLinker::isAppMDIAware(const ACHAR* moduleName) const {
     return isAppMDIAware(static_cast<void*>(byName(moduleName)));
 }
 
+void* AcRxDynamicLinker::applicationId(const std::string& name) const {
+    return byName(withoutFolders(name));
+}
+
 std::vector<std::string> AcRxDynamicLinker::moduleNames() const {
     std::vector<std::string> names;
     for (const auto& module : modules_) {

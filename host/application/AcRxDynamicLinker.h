@@ -57,6 +57,8 @@ public:
 
     /// Names of the loaded modules in the order of their loading, UTF-8.
     std::vector<std::string> moduleNames() const;
+    /// The id of a loaded module, by its name or path in UTF-8; nullptr for any other.
+    void* applicationId(const std::string& name) const;
     /// The name of the first loaded module that is not MDI aware; empty when all are.
     std::string firstNotMDIAware() const;
     /// Why the last loadModule or unloadModule failed: one line, UTF-8.
