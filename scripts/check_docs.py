@@ -23,7 +23,8 @@ def make_xml(root, folder):
     with open(os.path.join(root, "Doxyfile"), encoding="utf-8") as file:
         settings = file.read()
     settings += f"\nOUTPUT_DIRECTORY={folder}\nINPUT=module\nGENERATE_HTML=NO\nGENERATE_XML=YES\n"
-    settings += "XML_PROGRAMLISTING=NO\n"
+    # What is exported is looked up whether it is public or not.
+    settings += "EXTRACT_PRIVATE=YES\nXML_PROGRAMLISTING=NO\n"
     subprocess.run(["doxygen", "-"], input=settings, text=True, check=True, cwd=root,
                    stdout=subprocess.DEVNULL)
     return os.path.join(folder, "xml")

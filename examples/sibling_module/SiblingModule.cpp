@@ -1,5 +1,4 @@
-// A sibling module: when it is loaded it asks for the network of the first tank of the current
-// drawing and prints it.
+// A sibling module: when it is loaded it prints the network of the first tank of the drawing.
 
 #include "TKVltSearchModule18.h"
 
@@ -7,16 +6,11 @@
 #include <memory>
 
 static AcDbObjectId firstTank() {
-    wchar_t application[] = L"池体";
-    resbuf name{};
-    name.restype = 1001;
-    name.resval.rstring = application;
-    resbuf marker{};
-    marker.restype = -3;
-    marker.rbnext = &name;
+    const std::unique_ptr<resbuf, int (*)(resbuf*)> filter(acutBuildList(-3, 1001, L"池体", 0),
+                                                           &acutRelRb);
     ads_name set, entity;
     AcDbObjectId id;
-    if (acedSSGet(L"X", nullptr, nullptr, &marker, set) == RTNORM) {
+    if (acedSSGet(L"X", nullptr, nullptr, filter.get(), set) == RTNORM) {
         acedSSName(set, 0, entity);
         acdbGetObjectId(id, entity);
         acedSSFree(set);
@@ -38,14 +32,17 @@ extern "C" __attribute__((visibility("default"))) int acrxGetApiVersion() {
 
 extern "C" __attribute__((visibility("default"))) int acrxEntryPoint(int message, void* appId) {
     if (message == AcRx::kInitAppMsg) {
-        AcRxDynamicLinker::cast(acrxSysRegistry()->at(L"DynamicLinker"))->unlockApplication(appId);
+        auto* linker = AcRxDynamicLinker::cast(acrxSysRegistry()->at(L"DynamicLinker"));
+        linker->unlockApplication(appId);
+        linker->registerAppMDIAware(appId);
         SearchObject* object = nullptr;
         AcDbObjectId start = firstTank(), none;
-        GetSearchInformation(object, start, none, AcGePoint3d());
+        const int result = GetSearchInformation(object, start, none, AcGePoint3d());
         const std::unique_ptr<SearchObject> owner(object);
-        if (object != nullptr && object->IsKindOf(RUNTIME_CLASS(GravitySearchObject))) {
-            printNetwork(static_cast<const GravitySearchObject&>(*object));
+        if (result != 1 || !object || !object->IsKindOf(RUNTIME_CLASS(GravitySearchObject))) {
+            return AcRx::kRetError;
         }
+        printNetwork(static_cast<const GravitySearchObject&>(*object));
     }
     return AcRx::kRetOK;
 }

@@ -74,37 +74,65 @@ void AcApDocManager::removeReactor(AcApDocManagerReactor* reactor) {
     }
 }
 
-template<class Operation, class Argument>
-void AcApDocManager::tell(Operation operation, Argument argument) {
+template<class Operation, class Argument, class Condition>
+void AcApDocManager::tellWhile(Condition condition, Operation operation, Argument argument) {
     // A reactor may leave, or take others away, while it is told.
     const std::vector<AcApDocManagerReactor*> told = reactors_;
     for (AcApDocManagerReactor* reactor : told) {
-        if (std::find(reactors_.begin(), reactors_.end(), reactor) != reactors_.end()) {
+        const bool present =
+            std::find(reactors_.begin(), reactors_.end(), reactor) != reactors_.end();
+        if (present && condition()) {
             (reactor->*operation)(argument);
         }
     }
+}
+
+template<class Operation, class Argument>
+void AcApDocManager::tell(Operation operation, Argument argument) {
+    tellWhile([] { return true; }, operation, argument);
+}
+
+template<class Operation>
+bool AcApDocManager::tellOf(AcApDocument* document, Operation operation) {
+    const AcApDocument* before = current_;
+    const auto unchanged = [&] { return current_ == before && has(document); };
+    tellWhile(unchanged, operation, document);
+    return unchanged();
 }
 
 void AcApDocManager::makeCurrent(AcApDocument* document) {
     if (current_ == document) {
         return;
     }
-    if (current_ != nullptr) {
-        tell(&AcApDocManagerReactor::documentToBeDeactivated, current_);
+    const bool left =
+        current_ == nullptr || tellOf(current_, &AcApDocManagerReactor::documentToBeDeactivated);
+    // What a reactor has brought to the front instead stays there.
+    if (left && has(document)) {
+        enter(document);
     }
-    enter(document);
 }
 
 void AcApDocManager::enter(AcApDocument* document) {
-    if (document != nullptr) {
-        tell(&AcApDocManagerReactor::documentToBeActivated, document);
+    if (!tellOf(document, &AcApDocManagerReactor::documentToBeActivated)) {
+        return;
     }
     current_ = document;
-    acdbHostApplicationServices()->setWorkingDatabase(document == nullptr ? nullptr
-                                                                          : document->database());
-    tell(&AcApDocManagerReactor::documentBecameCurrent, document);
-    if (document != nullptr) {
-        tell(&AcApDocManagerReactor::documentActivated, document);
+    acdbHostApplicationServices()->setWorkingDatabase(document->database());
+    if (tellOf(document, &AcApDocManagerReactor::documentBecameCurrent)) {
+        tellOf(document, &AcApDocManagerReactor::documentActivated);
+    }
+}
+
+void AcApDocManager::enterAnother() {
+    // A reactor may close the one that would be next.
+    while (current_ == nullptr && !documents_.empty()) {
+        enter(documents_.back().get());
+    }
+    if (current_ == nullptr) {
+        acdbHostApplicationServices()->setWorkingDatabase(nullptr);
+        tellWhile([this] { return current_ == nullptr; },
+                  &AcApDocManagerReactor::documentBecameCurrent,
+                  static_cast<AcApDocument*>(nullptr));
     }
 }
 
@@ -114,6 +142,9 @@ Acad::ErrorStatus AcApDocManager::setCurDocument(AcApDocument* document, AcAp::D
         return Acad::eInvalidInput;
     }
     makeCurrent(document);
+    if (current_ != document) {
+        return Acad::eInvalidInput;
+    }
     // The working database can have been set to another one meanwhile.
     acdbHostApplicationServices()->setWorkingDatabase(document->database());
     const bool asksLock = mode != AcAp::kNone && mode != AcAp::kNotLocked;
@@ -179,25 +210,32 @@ AcApDocument* AcApDocManager::adopt(std::unique_ptr<AcApDocument> document) {
     AcApDocument* added = document.get();
     tell(&AcApDocManagerReactor::documentCreateStarted, added);
     documents_.push_back(std::move(document));
-    tell(&AcApDocManagerReactor::documentCreated, added);
-    makeCurrent(added);
-    return added;
+    tellWhile([&] { return has(added); }, &AcApDocManagerReactor::documentCreated, added);
+    if (has(added)) {
+        makeCurrent(added);
+    }
+    return has(added) ? added : nullptr;
 }
 
 bool AcApDocManager::close(AcApDocument* document) {
     if (!has(document)) {
         return false;
     }
-    tell(&AcApDocManagerReactor::documentToBeDestroyed, document);
+    tellWhile([&] { return has(document); }, &AcApDocManagerReactor::documentToBeDestroyed,
+              document);
+    if (!has(document)) {
+        return true;
+    }
     const bool wasCurrent = current_ == document;
     const CString fileName = document->fileName();
-    std::erase_if(documents_, [&](const auto& each) { return each.get() == document; });
     if (wasCurrent) {
         current_ = nullptr;
     }
+    std::erase_if(documents_, [&](const auto& each) { return each.get() == document; });
     tell(&AcApDocManagerReactor::documentDestroyed, static_cast<const ACHAR*>(fileName));
-    if (wasCurrent) {
-        enter(documents_.empty() ? nullptr : documents_.back().get());
+    // Unless a reactor has brought one to the front already.
+    if (wasCurrent && current_ == nullptr) {
+        enterAnother();
     }
     return true;
 }

@@ -30,7 +30,8 @@ public:
     AcApDocumentIterator* newAcApDocumentIterator() const;
 
     /// Makes an open document the current one and its database the working one; the lock is taken
-    /// when it is not kNone. eInvalidInput for a foreign pointer.
+    /// when it is not kNone. eInvalidInput for a foreign pointer, and when a reactor that is told
+    /// of the change closes the document or brings another one to the front.
     Acad::ErrorStatus setCurDocument(AcApDocument* document, AcAp::DocLockMode mode = AcAp::kNone,
                                      bool activate = false);
     Acad::ErrorStatus activateDocument(AcApDocument* document);
@@ -61,21 +62,31 @@ public:
     std::size_t lockCount() const;
 
     /// Takes a document in and makes it the current one. Reactors are told of its creation, then of
-    /// the change of the current document.
+    /// the change of the current document. nullptr when one of them has closed it again.
     AcApDocument* adopt(std::unique_ptr<AcApDocument> document);
     /// Closes a document and deletes its drawing; when it was the current one, the one opened last
-    /// of the rest becomes current. Reactors are told before and after, and must not close it
-    /// themselves. False for a foreign pointer.
+    /// of the rest becomes current, unless a reactor has brought another to the front by then.
+    /// Reactors are told before and after, and must not close it themselves; when they are told
+    /// after, no document is current if it was this one. False for a foreign pointer.
     bool close(AcApDocument* document);
 
 private:
     bool has(const AcApDocument* document) const;
     /// Leaves the current document for another; nothing when it is that one already.
     void makeCurrent(AcApDocument* document);
-    /// Makes a document, or none, the current one after the former has been left.
+    /// Makes an open document the current one after the former has been left.
     void enter(AcApDocument* document);
+    /// After the current document has gone: enters the one opened last, or none.
+    void enterAnother();
+    /// Tells the reactors one after the other, as long as the condition holds.
+    template<class Operation, class Argument, class Condition>
+    void tellWhile(Condition condition, Operation operation, Argument argument);
     template<class Operation, class Argument>
     void tell(Operation operation, Argument argument);
+    /// Tells of an open document until a reactor closes it or changes which one is current; false
+    /// when one did.
+    template<class Operation>
+    bool tellOf(AcApDocument* document, Operation operation);
 
     std::vector<std::unique_ptr<AcApDocument>> documents_;
     std::vector<AcApDocManagerReactor*> reactors_;

@@ -7,7 +7,8 @@ class AcApDocument;
 
 /// Told of what becomes of documents once it is added to the document manager, on the thread that
 /// does it. All operations do nothing unless overridden. A reactor may take itself or others away
-/// while it is told; it must not outlive its registration.
+/// while it is told, open and close documents and change the current one; those behind it are then
+/// not told of what is no longer so. It must not outlive its registration.
 class AcApDocManagerReactor : public AcRxObject {
     ACRX_DECLARE_MEMBERS(AcApDocManagerReactor);
 
@@ -20,7 +21,8 @@ public:
     virtual void documentCreated(AcApDocument* document);
     /// It is about to be closed; it and its drawing are whole.
     virtual void documentToBeDestroyed(AcApDocument* document);
-    /// It is gone; the text is what its file name was, empty for a new drawing.
+    /// It is gone; the text is what its file name was, empty for a new drawing. When it was the
+    /// current document, none is current now: the next one is entered after this.
     virtual void documentDestroyed(const ACHAR* fileName);
     /// It is current now, and its database is the working one; nullptr when none is open any more.
     virtual void documentBecameCurrent(AcApDocument* document);

@@ -7,17 +7,22 @@
 ACRX_DEFINE_MEMBERS(AcRxDictionary, AcRxObject, nullptr)
 
 AcRxObject* AcRxDictionary::at(const ACHAR* key) const {
+    if (key == nullptr) {
+        return nullptr;
+    }
     const auto found = objects_.find(key);
     return found == objects_.end() ? nullptr : found->second;
 }
 
 AcRxObject* AcRxDictionary::atPut(const ACHAR* key, AcRxObject* object) {
-    return std::exchange(objects_[key], object);
+    return key == nullptr ? nullptr : std::exchange(objects_[key], object);
 }
 
 AcRxObject* AcRxDictionary::remove(const ACHAR* key) {
     AcRxObject* object = at(key);
-    objects_.erase(key);
+    if (key != nullptr) {
+        objects_.erase(key);
+    }
     return object;
 }
 

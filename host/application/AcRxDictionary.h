@@ -5,7 +5,7 @@
 #include <map>
 #include <string>
 
-/// Objects by name. It owns none of them.
+/// Objects by name. It owns none of them. Nothing stands under a null name.
 class AcRxDictionary : public AcRxObject {
     ACRX_DECLARE_MEMBERS(AcRxDictionary);
 

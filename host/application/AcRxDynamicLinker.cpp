@@ -1,16 +1,20 @@
 #include "application/AcRxDynamicLinker.h"
 
 #include "application/AcApDocManager.h"
+#include "application/LibraryFile.h"
 #include "platform/Encoding.h"
 #include "platform/HostEvents.h"
 
 #include <algorithm>
 #include <dlfcn.h>
+#include <exception>
 #include <link.h>
 
 ACRX_DEFINE_MEMBERS(AcRxDynamicLinker, AcRxObject, nullptr)
 
 namespace {
+
+constexpr const char* kOneDocument = "it works with one document only, and several are open";
 
 using EntryPoint = int (*)(int message, void* appId);
 using ApiVersion = int (*)();
@@ -34,24 +38,56 @@ void tell(const std::string& line) {
     }
 }
 
+/// The system's record of a mapped file.
+const link_map* placeOf(void* handle) {
+    link_map* place = nullptr;
+    return dlinfo(handle, RTLD_DI_LINKMAP, &place) == 0 ? place : nullptr;
+}
+
+/// A function that the file itself exports; nullptr when only a library that it is linked with has
+/// one of that name.
 template<class Function>
-Function symbol(void* handle, const char* name) {
-    return reinterpret_cast<Function>(dlsym(handle, name));
+Function ownSymbol(void* handle, const char* name) {
+    void* address = dlsym(handle, name);
+    Dl_info info{};
+    link_map* place = nullptr;
+    const bool found =
+        address != nullptr &&
+        dladdr1(address, &info, reinterpret_cast<void**>(&place), RTLD_DL_LINKMAP) != 0;
+    return found && place == placeOf(handle) ? reinterpret_cast<Function>(address) : nullptr;
 }
 
 /// Where a mapped file was found.
 std::string pathOf(void* handle) {
-    link_map* place = nullptr;
-    return dlinfo(handle, RTLD_DI_LINKMAP, &place) == 0 ? place->l_name : std::string();
+    const link_map* place = placeOf(handle);
+    return place == nullptr ? std::string() : place->l_name;
 }
 
-bool isMapped(const std::string& path) {
+/// The handle of a file that is mapped, to be compared and not used; nullptr for any other.
+const void* mappedHandle(const std::string& path) {
     void* handle = dlopen(path.c_str(), RTLD_NOW | RTLD_NOLOAD);
-    if (handle == nullptr) {
-        return false;
+    if (handle != nullptr) {
+        dlclose(handle);
     }
-    dlclose(handle);
-    return true;
+    return handle;
+}
+
+std::string textOf(const ACHAR* name) {
+    return name == nullptr ? std::string() : host_text::toUtf8(name);
+}
+
+/// Calls into a module. Gives why it failed, empty when it did not: what a module throws may be of
+/// a class of its own, so nothing of it is left when this returns.
+template<class Call>
+std::string failureOf(Call call) {
+    try {
+        call();
+    } catch (const std::exception& error) {
+        return std::string("it fails with an exception: ") + error.what();
+    } catch (...) {
+        return "it fails with an exception";
+    }
+    return {};
 }
 
 } // namespace
@@ -64,11 +100,21 @@ struct AcRxDynamicLinker::Module {
     ApiVersion apiVersion = nullptr;
     bool locked = true;
     bool mdiAware = false;
+    bool busy = false; ///< handles a message
 
-    int send(AcRx::AppMsgCode message) {
-        const int answer = entryPoint(message, this);
-        tell("entry " + name + " " + std::to_string(message) + " = " + std::to_string(answer));
-        return answer;
+    /// Gives why the module failed, or nothing; kRetError counts as a failure at its load alone.
+    std::string send(AcRx::AppMsgCode message) {
+        int answer = AcRx::kRetOK;
+        busy = true;
+        std::string failure = failureOf([&] { answer = entryPoint(message, this); });
+        busy = false;
+        if (failure.empty()) {
+            tell("entry " + name + " " + std::to_string(message) + " = " + std::to_string(answer));
+        }
+        if (message == AcRx::kInitAppMsg && answer == AcRx::kRetError) {
+            failure = "it reports an error";
+        }
+        return failure;
     }
 };
 
@@ -92,8 +138,8 @@ std::unique_ptr<AcRxDynamicLinker::Module> AcRxDynamicLinker::map(const std::str
         return nullptr;
     }
     module->path = pathOf(module->handle);
-    module->entryPoint = symbol<EntryPoint>(module->handle, "acrxEntryPoint");
-    module->apiVersion = symbol<ApiVersion>(module->handle, "acrxGetApiVersion");
+    module->entryPoint = ownSymbol<EntryPoint>(module->handle, "acrxEntryPoint");
+    module->apiVersion = ownSymbol<ApiVersion>(module->handle, "acrxGetApiVersion");
     if (module->entryPoint == nullptr || module->apiVersion == nullptr) {
         unmap(*module);
         refuse(path, "cannot be loaded: it is no module of this host");
@@ -103,24 +149,41 @@ std::unique_ptr<AcRxDynamicLinker::Module> AcRxDynamicLinker::map(const std::str
 }
 
 bool AcRxDynamicLinker::loadModule(const ACHAR* fileName, bool /*printit*/, bool /*asCmd*/) {
-    const std::string path = host_text::toUtf8(fileName);
-    if (byName(withoutFolders(path)) != nullptr) {
+    const std::string path = textOf(fileName);
+    // The system would take an empty name for the program itself.
+    if (path.empty()) {
+        return refuse("(no name)", "cannot be loaded");
+    }
+    if (byName(withoutFolders(path)) != nullptr || isLoadedFile(path)) {
         return refuse(path, "is loaded already");
+    }
+    if (host::isCutShort(path)) {
+        return refuse(path, "cannot be loaded: the file is cut short");
     }
     std::unique_ptr<Module> module = map(path);
     if (module == nullptr) {
         return false;
     }
-    const int version = module->apiVersion();
-    tell("api version " + module->name + " " + hexadecimal(version));
-    constexpr int kMajor = 0x10000;
-    if (version / kMajor != AcRx::kApiVersion / kMajor) {
+    if (const std::string reason = versionRefusal(*module); !reason.empty()) {
         unmap(*module);
-        return refuse(path, "cannot be loaded: it was built for version " + hexadecimal(version) +
-                                " of the programming interface, and this is " +
-                                hexadecimal(AcRx::kApiVersion));
+        return refuse(path, "cannot be loaded: " + reason);
     }
     return initialise(std::move(module));
+}
+
+std::string AcRxDynamicLinker::versionRefusal(const Module& module) {
+    int version = 0;
+    const std::string failure = failureOf([&] { version = module.apiVersion(); });
+    if (!failure.empty()) {
+        return failure;
+    }
+    tell("api version " + module.name + " " + hexadecimal(version));
+    constexpr int kMajor = 0x10000;
+    if (version / kMajor == AcRx::kApiVersion / kMajor) {
+        return {};
+    }
+    return "it was built for version " + hexadecimal(version) +
+           " of the programming interface, and this is " + hexadecimal(AcRx::kApiVersion);
 }
 
 bool AcRxDynamicLinker::initialise(std::unique_ptr<Module> owner) {
@@ -128,37 +191,47 @@ bool AcRxDynamicLinker::initialise(std::unique_ptr<Module> owner) {
     modules_.push_back(std::move(owner));
     Module& module = *modules_.back();
     const std::string name = module.name;
-    if (module.send(AcRx::kInitAppMsg) == AcRx::kRetError) {
+    const std::string failure = module.send(AcRx::kInitAppMsg);
+    if (!failure.empty()) {
         forget(module);
-        return refuse(name, "cannot be loaded: it reports an error");
+        return refuse(name, "cannot be loaded: " + failure);
     }
-    if (!module.mdiAware && acDocManager()->documentCount() > 1) {
+    if (isOneOfSeveral(module)) {
         module.send(AcRx::kUnloadAppMsg);
         forget(module);
-        return refuse(name, "cannot be loaded: it works with one document only, and several are "
-                            "open");
+        return refuse(name, std::string("cannot be loaded: ") + kOneDocument);
     }
     return true;
 }
 
 bool AcRxDynamicLinker::unloadModule(const ACHAR* fileName, bool /*asCmd*/) {
-    const std::string path = host_text::toUtf8(fileName);
+    const std::string path = textOf(fileName);
     Module* module = byName(withoutFolders(path));
     if (module == nullptr) {
-        return refuse(path, "is not loaded");
+        return refuse(path.empty() ? "(no name)" : path, "is not loaded");
+    }
+    if (module->busy) {
+        return refuse(path, "cannot be unloaded: it is handling a message");
     }
     if (module->locked) {
         return refuse(path, "cannot be unloaded: it is locked");
     }
-    module->send(AcRx::kUnloadAppMsg);
+    if (isOneOfSeveral(*module)) {
+        return refuse(path, std::string("cannot be unloaded: ") + kOneDocument);
+    }
+    const std::string failure = module->send(AcRx::kUnloadAppMsg);
     forget(*module);
-    return true;
+    return failure.empty() || refuse(path, "is unloaded, but " + failure);
+}
+
+bool AcRxDynamicLinker::isOneOfSeveral(const Module& module) {
+    return !module.mdiAware && acDocManager()->documentCount() > 1;
 }
 
 void AcRxDynamicLinker::unmap(Module& module) {
     tell("unload " + module.name);
     dlclose(module.handle);
-    tell((isMapped(module.path) ? "still mapped " : "unmapped ") + module.name);
+    tell((mappedHandle(module.path) != nullptr ? "still mapped " : "unmapped ") + module.name);
 }
 
 void AcRxDynamicLinker::forget(const Module& module) {
@@ -182,7 +255,14 @@ AcRxDynamicLinker::Module* AcRxDynamicLinker::byName(const std::string& name) co
 }
 
 AcRxDynamicLinker::Module* AcRxDynamicLinker::byName(const ACHAR* fileName) const {
-    return byName(withoutFolders(host_text::toUtf8(fileName)));
+    return byName(withoutFolders(textOf(fileName)));
+}
+
+bool AcRxDynamicLinker::isLoadedFile(const std::string& path) const {
+    const void* handle = mappedHandle(path);
+    return handle != nullptr &&
+           std::any_of(modules_.begin(), modules_.end(),
+                       [&](const auto& each) { return each->handle == handle; });
 }
 
 bool AcRxDynamicLinker::set(bool Module::*flag, const void* appId, bool value,
@@ -228,6 +308,10 @@ bool AcRxDynamicLinker::isAppMDIAware(void* appId) const {
 
 bool AcRxDynamicLinker::isAppMDIAware(const ACHAR* moduleName) const {
     return isAppMDIAware(static_cast<void*>(byName(moduleName)));
+}
+
+void* AcRxDynamicLinker::applicationId(const std::string& name) const {
+    return byName(withoutFolders(name));
 }
 
 std::vector<std::string> AcRxDynamicLinker::moduleNames() const {

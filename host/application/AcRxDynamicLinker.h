@@ -16,7 +16,8 @@
 /// which forbids to unload it, and counts as unable to work with several documents, until it
 /// says otherwise while it handles kInitAppMsg or later. An `appId` is the value that the entry
 /// point gets with a message and holds while the module is loaded. Modules are named by file
-/// name, folders left out. What fails changes nothing and leaves its reason in `lastError`.
+/// name, folders left out. What fails leaves its reason in `lastError` and changes nothing, but for
+/// an unload message that the module does not survive. Null names are those of no module.
 class AcRxDynamicLinker : public AcRxObject {
     ACRX_DECLARE_MEMBERS(AcRxDynamicLinker);
 
@@ -26,13 +27,17 @@ public:
     ~AcRxDynamicLinker() override;
 
     /// Loads a module from a file; a name without a folder is looked up as the system does, and a
-    /// library that the process is linked with is found by its name. False for a file that cannot
-    /// be mapped or is no module, for another major version, for a module that is loaded already or
-    /// answers kRetError, and, while several documents are open, for one that has not
-    /// declared itself MDI aware when kInitAppMsg is done. `printit` and `asCmd` have no effect.
+    /// library that the process is linked with is found by its name. False for an empty name, for a
+    /// file that cannot be mapped or does not export both entries itself, for another major
+    /// version, for a module that is loaded already, under this file name or as this file under
+    /// another, for one that throws or answers kRetError, and, while several documents are open,
+    /// for one that has not declared itself MDI aware when kInitAppMsg is done. `printit` and
+    /// `asCmd` have no effect.
     bool loadModule(const ACHAR* fileName, bool printit, bool asCmd = false);
 
-    /// Unloads a module by its name or path. False for one that is not loaded or is locked.
+    /// Unloads a module by its name or path. False for one that is not loaded, is locked or is
+    /// handling a message, and, while several documents are open, for one that is not MDI aware.
+    /// False too for one that throws at kUnloadAppMsg, which is gone nevertheless.
     bool unloadModule(const ACHAR* fileName, bool asCmd = false);
 
     /// Forbid and allow to unload a module. False for an unknown id.
@@ -52,6 +57,8 @@ public:
 
     /// Names of the loaded modules in the order of their loading, UTF-8.
     std::vector<std::string> moduleNames() const;
+    /// The id of a loaded module, by its name or path in UTF-8; nullptr for any other.
+    void* applicationId(const std::string& name) const;
     /// The name of the first loaded module that is not MDI aware; empty when all are.
     std::string firstNotMDIAware() const;
     /// Why the last loadModule or unloadModule failed: one line, UTF-8.
@@ -62,13 +69,18 @@ private:
 
     bool refuse(const std::string& name, const std::string& reason);
     std::unique_ptr<Module> map(const std::string& path);
+    /// Why a module's version does not fit; empty when it does.
+    static std::string versionRefusal(const Module& module);
     bool initialise(std::unique_ptr<Module> module);
+    /// It is not MDI aware, and several documents are open.
+    static bool isOneOfSeveral(const Module& module);
     void unmap(Module& module);
     void forget(const Module& module);
     bool set(bool Module::*flag, const void* appId, bool value, const std::string& event);
     Module* byId(const void* appId) const;
     Module* byName(const std::string& name) const;
     Module* byName(const ACHAR* fileName) const;
+    bool isLoadedFile(const std::string& path) const;
 
     std::vector<std::unique_ptr<Module>> modules_;
     std::string lastError_;

@@ -37,7 +37,12 @@ AcApDocument* openDocument(const std::string& path, std::string& error) {
     if (database == nullptr) {
         return nullptr;
     }
-    return acDocManager()->adopt(std::make_unique<AcApDocument>(std::move(database), path));
+    AcApDocument* opened =
+        acDocManager()->adopt(std::make_unique<AcApDocument>(std::move(database), path));
+    if (opened == nullptr) {
+        error = path + ": cannot be opened: it was closed while its opening was being told";
+    }
+    return opened;
 }
 
 bool saveDocument(AcApDocument* document, const std::string& path, std::string& error) {

@@ -8,7 +8,8 @@ class AcApDocument;
 namespace host {
 
 /// Makes an empty drawing in a document of its own, which becomes the current one. nullptr while a
-/// document is open and a module is loaded that works with one document only.
+/// document is open and a module is loaded that works with one document only, and when a reactor of
+/// the document manager closes it at once.
 AcApDocument* newDocument();
 
 /// Reads a drawing from a file into a document, which becomes the current one. `path` is UTF-8. On

@@ -29,6 +29,10 @@ bool unloadModule(const std::string& path, std::string& error) {
     return report(linker().unloadModule(host_text::fromUtf8(path).c_str()), error);
 }
 
+void* moduleId(const std::string& path) {
+    return linker().applicationId(path);
+}
+
 std::vector<std::string> loadedModules() {
     return linker().moduleNames();
 }

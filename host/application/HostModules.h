@@ -14,6 +14,9 @@ bool loadModule(const std::string& path, std::string& error);
 /// and one line in `error`.
 bool unloadModule(const std::string& path, std::string& error);
 
+/// The `appId` of a loaded module, by its name or path; nullptr for one that is not loaded.
+void* moduleId(const std::string& path);
+
 /// File names of the loaded modules without folders, in the order of their loading.
 std::vector<std::string> loadedModules();
 

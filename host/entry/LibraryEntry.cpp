@@ -10,16 +10,27 @@ const char tkvltLibraryEntry = 0;
 
 namespace {
 
+/// How many lists were aside before this library set more aside.
+std::size_t listsBefore = 0;
+
 /// Priority 101 is the first that the compiler leaves to programs: before any static constructor.
 [[gnu::constructor(101)]] void rawEntry() {
+    listsBefore = host::listsAside();
     AfxExtensionRawEntry();
 }
 
-/// Made last of the library's static objects, for the archive stands last in its link line; so it
-/// goes first, at the unmapping of the library as at the end of the process.
+/// Stands for the system's calls of the entry function. Static objects are made in the order of the
+/// link line and go in the reverse one, at the unmapping of the library as at the end of the
+/// process. The archive that holds this one stands behind the library's own object files and behind
+/// whatever is named before it; objects of archives that are named after it are made later and go
+/// sooner than this one.
 class ProcessAttachment {
 public:
-    ProcessAttachment() { DllMain(host::instanceOf(this), DLL_PROCESS_ATTACH, nullptr); }
+    ProcessAttachment() {
+        DllMain(host::instanceOf(this), DLL_PROCESS_ATTACH, nullptr);
+        // A library that has not initialised its record must not keep the lists of others.
+        host::putListsBack(listsBefore);
+    }
     ProcessAttachment(const ProcessAttachment&) = delete;
     ProcessAttachment& operator=(const ProcessAttachment&) = delete;
     ~ProcessAttachment() { DllMain(host::instanceOf(this), DLL_PROCESS_DETACH, nullptr); }

@@ -1,10 +1,10 @@
 #include "platform/CObject.h"
 
-const CRuntimeClass CObject::classCObject = {
+CRuntimeClass CObject::classCObject = {
     "CObject", static_cast<int>(sizeof(CObject)), 0xFFFF, nullptr, nullptr, nullptr};
 
 CRuntimeClass* CObject::GetThisClass() {
-    return const_cast<CRuntimeClass*>(&classCObject);
+    return &classCObject;
 }
 
 CRuntimeClass* CObject::_GetBaseClass() {

@@ -32,7 +32,7 @@ public:
     /// Whether the object's class is `runtimeClass` or derived from it; false for null.
     bool IsKindOf(const CRuntimeClass* runtimeClass) const;
 
-    static const CRuntimeClass classCObject;
+    static CRuntimeClass classCObject;
     /// Address of `classCObject`.
     static CRuntimeClass* GetThisClass();
     /// Always null: the root has no base.
@@ -45,7 +45,7 @@ public:
 /// Inside a class: declares its record and the operations that give it out.
 #define DECLARE_DYNAMIC(className)                                                                 \
 public:                                                                                            \
-    static const CRuntimeClass class##className;                                                   \
+    static CRuntimeClass class##className;                                                         \
     static CRuntimeClass* GetThisClass();                                                          \
     static CRuntimeClass* _GetBaseClass();                                                         \
     CRuntimeClass* GetRuntimeClass() const override;
@@ -55,11 +55,11 @@ public:                                                                         
     CRuntimeClass* className::_GetBaseClass() {                                                    \
         return baseClassName::GetThisClass();                                                      \
     }                                                                                              \
-    const CRuntimeClass className::class##className = {                                            \
+    CRuntimeClass className::class##className = {                                                  \
         #className, static_cast<int>(sizeof(className)), 0xFFFF,                                   \
         nullptr,    &className::_GetBaseClass,           nullptr};                                 \
     CRuntimeClass* className::GetThisClass() {                                                     \
-        return const_cast<CRuntimeClass*>(&className::class##className);                           \
+        return &className::class##className;                                                       \
     }                                                                                              \
     CRuntimeClass* className::GetRuntimeClass() const {                                            \
         return GetThisClass();                                                                     \

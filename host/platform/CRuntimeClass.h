@@ -3,7 +3,8 @@
 class CObject;
 
 /// The record that identifies a class at run time; every class of the family has one for the
-/// whole process. Records are constant-initialised, so they may be used before main starts.
+/// whole process. Records are constant-initialised, so they may be used before main starts, and not
+/// constant: registering writes their link.
 struct CRuntimeClass {
     /// Class name, narrow text.
     const char* m_lpszClassName;

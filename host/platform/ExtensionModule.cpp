@@ -3,7 +3,6 @@
 #include "platform/Encoding.h"
 #include "platform/HostEvents.h"
 
-#include <tuple>
 #include <utility>
 
 namespace {
@@ -23,16 +22,17 @@ void tell(const wchar_t* event, HMODULE module) {
     }
 }
 
-/// Puts the host's lists back and hands out what was gathered meanwhile; nothing when they
-/// were not set aside.
-std::pair<CRuntimeClass*, COleObjectFactory*> takeGathered() {
+/// Puts the lists set aside last back and hands out what was gathered meanwhile; nothing when none
+/// were set aside.
+AFX_LISTS_ASIDE takeGathered() {
     AFX_MODULE_STATE* state = AfxGetModuleState();
-    if (!std::exchange(state->m_bListsAside, false)) {
-        return {nullptr, nullptr};
+    if (state->m_listsAside.empty()) {
+        return {};
     }
-    return {
-        std::exchange(state->m_classList.m_pHead, std::exchange(state->m_pClassInit, nullptr)),
-        std::exchange(state->m_factoryList.m_pHead, std::exchange(state->m_pFactoryInit, nullptr))};
+    const AFX_LISTS_ASIDE aside = state->m_listsAside.back();
+    state->m_listsAside.pop_back();
+    return {std::exchange(state->m_classList, aside.m_classList),
+            std::exchange(state->m_factoryList, aside.m_factoryList)};
 }
 
 /// Enters the records of a chain in a list, each in front of those before.
@@ -45,20 +45,20 @@ void addAll(List& list, Record* first, Record* Record::*next) {
     }
 }
 
-void giveGatheredToHost() {
+void giveGatheredToOwnerBefore() {
     AFX_MODULE_STATE* state = AfxGetModuleState();
-    const auto [classes, factories] = takeGathered();
-    addAll(state->m_classList, classes, &CRuntimeClass::m_pNextClass);
-    addAll(state->m_factoryList, factories, &COleObjectFactory::m_pNextFactory);
+    const AFX_LISTS_ASIDE gathered = takeGathered();
+    addAll(state->m_classList, gathered.m_classList.GetHead(), &CRuntimeClass::m_pNextClass);
+    addAll(state->m_factoryList, gathered.m_factoryList.GetHead(),
+           &COleObjectFactory::m_pNextFactory);
 }
 
 } // namespace
 
 void AfxExtensionRawEntry() {
     AFX_MODULE_STATE* state = AfxGetModuleState();
-    state->m_pClassInit = std::exchange(state->m_classList.m_pHead, nullptr);
-    state->m_pFactoryInit = std::exchange(state->m_factoryList.m_pHead, nullptr);
-    state->m_bListsAside = true;
+    state->m_listsAside.push_back(
+        {std::exchange(state->m_classList, {}), std::exchange(state->m_factoryList, {})});
     host::announce(L"classes aside");
 }
 
@@ -67,13 +67,15 @@ BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HMODULE hModule) {
         return TRUE;
     }
     if (hModule == nullptr) {
-        giveGatheredToHost();
+        giveGatheredToOwnerBefore();
         return FALSE;
     }
     state.bInitialized = TRUE;
     state.hModule = hModule;
     state.hResource = hModule;
-    std::tie(state.pFirstSharedClass, state.pFirstSharedFactory) = takeGathered();
+    const AFX_LISTS_ASIDE gathered = takeGathered();
+    state.pFirstSharedClass = gathered.m_classList.GetHead();
+    state.pFirstSharedFactory = gathered.m_factoryList.GetHead();
     tell(L"extension init ", hModule);
     return TRUE;
 }
@@ -112,6 +114,16 @@ CDynLinkLibrary::~CDynLinkLibrary() {
 }
 
 namespace host {
+
+std::size_t listsAside() {
+    return AfxGetModuleState()->m_listsAside.size();
+}
+
+void putListsBack(std::size_t kept) {
+    while (listsAside() > kept) {
+        giveGatheredToOwnerBefore();
+    }
+}
 
 std::size_t registeredClassCount() {
     std::size_t count = AfxGetModuleState()->m_classList.GetCount();

@@ -14,14 +14,15 @@ struct AFX_EXTENSION_MODULE {
 };
 
 /// The raw entry of an extension library, to be called before any of its static constructors: moves
-/// the host's lists of classes and factories aside, so that what registers from now on is
-/// the library's. AfxInitExtensionModule puts them back.
+/// the lists of classes and factories in force aside, so that what registers from now on is the
+/// library's. AfxInitExtensionModule puts them back. A library that is loaded while another one
+/// gathers has lists of its own; each call puts back what the last raw entry set aside.
 void AfxExtensionRawEntry();
 
 /// Initialises the record of an extension library that is being loaded: keeps its handle, takes
-/// over the classes and factories gathered since the raw entry, and puts the host's lists
+/// over the classes and factories gathered since the raw entry, and puts the lists of before
 /// back. A record that is initialised already is left as it is. TRUE when done, FALSE for a null
-/// handle; then the record stays as it was and what was gathered is the host's.
+/// handle; then the record stays as it was and what was gathered goes to those lists.
 BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HMODULE hModule);
 
 /// Ends an extension library: deletes its per-library objects, of all libraries when `bAll`, and
@@ -46,6 +47,12 @@ public:
 };
 
 namespace host {
+
+/// How many times lists have been set aside and not been put back.
+std::size_t listsAside();
+/// Puts lists back until `kept` are left aside; what was gathered meanwhile goes to them. For a
+/// library that has set them aside and did not initialise its record.
+void putListsBack(std::size_t kept);
 
 /// Classes registered in the host's list and in those of the extension libraries.
 std::size_t registeredClassCount();

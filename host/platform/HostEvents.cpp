@@ -37,10 +37,13 @@ void announce(const std::wstring& line) {
     if (!isListening()) {
         return;
     }
-    // A listener may leave while it is being told.
+    // A listener may leave, or take others away, while it is told.
     const std::vector<EventListener*> told = watch().listeners;
     for (EventListener* listener : told) {
-        listener->onEvent(line);
+        const std::vector<EventListener*>& present = watch().listeners;
+        if (std::find(present.begin(), present.end(), listener) != present.end()) {
+            listener->onEvent(line);
+        }
     }
 }
 

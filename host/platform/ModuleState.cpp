@@ -23,11 +23,29 @@ COleObjectFactory::COleObjectFactory() {
     AfxGetModuleState()->m_factoryList.AddHead(this);
 }
 
-COleObjectFactory::~COleObjectFactory() {
+namespace {
+
+/// Takes a record out of the one list that it stands in: that in force, one set aside, or that of
+/// an extension library. `listOf` gives the list of each of these.
+template<class Record, class ListOf>
+void leaveItsList(Record* record, ListOf listOf) {
     AFX_MODULE_STATE* state = AfxGetModuleState();
-    bool found = state->m_factoryList.Remove(this);
+    bool found = listOf(*state).Remove(record);
+    for (AFX_LISTS_ASIDE& aside : state->m_listsAside) {
+        found = found || listOf(aside).Remove(record);
+    }
     for (CDynLinkLibrary* library = state->m_pFirstLibrary; library != nullptr && !found;
          library = library->m_pNextDLL) {
-        found = library->m_factoryList.Remove(this);
+        found = listOf(*library).Remove(record);
     }
+}
+
+} // namespace
+
+COleObjectFactory::~COleObjectFactory() {
+    leaveItsList(this, [](auto& owner) -> CObjectFactoryList& { return owner.m_factoryList; });
+}
+
+AFX_CLASSINIT::~AFX_CLASSINIT() {
+    leaveItsList(m_pClass, [](auto& owner) -> CRuntimeClassList& { return owner.m_classList; });
 }

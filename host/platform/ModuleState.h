@@ -5,11 +5,13 @@
 #include "platform/PlatformTypes.h"
 #include "platform/SimpleList.h"
 
+#include <vector>
+
 class CDynLinkLibrary;
 
 /// Makes objects of one class for other programs. Here it is only an entry in the list of
-/// factories: it registers itself when it is made and leaves the list of the library that gathered
-/// it, or the host's, when it goes.
+/// factories: it registers itself when it is made and leaves the list that it stands in when it
+/// goes.
 class COleObjectFactory : public CObject {
 public:
     COleObjectFactory();
@@ -21,16 +23,20 @@ public:
 using CRuntimeClassList = SimpleList<CRuntimeClass, &CRuntimeClass::m_pNextClass>;
 using CObjectFactoryList = SimpleList<COleObjectFactory, &COleObjectFactory::m_pNextFactory>;
 
+/// Lists set aside while a library gathers its own.
+struct AFX_LISTS_ASIDE {
+    CRuntimeClassList m_classList;
+    CObjectFactoryList m_factoryList;
+};
+
 /// What the class library keeps for the program: the classes and factories that registered, the
 /// resource handle in force, and the extension libraries attached.
 struct AFX_MODULE_STATE {
     CRuntimeClassList m_classList;
     CObjectFactoryList m_factoryList;
-    /// The program's own classes and factories while a library gathers its own.
-    CRuntimeClass* m_pClassInit = nullptr;
-    COleObjectFactory* m_pFactoryInit = nullptr;
-    /// The two lists above are set aside.
-    bool m_bListsAside = false;
+    /// The program's own lists first; behind them those of libraries whose loading is interrupted
+    /// by the loading of another.
+    std::vector<AFX_LISTS_ASIDE> m_listsAside;
     HINSTANCE m_hCurrentResourceHandle = nullptr;
     /// The library attached last comes first; not owned here.
     CDynLinkLibrary* m_pFirstLibrary = nullptr;
@@ -46,8 +52,14 @@ void AfxSetResourceHandle(HINSTANCE instance);
 /// Puts a class into the list in force: the host's, or that of the library that is being loaded.
 void AfxClassInit(CRuntimeClass* newClass);
 
-/// Registers a class for as long as the library lives that holds it. A static object of this kind
+/// Registers a class for as long as this lives: the record leaves whichever list it then stands
+/// in, so that none keeps a record of a library that is unmapped. A static object of this kind
 /// stands beside the record of each class that can be made by name.
 struct AFX_CLASSINIT {
-    explicit AFX_CLASSINIT(CRuntimeClass* newClass) { AfxClassInit(newClass); }
+    explicit AFX_CLASSINIT(CRuntimeClass* newClass) : m_pClass(newClass) { AfxClassInit(newClass); }
+    AFX_CLASSINIT(const AFX_CLASSINIT&) = delete;
+    AFX_CLASSINIT& operator=(const AFX_CLASSINIT&) = delete;
+    ~AFX_CLASSINIT();
+
+    CRuntimeClass* m_pClass;
 };

@@ -5,6 +5,7 @@ The build tree, its configuration, the sanitizer flags and the compiler come fro
 """
 import json
 import os
+import re
 import subprocess
 import tempfile
 import unittest
@@ -17,7 +18,9 @@ CONFIG = os.environ["TKVLT_CONFIG"]
 
 def run(*arguments):
     """What a command wrote; a failure shows all of it."""
-    environment = {k: v for k, v in os.environ.items() if k not in ("TKVLT_SYSTEM_PATH", "DESTDIR")}
+    # What is installed must find its libraries without any help of the caller's.
+    foreign = ("TKVLT_SYSTEM_PATH", "DESTDIR", "LD_LIBRARY_PATH", "LD_RUN_PATH")
+    environment = {k: v for k, v in os.environ.items() if k not in foreign}
     done = subprocess.run(arguments, capture_output=True, text=True, check=False, timeout=600,
                           env=environment)
     if done.returncode != 0:
@@ -54,6 +57,19 @@ class PackageTest(unittest.TestCase):
                 self.assertNotIn(BUILD, text, name)
                 self.assertNotIn(os.path.dirname(EXAMPLES), text, name)
         self.assertIn("TKVltSearchModule18Config.cmake", found)
+
+    def test_libraries_and_command_look_for_each_other_beside_themselves(self):
+        expected = {os.path.join("lib", "libtkvlt_host.so"): ["$ORIGIN"],
+                    os.path.join("lib", "libtkvlt_siblings.so"): ["$ORIGIN"],
+                    os.path.join("lib", "libTKVltSearchModule18.so"): ["$ORIGIN"],
+                    os.path.join("bin", "pipenet"): ["$ORIGIN/../lib"]}
+        for name, places in expected.items():
+            text = run("readelf", "-d", os.path.join(self.prefix, name))
+            found = re.findall(r"\((?:RUNPATH|RPATH)\)[^\[]*\[([^\]]*)\]", text)
+            self.assertIn("(NEEDED)", text, name)
+            found = [place for each in found for place in each.split(":")]
+            self.assertNotIn(BUILD, text, name)
+            self.assertEqual(found, places, name)
 
     def test_installed_command_finds_its_settings_and_its_module(self):
         nodes, edges = self.truth()

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
 
 namespace {
@@ -160,6 +161,139 @@ TEST_F(DocManagerReactorTest, AReactorMayTakeItselfAndOthersAwayWhileItIsTold) {
     EXPECT_EQ(second.lines, Lines{});
     EXPECT_EQ(acDocManager()->reactorCount(), reactorsBefore_ + 1);
     EXPECT_EQ(told().size(), 5U);
+}
+
+/// Does something once at one of the events. The witness stands in front of it or behind it.
+class Meddler : public AcApDocManagerReactor {
+public:
+    using Deed = std::function<void(AcApDocument*)>;
+
+    Meddler() { acDocManager()->addReactor(this); }
+    ~Meddler() override { acDocManager()->removeReactor(this); }
+
+    void documentCreated(AcApDocument* d) override { once(created, d); }
+    void documentDestroyed(const ACHAR* /*name*/) override { once(destroyed, nullptr); }
+    void documentToBeDestroyed(AcApDocument* d) override { once(toBeDestroyed, d); }
+    void documentToBeActivated(AcApDocument* d) override { once(toBeActivated, d); }
+    void documentToBeDeactivated(AcApDocument* d) override { once(toBeDeactivated, d); }
+    void documentBecameCurrent(AcApDocument* d) override { once(becameCurrent, d); }
+
+    Deed created, destroyed, toBeDestroyed, toBeActivated, toBeDeactivated, becameCurrent;
+
+private:
+    static void once(Deed& deed, AcApDocument* document) {
+        if (const Deed now = std::exchange(deed, nullptr)) {
+            now(document);
+        }
+    }
+};
+
+TEST_F(DocManagerReactorTest, WhileADestructionIsToldNoDocumentIsCurrent) {
+    Meddler meddler;
+    host::newDocument();
+    AcApDocument* b = host::newDocument();
+    const AcApDocument* current = b;
+    meddler.destroyed = [&](AcApDocument* /*none*/) {
+        current = acDocManager()->curDocument();
+        EXPECT_EQ(acdbHostApplicationServices()->workingDatabase(), nullptr);
+    };
+    host::closeDocument(b);
+    EXPECT_EQ(current, nullptr);
+}
+
+TEST_F(DocManagerReactorTest, WhatAReactorBringsToTheFrontAfterADestructionStaysThere) {
+    Meddler meddler;
+    AcApDocument* a = host::newDocument();
+    host::newDocument();
+    AcApDocument* c = host::newDocument();
+    told();
+    meddler.destroyed = [&](AcApDocument* /*none*/) { acDocManager()->activateDocument(a); };
+    host::closeDocument(c);
+    EXPECT_EQ(acDocManager()->curDocument(), a);
+    EXPECT_EQ(told(), (Lines{"to be destroyed C", "destroyed ''", "to be activated A",
+                             "became current A", "activated A"}));
+}
+
+TEST_F(DocManagerReactorTest, AReactorMayOpenADocumentWhenTheLastOneIsGone) {
+    Meddler meddler;
+    AcApDocument* opened = nullptr;
+    AcApDocument* a = host::newDocument();
+    told();
+    meddler.destroyed = [&](AcApDocument* /*none*/) { opened = host::newDocument(); };
+    host::closeDocument(a);
+    ASSERT_NE(opened, nullptr);
+    EXPECT_EQ(acDocManager()->curDocument(), opened);
+    EXPECT_EQ(acdbHostApplicationServices()->workingDatabase(), opened->database());
+    EXPECT_EQ(acDocManager()->documentCount(), 1);
+}
+
+TEST_F(DocManagerReactorTest, AReactorMayCloseTheNextDocumentAfterADestruction) {
+    Meddler meddler;
+    AcApDocument* a = host::newDocument();
+    AcApDocument* b = host::newDocument();
+    AcApDocument* c = host::newDocument();
+    meddler.destroyed = [&](AcApDocument* /*none*/) { host::closeDocument(b); };
+    host::closeDocument(c);
+    EXPECT_EQ(acDocManager()->curDocument(), a);
+    EXPECT_EQ(acDocManager()->documentCount(), 1);
+}
+
+TEST_F(DocManagerReactorTest, ADocumentClosedAtItsCreationIsNotEntered) {
+    Meddler meddler;
+    AcApDocument* a = host::newDocument();
+    told();
+    meddler.created = [](AcApDocument* d) { host::closeDocument(d); };
+    EXPECT_EQ(host::newDocument(), nullptr);
+    EXPECT_EQ(acDocManager()->curDocument(), a);
+    EXPECT_EQ(told(),
+              (Lines{"create started B", "created B", "to be destroyed B", "destroyed ''"}));
+    meddler.created = [](AcApDocument* d) { host::closeDocument(d); };
+    std::string error;
+    const std::string path = TKVLT_EXAMPLES_DIR "/town.dxf";
+    EXPECT_EQ(host::openDocument(path, error), nullptr);
+    EXPECT_EQ(error, path + ": cannot be opened: it was closed while its opening was being told");
+    EXPECT_EQ(acDocManager()->documentCount(), 1);
+}
+
+TEST_F(DocManagerReactorTest, ADocumentClosedBeforeItsActivationIsNotEntered) {
+    Meddler meddler;
+    AcApDocument* a = host::newDocument();
+    AcApDocument* b = host::newDocument();
+    meddler.toBeActivated = [](AcApDocument* d) { host::closeDocument(d); };
+    EXPECT_EQ(acDocManager()->activateDocument(a), Acad::eInvalidInput);
+    EXPECT_EQ(acDocManager()->curDocument(), b);
+    meddler.toBeDeactivated = [](AcApDocument* d) { host::closeDocument(d); };
+    AcApDocument* c = host::newDocument();
+    EXPECT_EQ(acDocManager()->curDocument(), c);
+    EXPECT_EQ(acDocManager()->documentCount(), 1);
+}
+
+TEST_F(DocManagerReactorTest, ADocumentClosedAsItBecomesCurrentIsNotToldOfAnyMore) {
+    AcApDocument* a = host::newDocument();
+    acDocManager()->removeReactor(&witness_);
+    Meddler meddler;
+    Witness second; // told behind the meddler
+    acDocManager()->addReactor(&second);
+    AcApDocument* b = nullptr;
+    meddler.becameCurrent = [&](AcApDocument* d) { host::closeDocument(b = d); };
+    second.letters[a] = 'A';
+    EXPECT_EQ(host::newDocument(), nullptr);
+    EXPECT_NE(b, nullptr);
+    EXPECT_EQ(acDocManager()->curDocument(), a);
+    EXPECT_EQ(second.lines, (Lines{"create started B", "created B", "to be deactivated A",
+                                   "to be activated B", "to be destroyed B", "destroyed ''",
+                                   "to be activated A", "became current A", "activated A"}));
+}
+
+TEST_F(DocManagerReactorTest, ADocumentClosedAtItsOwnClosingGoesOnce) {
+    Meddler meddler;
+    AcApDocument* a = host::newDocument();
+    told();
+    meddler.toBeDestroyed = [](AcApDocument* d) { host::closeDocument(d); };
+    host::closeDocument(a);
+    EXPECT_EQ(acDocManager()->documentCount(), 0);
+    EXPECT_EQ(told(), (Lines{"to be destroyed A", "to be destroyed A", "destroyed ''",
+                             "became current -"}));
 }
 
 } // namespace

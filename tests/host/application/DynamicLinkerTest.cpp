@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <dlfcn.h>
+#include <filesystem>
+#include <fstream>
 #include <string>
 
 namespace {
@@ -193,8 +196,143 @@ TEST_F(DynamicLinkerTest, BesideAModuleOfOneDocumentNoSecondOneIsOpened) {
     EXPECT_NE(host::newDocument(), nullptr);
     EXPECT_TRUE(linker()->registerAppNotMDIAware(id));
     EXPECT_EQ(host::newDocument(), nullptr);
+    host::closeDocument(acDocManager()->curDocument());
     EXPECT_TRUE(unload("test_single_module.so"));
     EXPECT_NE(host::newDocument(), nullptr);
+}
+
+TEST_F(DynamicLinkerTest, AModuleOfOneDocumentIsNotUnloadedBesideTwo) {
+    ASSERT_TRUE(load("test_plain_module.so"));
+    host::newDocument();
+    host::newDocument();
+    EXPECT_TRUE(linker()->registerAppNotMDIAware(appIdOf("test_plain_module.so")));
+    const host::HostRecorder recorder;
+    EXPECT_FALSE(unload("test_plain_module.so"));
+    EXPECT_EQ(error_, "test_plain_module.so: cannot be unloaded: it works with one document only, "
+                      "and several are open");
+    EXPECT_TRUE(recorder.lines().empty());
+    host::closeDocument(acDocManager()->curDocument());
+    EXPECT_TRUE(unload("test_plain_module.so")) << error_;
+}
+
+TEST_F(DynamicLinkerTest, EntriesOfALinkedLibraryAreNotTheFilesOwn) {
+    for (const std::string name :
+         {"test_half_module.so", "test_borrowing_module.so", "test_half_borrowing_module.so"}) {
+        const host::HostRecorder recorder;
+        EXPECT_FALSE(load(name));
+        EXPECT_EQ(error_, fileOf(name) + ": cannot be loaded: it is no module of this host");
+        EXPECT_EQ(recorder.linesOf(L"entry").size(), 0U) << name;
+        EXPECT_EQ(recorder.linesOf(L"api").size(), 0U) << name;
+        EXPECT_FALSE(isMapped(name));
+    }
+    EXPECT_TRUE(load("test_shared_module.so")) << error_;
+    EXPECT_TRUE(unload("test_shared_module.so")) << error_;
+}
+
+TEST_F(DynamicLinkerTest, NullAndEmptyNamesAreThoseOfNoModule) {
+    const ACHAR* none = nullptr;
+    for (const ACHAR* name : {none, L""}) {
+        EXPECT_FALSE(linker()->loadModule(name, false));
+        EXPECT_EQ(linker()->lastError(), "(no name): cannot be loaded");
+        EXPECT_FALSE(linker()->unloadModule(name));
+        EXPECT_EQ(linker()->lastError(), "(no name): is not loaded");
+        EXPECT_FALSE(linker()->isApplicationLocked(name));
+        EXPECT_FALSE(linker()->isAppMDIAware(name));
+    }
+    const std::string noText;
+    EXPECT_FALSE(host::loadModule(noText, error_));
+    EXPECT_EQ(acrxSysRegistry()->at(none), nullptr);
+    EXPECT_FALSE(acrxSysRegistry()->has(none));
+    EXPECT_EQ(acrxSysRegistry()->atPut(none, linker()), nullptr);
+    EXPECT_FALSE(acrxSysRegistry()->has(none));
+    EXPECT_EQ(acrxSysRegistry()->remove(none), nullptr);
+    EXPECT_EQ(acrxSysRegistry()->at(ACRX_DYNAMIC_LINKER), linker());
+}
+
+TEST_F(DynamicLinkerTest, AModuleThatThrowsAtItsLoadIsUnmapped) {
+    const host::HostRecorder recorder;
+    EXPECT_FALSE(load("test_load_throws_module.so"));
+    EXPECT_EQ(error_, "test_load_throws_module.so: cannot be loaded: it fails with an exception: "
+                      "trouble");
+    EXPECT_EQ(host::loadedModules(), Names{});
+    EXPECT_FALSE(isMapped("test_load_throws_module.so"));
+    EXPECT_EQ(recorder.linesOf(L"unmapped").size(), 1U);
+    EXPECT_FALSE(load("test_version_throws_module.so"));
+    EXPECT_EQ(error_, fileOf("test_version_throws_module.so") +
+                          ": cannot be loaded: it fails with an exception");
+    EXPECT_FALSE(isMapped("test_version_throws_module.so"));
+}
+
+TEST_F(DynamicLinkerTest, AModuleThatThrowsAtItsUnloadIsGoneNevertheless) {
+    ASSERT_TRUE(load("test_unload_throws_module.so")) << error_;
+    EXPECT_FALSE(unload("test_unload_throws_module.so"));
+    EXPECT_EQ(error_,
+              "test_unload_throws_module.so: is unloaded, but it fails with an exception: trouble");
+    EXPECT_EQ(host::loadedModules(), Names{});
+    EXPECT_FALSE(isMapped("test_unload_throws_module.so"));
+}
+
+TEST_F(DynamicLinkerTest, AModuleNeitherUnloadsNorLoadsItselfWhileItHandlesAMessage) {
+    const host::HostRecorder recorder;
+    ASSERT_TRUE(load("test_self_module.so")) << error_;
+    ASSERT_TRUE(unload("test_self_module.so")) << error_;
+    const std::wstring refused = L"test_self_module.so: ";
+    const std::wstring unload = refused + L"cannot be unloaded: it is handling a message";
+    const std::wstring load = refused + L"is loaded already";
+    EXPECT_EQ(recorder.linesOf(L"test_self_module.so:"),
+              (std::vector<std::wstring>{unload, load, unload, load}));
+    EXPECT_TRUE(recorder.linesOf(L"done").empty());
+    EXPECT_FALSE(isMapped("test_self_module.so"));
+}
+
+/// A folder of its own, removed at the end.
+class Folder {
+public:
+    Folder() {
+        std::string name = std::filesystem::temp_directory_path() / "moduleXXXXXX";
+        path_ = mkdtemp(name.data());
+    }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+    ~Folder() { std::filesystem::remove_all(path_); }
+    std::filesystem::path operator/(const char* name) const { return path_ / name; }
+
+private:
+    std::filesystem::path path_;
+};
+
+TEST_F(DynamicLinkerTest, AnotherNameOfALoadedFileIsLoadedAlready) {
+    const Folder folder;
+    const std::string link = folder / "link.so";
+    std::filesystem::create_symlink(fileOf("test_plain_module.so"), link);
+    ASSERT_TRUE(load("test_plain_module.so"));
+    const host::HostRecorder recorder;
+    EXPECT_FALSE(host::loadModule(link, error_));
+    EXPECT_EQ(error_, link + ": is loaded already");
+    EXPECT_TRUE(recorder.lines().empty());
+    EXPECT_EQ(host::loadedModules(), Names{"test_plain_module.so"});
+    EXPECT_TRUE(unload("test_plain_module.so"));
+    EXPECT_FALSE(isMapped("test_plain_module.so"));
+}
+
+TEST_F(DynamicLinkerTest, FilesThatAreNoLibrariesAreRefused) {
+    const Folder folder;
+    const std::string text = folder / "text.so";
+    std::ofstream(text) << "This is no library, though its name says so.\n";
+    const auto whole = std::filesystem::file_size(fileOf("test_plain_module.so"));
+    Names refused{text, folder / "."};
+    for (const auto size :
+         {std::uintmax_t{0}, std::uintmax_t{3}, std::uintmax_t{64}, std::uintmax_t{900},
+          std::uintmax_t{4096}, whole / 4, whole / 2, whole - 1}) {
+        refused.push_back(folder / ("cut" + std::to_string(size) + ".so").c_str());
+        std::filesystem::copy_file(fileOf("test_plain_module.so"), refused.back());
+        std::filesystem::resize_file(refused.back(), size);
+    }
+    for (const std::string& path : refused) {
+        EXPECT_FALSE(host::loadModule(path, error_)) << path;
+        EXPECT_EQ(error_.find(path + ": cannot be loaded: "), 0U) << error_;
+    }
+    EXPECT_EQ(host::loadedModules(), Names{});
 }
 
 } // namespace

@@ -6,6 +6,8 @@
 
 namespace {
 
+const std::string kClassLibrary = std::string(TKVLT_TEST_MODULES) + "/test_class_library.so";
+const std::string kCareless = std::string(TKVLT_TEST_MODULES) + "/test_careless_library.so";
 const std::string kLibrary = std::string(TKVLT_TEST_MODULES) + "/test_extension_library.so";
 
 /// A class of the host's own, registered for the length of a test.
@@ -54,7 +56,7 @@ TEST_F(ExtensionLibraryTest, ClassesAreGatheredByTheLibraryAndNotByTheHost) {
     // The host's own list is as it was, and whole again.
     EXPECT_EQ(state->m_classList.GetHead(), &own_);
     EXPECT_EQ(state->m_factoryList.GetCount(), 0U);
-    EXPECT_FALSE(state->m_bListsAside);
+    EXPECT_TRUE(state->m_listsAside.empty());
     dlclose(handle);
 }
 
@@ -97,6 +99,83 @@ TEST_F(ExtensionLibraryTest, AFailedInitialisationLeavesWhatWasGatheredToTheHost
     EXPECT_EQ(AfxGetModuleState()->m_classList.GetHead(), &gathered);
     EXPECT_EQ(gathered.m_pNextClass, &own_);
     EXPECT_TRUE(AfxGetModuleState()->m_classList.Remove(&gathered));
+}
+
+/// Names of a list of classes, the first one first.
+std::vector<std::string> namesOf(const CRuntimeClassList& list) {
+    std::vector<std::string> names;
+    for (const CRuntimeClass* each = list.GetHead(); each != nullptr; each = each->m_pNextClass) {
+        names.emplace_back(each->m_lpszClassName);
+    }
+    return names;
+}
+
+using Names = std::vector<std::string>;
+
+TEST_F(ExtensionLibraryTest, AClassLeavesTheHostsListBeforeItsLibraryIsUnmapped) {
+    void* handle = dlopen(kClassLibrary.c_str(), RTLD_NOW);
+    ASSERT_NE(handle, nullptr) << dlerror();
+    EXPECT_EQ(namesOf(AfxGetModuleState()->m_classList), (Names{"Wyvern", "Own"}));
+    dlclose(handle);
+    EXPECT_EQ(dlopen(kClassLibrary.c_str(), RTLD_NOW | RTLD_NOLOAD), nullptr);
+    EXPECT_EQ(namesOf(AfxGetModuleState()->m_classList), Names{"Own"});
+}
+
+TEST_F(ExtensionLibraryTest, AClassLeavesTheListsSetAsideToo) {
+    CRuntimeClass brief = {"Brief", sizeof(CObject), 1, nullptr, &CObject::GetThisClass, nullptr};
+    auto registration = std::make_unique<AFX_CLASSINIT>(&brief);
+    AfxExtensionRawEntry();
+    registration.reset();
+    host::putListsBack(0);
+    EXPECT_EQ(namesOf(AfxGetModuleState()->m_classList), Names{"Own"});
+}
+
+TEST_F(ExtensionLibraryTest, ALibraryThatDoesNotInitialiseItsRecordLeavesTheListsInPlace) {
+    void* handle = dlopen(kCareless.c_str(), RTLD_NOW);
+    ASSERT_NE(handle, nullptr) << dlerror();
+    EXPECT_EQ(host::listsAside(), 0U);
+    EXPECT_EQ(namesOf(AfxGetModuleState()->m_classList), (Names{"Dragon", "Own"}));
+    EXPECT_EQ(AfxGetModuleState()->m_factoryList.GetCount(), 1U);
+    dlclose(handle);
+    EXPECT_EQ(namesOf(AfxGetModuleState()->m_classList), Names{"Own"});
+    EXPECT_EQ(AfxGetModuleState()->m_factoryList.GetCount(), 0U);
+}
+
+TEST_F(ExtensionLibraryTest, ALibraryLoadedWhileAnotherGathersHasListsOfItsOwn) {
+    CRuntimeClass outer = {"Outer", sizeof(CObject), 1, nullptr, &CObject::GetThisClass, nullptr};
+    AFX_EXTENSION_MODULE record{};
+    AfxExtensionRawEntry();
+    AfxClassInit(&outer);
+    for (const std::string& path : {kLibrary, kCareless}) {
+        void* handle = dlopen(path.c_str(), RTLD_NOW);
+        ASSERT_NE(handle, nullptr) << dlerror();
+        EXPECT_EQ(host::listsAside(), 1U);
+        dlclose(handle);
+        EXPECT_EQ(namesOf(AfxGetModuleState()->m_classList), Names{"Outer"});
+    }
+    EXPECT_EQ(AfxInitExtensionModule(record, host::instanceOf(&kLibrary)), TRUE);
+    EXPECT_EQ(record.pFirstSharedClass, &outer);
+    EXPECT_EQ(outer.m_pNextClass, nullptr);
+    EXPECT_EQ(namesOf(AfxGetModuleState()->m_classList), Names{"Own"});
+    EXPECT_EQ(host::listsAside(), 0U);
+    AfxTermExtensionModule(record);
+}
+
+TEST_F(ExtensionLibraryTest, TheRecordOfAClassOfThePlatformCanBeRegistered) {
+    {
+        const AFX_CLASSINIT registration(RUNTIME_CLASS(CWnd));
+        EXPECT_EQ(RUNTIME_CLASS(CWnd)->m_pNextClass, &own_);
+        EXPECT_EQ(namesOf(AfxGetModuleState()->m_classList), (Names{"CWnd", "Own"}));
+    }
+    EXPECT_EQ(RUNTIME_CLASS(CWnd)->m_pNextClass, nullptr);
+    EXPECT_EQ(namesOf(AfxGetModuleState()->m_classList), Names{"Own"});
+}
+
+TEST_F(ExtensionLibraryTest, NoOtherLibraryFindsTheEntryFunction) {
+    void* handle = dlopen(kCareless.c_str(), RTLD_NOW);
+    ASSERT_NE(handle, nullptr) << dlerror();
+    EXPECT_EQ(dlsym(handle, "DllMain"), nullptr);
+    dlclose(handle);
 }
 
 TEST_F(ExtensionLibraryTest, TheResourceHandleIsWhatWasSet) {

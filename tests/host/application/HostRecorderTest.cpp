@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
 namespace {
 
 class HostRecorderTest : public ::testing::Test {
@@ -161,6 +163,29 @@ TEST_F(HostRecorderTest, TwoListenersHearTheSameUntilOneLeaves) {
     }
     acedRedraw(nullptr, 2);
     EXPECT_EQ(first.lines(), (Lines{L"redraw all 1", L"redraw all 2"}));
+}
+
+/// Sends another listener away at the first event.
+class Bouncer : public host::EventListener {
+public:
+    explicit Bouncer(std::unique_ptr<host::HostRecorder>& other) : other_(other) {
+        host::addListener(*this);
+    }
+    ~Bouncer() override { host::removeListener(*this); }
+    void onEvent(const std::wstring& /*line*/) override { other_.reset(); }
+
+private:
+    std::unique_ptr<host::HostRecorder>& other_;
+};
+
+TEST_F(HostRecorderTest, AListenerThatAnotherSentAwayIsNotTold) {
+    std::unique_ptr<host::HostRecorder> other;
+    const Bouncer bouncer(other);
+    other = std::make_unique<host::HostRecorder>();
+    const host::HostRecorder last;
+    acedRedraw(nullptr, 1);
+    EXPECT_EQ(other, nullptr);
+    EXPECT_EQ(last.lines(), Lines{L"redraw all 1"});
 }
 
 } // namespace

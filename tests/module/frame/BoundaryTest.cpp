@@ -1,6 +1,7 @@
 // What sibling modules link to, as one of them sees it: this program is linked with the shared
 // library alone, so a signature that differs does not compile and a missing one does not link.
 
+#include "frame/AcrxEntryPoint.h"
 #include "TKVltSearchModule18.h"
 
 #include "module/support/DrawingBuilder.h"
@@ -33,6 +34,11 @@ TEST(Boundary, SearchesHaveTheirSignatures) {
               nullptr);
     EXPECT_NE(address<int(CString)>(&PelGetDirectionSytle), nullptr);
     EXPECT_NE((address<int(CString&, const CString&)>(&PelGetSystemFlag)), nullptr);
+}
+
+TEST(Boundary, EntryPointsHaveTheirSignatures) {
+    EXPECT_NE((address<int(int, void*)>(&acrxEntryPoint)), nullptr);
+    EXPECT_NE(address<int()>(&acrxGetApiVersion), nullptr);
 }
 
 TEST(Boundary, ServicesHaveTheirSignatures) {

@@ -117,5 +117,42 @@ TEST(Layers, ModuleReachesForNothingElse) {
     EXPECT_GT(sources, 50);
 }
 
+/// Names of the platform that a source uses: those with the prefixes of the platform's parts.
+std::set<std::string> platformNames(const std::string& source) {
+    static const std::string pattern =
+        R"rx(\b((?:Ac(?:Db|Ge|Ap|Rx|Array)|acdb|aced|acut|acDoc|acrxSys|AFX_|Afx|CDyn|CRuntime|CWnd)rx"
+        R"rx(|CString|CArray|CObject|CPoint|CRect|CKDP|RUNTIME_|Init(?=AcUi)|(?:load|Load)(?=LineType))rx"
+        R"rx(|(?=RT(?:STR|NORM|NONE|POINT|ENAME|PICKS|LB|LE|REAL|SHORT|ERROR)\b))rx"
+        R"rx(|(?:Open|Close)(?=UserFile)|(?:Get|Set)(?=DefaultValue|Xdata\b)|_wtoi)\w*))rx";
+    const std::vector<std::string> found = matches(withoutComments(source), pattern);
+    return {found.begin(), found.end()};
+}
+
+std::set<std::string> platformNamesOfTheModule() {
+    const fs::path dir = TKVLT_MODULE_DIR;
+    std::set<std::string> names;
+    for (const auto& entry : fs::recursive_directory_iterator(dir)) {
+        const std::string extension = entry.path().extension();
+        if (extension == ".h" || extension == ".cpp") {
+            names.merge(platformNames(read(entry.path())));
+        }
+    }
+    return names;
+}
+
+TEST(Layers, ThePlatformsNamesAreListed) {
+    EXPECT_EQ(platformNames("AcDbLine* a; // acedRedraw\nacedSSGet(RTSTR); PelX(AcGe);"),
+              (std::set<std::string>{"AcDbLine", "acedSSGet", "RTSTR", "AcGe"}));
+    const std::string page =
+        read(fs::path(TKVLT_MODULE_DIR) / "../docs/building-against-a-host.md");
+    const std::vector<std::string> listed = matches(page, "`(?:[A-Za-z]+::)?(\\w+)(?:::\\w+)?`");
+    const std::set<std::string> known(listed.begin(), listed.end());
+    const std::set<std::string> used = platformNamesOfTheModule();
+    EXPECT_GT(used.size(), 50U);
+    for (const std::string& name : used) {
+        EXPECT_EQ(known.count(name), 1U) << name << " is used and not listed";
+    }
+}
+
 } // namespace
 } // namespace module_tests

@@ -133,6 +133,20 @@ TEST(EntryFunction, KeepsTheHandleAndAttachesBeforeTheUserInterface) {
                                          L"extension library gone " + name}));
 }
 
+TEST(EntryFunction, AttachesOnceThoughItIsCalledTwice) {
+    const std::size_t libraries = host::extensionLibraryCount();
+    EXPECT_EQ(DllMain(handle(), DLL_PROCESS_ATTACH, nullptr), 1);
+    const CDynLinkLibrary* library = AfxGetModuleState()->m_pFirstLibrary;
+    const host::HostRecorder recorder;
+    EXPECT_EQ(DllMain(handle(), DLL_PROCESS_ATTACH, nullptr), 1);
+    EXPECT_EQ(recorder.lines(), std::vector<std::wstring>{L"ui library ready"});
+    EXPECT_EQ(host::extensionLibraryCount(), libraries + 1);
+    EXPECT_EQ(AfxGetModuleState()->m_pFirstLibrary, library);
+    EXPECT_EQ(tkvlt::instanceHandle, handle());
+    EXPECT_EQ(DllMain(handle(), DLL_PROCESS_DETACH, nullptr), 1);
+    EXPECT_EQ(host::extensionLibraryCount(), libraries);
+}
+
 TEST(EntryFunction, OtherReasonsDoNothing) {
     const host::HostRecorder recorder;
     for (const DWORD reason : {2U, 3U, 77U}) {

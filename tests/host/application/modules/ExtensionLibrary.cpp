@@ -1,5 +1,5 @@
 // An extension library with a class and a factory of its own, both registered by static objects
-// before its entry function attaches it.
+// before its entry function attaches it; TEST_INITIALISES says whether it initialises its record.
 
 #include "EmbeddedHost.h"
 
@@ -23,8 +23,10 @@ AFX_EXTENSION_MODULE extension;
 extern "C" int DllMain(HINSTANCE instance, DWORD reason, void* /*reserved*/) {
     if (reason == DLL_PROCESS_ATTACH) {
         host::announce(L"entry function 1");
-        AfxInitExtensionModule(extension, instance);
-        new CDynLinkLibrary(extension);
+        if (TEST_INITIALISES) {
+            AfxInitExtensionModule(extension, instance);
+            new CDynLinkLibrary(extension);
+        }
     } else {
         host::announce(L"entry function " + std::to_wstring(reason));
         AfxTermExtensionModule(extension);
