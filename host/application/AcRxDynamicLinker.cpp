@@ -173,7 +173,7 @@ bool AcRxDynamicLinker::loadModule(const ACHAR* fileName, bool /*printit*/, bool
 
 std::string AcRxDynamicLinker::versionRefusal(const Module& module) {
     int version = 0;
-    const std::string failure = failureOf([&] { version = module.apiVersion(); });
+    std::string failure = failureOf([&] { version = module.apiVersion(); });
     if (!failure.empty()) {
         return failure;
     }
