@@ -22,55 +22,30 @@ void ReadWell(_Block& well, const AcDbObjectId& id) {
     well = _Block(id, CString(), XdataText(id, xdata::kWellSystem));
 }
 
-/// The entities with data of one application, to be met one after the other in drawing order.
-class Carriers {
-public:
-    explicit Carriers(const wchar_t* application)
-        : selection_{application}, rest_(selection_.Length()) {
-        Step();
-    }
-
-    /// Whether `id`, the next entity of the drawing, is one of them.
-    bool Meet(const AcDbObjectId& id) {
-        const bool isNext = next_ == id;
-        if (isNext) {
-            Step();
-        }
-        return isNext;
-    }
-
-private:
-    void Step() { next_ = index_ < rest_ ? selection_.At(index_++) : AcDbObjectId(); }
-
-    NetworkSelection selection_;
-    Adesk::Int32 rest_;
-    Adesk::Int32 index_ = 0;
-    AcDbObjectId next_;
-};
+bool Carries(const ReadEntity& entity, const wchar_t* application) {
+    CString text;
+    return GetXdata(entity.get(), application, text) != 0;
+}
 
 } // namespace
 
 int GravityNetworkSearch::CollectEntities() {
-    // What an entity is comes first: the selection that the user can go back to is the last one.
-    Carriers pipes(xdata::kPipeSystem);
-    Carriers wells(xdata::kWellSystem);
     const NetworkSelection selection{xdata::kWellSystem, xdata::kPipeSystem, xdata::kTank};
     SquareWells squareWells;
     const Adesk::Int32 length = selection.Length();
     for (Adesk::Int32 index = 0; index < length; ++index) {
         const AcDbObjectId id = selection.At(index);
-        const bool isPipe = pipes.Meet(id);
-        const bool isWell = wells.Meet(id);
-        const ReadEntity entity(id);
+        ReadEntity entity(id);
         if (!entity) {
             continue; // nothing can be read of it, so it carries nothing
         }
-        if (isPipe) {
+        if (Carries(entity, xdata::kPipeSystem)) {
             AddPipe(id, entity);
-        } else if (isWell) {
+        } else if (Carries(entity, xdata::kWellSystem)) {
             AddWell(id, entity, squareWells);
-        } else {
+        } else if (Carries(entity, xdata::kTank)) {
             // A tank belongs to no system, so that pipes of every system may end at it.
+            entity.Close();
             tankPool.Add(_Block(id, CString(), CString()));
         }
     }
@@ -83,13 +58,14 @@ int GravityNetworkSearch::CollectEntitiesOnly() {
     return 1;
 }
 
-void GravityNetworkSearch::AddPipe(const AcDbObjectId& id, const ReadEntity& entity) {
+void GravityNetworkSearch::AddPipe(const AcDbObjectId& id, ReadEntity& entity) {
     PipeSite site;
     if (ReadsLater() && entity.IsStraightAndLonger(kLongestIgnoredPipe, site)) {
         pipePool.AddUnread(id, ReadPipe);
         pipeSites_.push_back(site);
         return;
     }
+    entity.Close();
     _Pipe pipe;
     ReadPipe(pipe, id);
     if (pipe.GetLength() > kLongestIgnoredPipe) {
@@ -98,7 +74,7 @@ void GravityNetworkSearch::AddPipe(const AcDbObjectId& id, const ReadEntity& ent
     }
 }
 
-void GravityNetworkSearch::AddWell(const AcDbObjectId& id, const ReadEntity& entity,
+void GravityNetworkSearch::AddWell(const AcDbObjectId& id, ReadEntity& entity,
                                    SquareWells& squareWells) {
     WellSite site;
     AcDbObjectId definition;
@@ -106,6 +82,7 @@ void GravityNetworkSearch::AddWell(const AcDbObjectId& id, const ReadEntity& ent
         site.isSquareWell = squareWells.Has(definition);
         wellPool.AddUnread(id, ReadWell);
     } else {
+        entity.Close();
         _Block well;
         ReadWell(well, id);
         wellPool.Add(well);

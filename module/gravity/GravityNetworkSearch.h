@@ -128,8 +128,8 @@ private:
     enum class Trace { kNoTarget, kTarget, kGivenUp };
     enum class WalkStep { kDescended, kScanEnded, kCycle };
 
-    void AddPipe(const AcDbObjectId& id, const ReadEntity& entity);
-    void AddWell(const AcDbObjectId& id, const ReadEntity& entity, SquareWells& squareWells);
+    void AddPipe(const AcDbObjectId& id, ReadEntity& entity);
+    void AddWell(const AcDbObjectId& id, ReadEntity& entity, SquareWells& squareWells);
     int ValidateEndEntity();
 
     int FindPipe(const AcDbObjectId& id) const;

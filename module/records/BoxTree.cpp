@@ -40,11 +40,12 @@ void SortBy(std::vector<int>& items, std::size_t begin, std::size_t end,
         high = std::max(high, centre(i));
     }
     constexpr double places = 4294967295.0;
-    const double scale = high > low && std::isfinite(high - low) ? places / (high - low) : 0.0;
+    const double scale = places / (high - low);
+    const bool isUsable = high > low && std::isfinite(high - low) && std::isfinite(scale);
     std::vector<std::uint64_t> keys;
     keys.reserve(end - begin);
     for (std::size_t i = begin; i < end; ++i) {
-        const double place = std::clamp((centre(i) - low) * scale, 0.0, places);
+        const double place = isUsable ? std::clamp((centre(i) - low) * scale, 0.0, places) : 0.0;
         keys.push_back(static_cast<std::uint64_t>(place) << 32 |
                        static_cast<std::uint32_t>(items[i]));
     }

@@ -34,6 +34,12 @@ bool PassesQuarter(const AcGeCircArc3d& arc, int quarter) {
     return (passed < 0.0 ? passed + kTwoPi : passed) <= arc.sweepAng() + 2.0 * nearby;
 }
 
+/// How far the circle passes by an end of the arc. An arc through three points keeps them as its
+/// ends, and its circle misses one by a rounding error that grows as two of them come together.
+double EndGap(const AcGeCircArc3d& arc, const AcGePoint3d& end) {
+    return std::fabs(end.distanceTo(arc.center()) - arc.radius());
+}
+
 } // namespace
 
 double RoundingSlack(const AcGePoint3d& point) {
@@ -78,7 +84,7 @@ PlanBox ArcBox(const AcGeCircArc3d& arc) {
             box.Include(PlanBox::Of(arc.center() + AcGeVector3d(x, y, 0.0)));
         }
     }
-    return box;
+    return box.Widened(std::max(EndGap(arc, arc.startPoint()), EndGap(arc, arc.endPoint())));
 }
 
 } // namespace tkvlt

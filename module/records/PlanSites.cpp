@@ -21,8 +21,13 @@ ReadEntity::ReadEntity(const AcDbObjectId& id) {
 }
 
 ReadEntity::~ReadEntity() {
+    Close();
+}
+
+void ReadEntity::Close() {
     if (object_ != nullptr) {
         object_->close();
+        object_ = nullptr;
     }
 }
 

@@ -18,7 +18,7 @@ struct WellSite {
     int isSquareWell = 0;
 };
 
-/// An entity open for reading for as long as this lives.
+/// An entity open for reading until it is closed or this ends.
 class ReadEntity {
 public:
     explicit ReadEntity(const AcDbObjectId& id);
@@ -28,6 +28,8 @@ public:
 
     explicit operator bool() const { return object_ != nullptr; }
     const AcDbObject* get() const { return object_; }
+    /// Before the entity's record is read: that opens it for itself.
+    void Close();
 
     /// True for a straight curve that is certainly longer than `length`; `site` is written then.
     /// False leaves the question to the pipe's record.

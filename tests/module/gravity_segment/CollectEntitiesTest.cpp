@@ -28,6 +28,17 @@ TEST_P(CollectEntities, PoolsKeepTheOrderOfTheDrawing) {
     EXPECT_EQ(idsIn(context.tankPool), (Ids{t1, t2}));
 }
 
+TEST_P(CollectEntities, OneSelectionIsTakenAndGivenBack) {
+    drawing.addPipe({0, 0, 0}, {9, 0, 0});
+    drawing.addWell({0, 0, 0});
+    drawing.addTank({50, 0, 0}, {55, 5, 0});
+    auto& context = begin();
+    const host::HostRecorder recorder;
+    EXPECT_EQ(context.CollectEntities(), 1);
+    EXPECT_EQ(recorder.linesOf(L"select"), std::vector<std::wstring>{L"select X 3"});
+    EXPECT_EQ(recorder.linesOf(L"free"), std::vector<std::wstring>{L"free"});
+}
+
 TEST_P(CollectEntities, EverySystemIsCollected) {
     drawing.addPipe({0, 0, 0}, {9, 0, 0}, {.system = kSewer});
     drawing.addPipe({0, 5, 0}, {9, 5, 0}, {.system = kSupply});

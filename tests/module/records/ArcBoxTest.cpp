@@ -1,0 +1,53 @@
+#include "records/PipeBox.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace tkvlt {
+namespace {
+
+/// The place on the arc's circle beside one of its ends: where the curve itself runs.
+AcGePoint3d onCircle(const AcGeCircArc3d& arc, const AcGePoint3d& end) {
+    AcGeVector3d outward = end - arc.center();
+    return arc.center() + outward.normalize() * arc.radius();
+}
+
+bool holds(const PlanBox& box, const AcGePoint3d& point) {
+    return point.x >= box.minX && point.x <= box.maxX && point.y >= box.minY && point.y <= box.maxY;
+}
+
+TEST(ArcBox, HoldsTheCurveOfAnArcThroughThreePointsOfWhichTwoAreClose) {
+    // Each arc ends a little behind its middle point, as what is left of an arc that was cut close
+    // to its end does.
+    for (const double radius : {100.0, 1000.0, 5000.0}) {
+        for (int i = 0; i < 200; ++i) {
+            const double from = -0.9 - 0.003 * i;
+            const double middle = 0.01417 + 0.011 / radius + 0.0077 * i;
+            const double to = 0.01417 + 0.0077 * i;
+            const auto at = [radius](double angle) {
+                return AcGePoint3d(radius * std::cos(angle), radius * std::sin(angle), 0.0);
+            };
+            AcGeCircArc3d arc;
+            arc.set(at(from), at(middle), at(to));
+            const PlanBox box = ArcBox(arc);
+            EXPECT_TRUE(holds(box, onCircle(arc, arc.startPoint()))) << radius << ' ' << i;
+            EXPECT_TRUE(holds(box, onCircle(arc, arc.endPoint()))) << radius << ' ' << i;
+        }
+    }
+}
+
+TEST(ArcBox, IsNoLargerThanAQuarterNeeds) {
+    // From east to north on a circle of radius 2 about (10, 20).
+    AcGeCircArc3d arc;
+    const double diagonal = std::sqrt(2.0);
+    arc.set({12.0, 20.0, 0.0}, {10.0 + diagonal, 20.0 + diagonal, 0.0}, {10.0, 22.0, 0.0});
+    const PlanBox box = ArcBox(arc);
+    EXPECT_NEAR(box.minX, 10.0, 1e-9);
+    EXPECT_NEAR(box.maxX, 12.0, 1e-9);
+    EXPECT_NEAR(box.minY, 20.0, 1e-9);
+    EXPECT_NEAR(box.maxY, 22.0, 1e-9);
+}
+
+} // namespace
+} // namespace tkvlt
