@@ -36,6 +36,8 @@ public:
     AcDbDatabase* database() const;
 
     friend bool operator==(const AcDbObjectId&, const AcDbObjectId&) = default;
+    // The null pointer that the check sees is one that the compiler writes.
+    // NOLINTNEXTLINE(modernize-use-nullptr)
     friend std::strong_ordering operator<=>(const AcDbObjectId&, const AcDbObjectId&) = default;
 
 private:
