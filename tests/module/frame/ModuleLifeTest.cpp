@@ -234,6 +234,17 @@ std::ptrdiff_t growthOfFortyRounds(Round round) {
     return static_cast<std::ptrdiff_t>(allocatedBytes() - bytes);
 }
 
+/// What the sanitizer's run-time library itself keeps of libraries that come and go. What a library
+/// leaves behind by its own attaching would be in it too, but that the sanitizer's search for leaks
+/// tells at the end of this program; other builds have no such share.
+std::ptrdiff_t growthByMappingAlone() {
+#if defined(__SANITIZE_ADDRESS__)
+    return growthOfFortyRounds([] { dlclose(dlopen(kPath.c_str(), RTLD_NOW | RTLD_LOCAL)); });
+#else
+    return 0;
+#endif
+}
+
 TEST(ModuleLife, FiftyRoundsLeaveNothingBehind) {
     DrawingBuilder drawing;
     const AcDbObjectId root = addShortSewer(drawing);
@@ -256,7 +267,7 @@ TEST(ModuleLife, FiftyRoundsLeaveNothingBehind) {
         EXPECT_FALSE(isMapped());
     });
     EXPECT_EQ(AfxGetResourceHandle(), resource);
-    EXPECT_LT(growth, kOnePieceARound);
+    EXPECT_LT(growth - growthByMappingAlone(), kOnePieceARound);
     EXPECT_EQ(host::liveCounts(), before);
 }
 
