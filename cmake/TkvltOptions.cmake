@@ -17,6 +17,11 @@ if(TKVLT_SANITIZE)
   target_link_options(tkvlt_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+# Every library is built to tell the fuzzer where it has been.
+if(TKVLT_FUZZ)
+  target_compile_options(tkvlt_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 # Settings that every target of the project shares beside the interface target above.
 function(tkvlt_configure_target target)
   set_target_properties(${target} PROPERTIES

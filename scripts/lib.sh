@@ -12,6 +12,8 @@ build_packages=(g++ cmake ninja-build python3 libgtest-dev libcli11-dev nlohmann
     libbenchmark-dev libgeos++-dev)
 # shellcheck disable=SC2034 # read by the scripts that source this file
 lint_packages=(clang-format clang-tidy shellcheck doxygen)
+# shellcheck disable=SC2034 # read by the scripts that source this file
+fuzz_packages=(clang libclang-rt-14-dev)
 
 die() {
     printf '%s: %s\n' "$(basename -- "$0")" "$1" >&2
@@ -53,6 +55,7 @@ package_present() {
     python3-fonttools) has_python_module fontTools ;;
     libbenchmark-dev) has_header benchmark/benchmark.h ;;
     libgeos++-dev) has_header geos/index/strtree/TemplateSTRtree.h ;;
+    libclang-rt-14-dev) [ -e "$(clang --print-resource-dir 2>/dev/null)/lib/linux/libclang_rt.fuzzer-x86_64.a" ] ;;
     *) command -v "$1" >/dev/null ;;
     esac
 }

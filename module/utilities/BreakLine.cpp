@@ -58,10 +58,18 @@ double FarthestGap() {
     return std::max(1.0, std::fabs(GetDwgScale())) * gap + 2.0 * AcGeContext::gTol.equalPoint();
 }
 
+/// Null when the line cannot be opened. What is no line counts as that: nothing of it is known that
+/// could be set.
 AcDbLine* OpenLine(AcDbObjectId id) {
     AcDbObject* object = nullptr;
-    const Acad::ErrorStatus status = acdbOpenAcDbObject(object, id, AcDb::kForWrite);
-    return status == Acad::eOk ? static_cast<AcDbLine*>(object) : nullptr;
+    if (acdbOpenAcDbObject(object, id, AcDb::kForWrite) != Acad::eOk) {
+        return nullptr;
+    }
+    AcDbLine* const line = AcDbLine::cast(object);
+    if (line == nullptr) {
+        object->close();
+    }
+    return line;
 }
 
 /// Acts on the lines at two places of the list. False when the first cannot be opened.

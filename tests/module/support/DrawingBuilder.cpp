@@ -56,6 +56,7 @@ void DrawingBuilder::close() {
 }
 
 void DrawingBuilder::startAnew() {
+    tankCount_ = 0;
     replaceDocument(host::newDocument());
 }
 

@@ -184,6 +184,19 @@ TEST_F(BreakLineTest, LineThatCannotBeOpenedIsPassedOver) {
     EXPECT_TRUE(sameEnds(endsOf(lines[1]), {0, 0, 0}, {30, 0, 0}));
 }
 
+TEST_F(BreakLineTest, WhatIsNoLineIsPassedOverWhereverItStands) {
+    for (const std::size_t place : {0U, 1U, 2U}) {
+        Ids ids{addLine({0, 0, 0}, {100, 0, 0}), addLine({50, -50, 0}, {50, 50, 0})};
+        const AcDbObjectId other = drawing.addPolyline({{20.0, -50.0}, {20.0, 50.0}});
+        ids.insert(ids.begin() + static_cast<std::ptrdiff_t>(place), other);
+        AcDbObjectIdArray lines = listOf(ids);
+        PelBreakLine(lines);
+        // The two lines are broken where they cross, and nothing where the polyline crosses.
+        ASSERT_EQ(lines.length(), 5);
+        EXPECT_NEAR(lengthOf(ids[place == 0 ? 1 : 0]), 50.0, 1e-9);
+    }
+}
+
 TEST_F(BreakLineTest, BothLinesOfAPairAreOpenWhileThePiecesAreAdded) {
     const AcDbObjectId along = addLine({0, 0, 0}, {100, 0, 0});
     const AcDbObjectId across = addLine({50, -50, 0}, {50, 50, 0});
