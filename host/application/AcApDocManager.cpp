@@ -200,7 +200,9 @@ Acad::ErrorStatus AcApDocManager::unlockDocument(AcApDocument* document) {
         return Acad::eLockViolation;
     }
     document->locks_.pop_back();
-    host::announce(L"unlock");
+    if (host::isListening()) {
+        host::announce(L"unlock");
+    }
     return Acad::eOk;
 }
 

@@ -128,14 +128,24 @@ bool areArcsAcross(const CurvePiece& first, const CurvePiece& second) {
            !normalOf(first).isParallelTo(normalOf(second));
 }
 
+/// False for no direction at all, and for one too long to be reckoned with: of pieces that reach
+/// farther out than some 1e150 units nothing can be told, and they meet nothing.
+bool isDirection(const AcGeVector3d& vector) {
+    const double length = vector.length();
+    return length > 0.0 && std::isfinite(length);
+}
+
 void addMeetings(const Operand& first, const Operand& second, std::vector<Place>& places) {
     const AcGeVector3d normal = viewNormal(first.piece, second.piece);
-    if (normal.length() == 0.0) {
+    if (!isDirection(normal)) {
         return;
     }
     const double slack = slackAt(farPoint(first.piece), farPoint(second.piece));
     if (areArcsAcross(first.piece, second.piece)) {
-        addMeetingsAcross(first, second, normalOf(second.piece).normal(), slack, places);
+        const AcGeVector3d other = normalOf(second.piece);
+        if (isDirection(other)) {
+            addMeetingsAcross(first, second, other.normal(), slack, places);
+        }
         return;
     }
     const AcGeMatrix3d toPlane = AcGeMatrix3d::worldToPlane(normal.normal());

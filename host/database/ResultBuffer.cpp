@@ -5,6 +5,7 @@
 #include <cstdarg>
 #include <cstring>
 #include <cwchar>
+#include <memory>
 
 namespace host_db {
 namespace {
@@ -175,7 +176,9 @@ namespace host_db {
 
 bool buildList(int type, va_list arguments, resbuf*& chain) {
     chain = nullptr;
-    resbuf** tail = &chain;
+    // What was built goes when memory ends on the way.
+    std::unique_ptr<resbuf, int (*)(resbuf*)> built(nullptr, acutRelRb);
+    resbuf* tail = nullptr;
     bool isKnown = true;
     va_list rest;
     va_copy(rest, arguments);
@@ -183,16 +186,20 @@ bool buildList(int type, va_list arguments, resbuf*& chain) {
         const ValueKind kind = valueKind(type);
         isKnown = kind != ValueKind::Unknown;
         if (isKnown) {
-            *tail = acutNewRb(type == RTDXF0 ? 0 : type);
-            takeArgument(**tail, kind, rest);
-            tail = &(*tail)->rbnext;
+            resbuf* const item = acutNewRb(type == RTDXF0 ? 0 : type);
+            if (tail == nullptr) {
+                built.reset(item);
+            } else {
+                tail->rbnext = item;
+            }
+            tail = item;
+            takeArgument(*item, kind, rest);
             type = va_arg(rest, int);
         }
     }
     va_end(rest);
-    if (!isKnown) {
-        acutRelRb(chain);
-        chain = nullptr;
+    if (isKnown) {
+        chain = built.release();
     }
     return isKnown;
 }

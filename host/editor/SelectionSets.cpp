@@ -142,7 +142,9 @@ int acedSSFree(const ads_name set) {
         return RTERROR;
     }
     host_ed::openSets().sets.erase(set[0]);
-    host::announce(L"free");
+    if (host::isListening()) {
+        host::announce(L"free");
+    }
     return RTNORM;
 }
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "gravity/GravityNetworkSearch.h"
+#include "records/ClosedAtEnd.h"
 #include "records/XdataKeys.h"
 
 namespace tkvlt {
@@ -22,10 +23,10 @@ void ReadCurveEnds(const AcDbObjectId& pipe, AcGePoint3d& start, AcGePoint3d& en
     if (acdbOpenAcDbObject(object, pipe, AcDb::kForRead, AcDbCurve::desc(), false) != Acad::eOk) {
         return;
     }
+    const ClosedAtEnd closing(object);
     auto* curve = static_cast<AcDbCurve*>(object);
     curve->getStartPoint(start);
     curve->getEndPoint(end);
-    curve->close();
 }
 
 /// What a pipe carries as its texts for a single segment. The elevation at "起点标高" is that at

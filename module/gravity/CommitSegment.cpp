@@ -4,6 +4,7 @@
 
 #include "gravity/GravityNetworkSearch.h"
 #include "gravity/MakeNode.h"
+#include "records/ClosedAtEnd.h"
 #include "records/XdataKeys.h"
 
 namespace tkvlt {
@@ -29,6 +30,7 @@ PipeTexts ReadPipeTexts(const AcDbObjectId& id) {
     if (acdbOpenAcDbObject(object, id, AcDb::kForRead, AcDbCurve::desc(), false) != Acad::eOk) {
         return texts;
     }
+    const ClosedAtEnd closing(object);
     auto* curve = static_cast<AcDbCurve*>(object);
     curve->getStartPoint(texts.startPoint);
     curve->getEndPoint(texts.endPoint);
@@ -38,7 +40,6 @@ PipeTexts ReadPipeTexts(const AcDbObjectId& id) {
     ReadXdata(object, xdata::kStartElevation, texts.startElevation);
     ReadXdata(object, xdata::kEndElevation, texts.endElevation);
     ReadXdata(object, xdata::kMaterial, texts.material);
-    object->close();
     return texts;
 }
 

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "pressure/PressureNetworkSearch.h"
+#include "records/ClosedAtEnd.h"
 #include "records/RoundingNoise.h"
 #include "records/XdataKeys.h"
 
@@ -94,6 +95,7 @@ int PressureNetworkSearch::ReadSegAttributes(PressureSeg& seg) {
     AcDbObject* object = nullptr;
     if (acdbOpenAcDbObject(object, seg.pipeIds.at(0), AcDb::kForRead, AcDbCurve::desc(), false) ==
         Acad::eOk) {
+        const ClosedAtEnd closing(object);
         auto* curve = static_cast<AcDbCurve*>(object);
         curve->getStartPoint(curveStart);
         curve->getEndPoint(curveEnd);
@@ -103,7 +105,6 @@ int PressureNetworkSearch::ReadSegAttributes(PressureSeg& seg) {
         ReadXdata(object, xdata::kStartElevation, startElevation);
         ReadXdata(object, xdata::kEndElevation, endElevation);
         ReadXdata(object, xdata::kMaterial, seg.material);
-        object->close();
     }
     seg.systemName = systemName;
     const AcGePoint3d begin = seg.GetBeginPoint();

@@ -1,5 +1,6 @@
 #include "pressure/BuildSingleSeg.h"
 
+#include "records/ClosedAtEnd.h"
 #include "records/Pipe.h"
 #include "records/XdataKeys.h"
 
@@ -21,6 +22,7 @@ int BuildSingleSeg(PressureSeg& seg, AcDbObjectId id) {
     CString endElevation;
     AcDbObject* object = nullptr;
     if (acdbOpenAcDbObject(object, id, AcDb::kForRead, AcDbCurve::desc(), false) == Acad::eOk) {
+        const ClosedAtEnd closing(object);
         ReadXdata(object, xdata::kDiameter, diameter);
         ReadXdata(object, xdata::kFlow, seg.flowText);
         ReadXdata(object, xdata::kSlope, slope);
@@ -28,7 +30,6 @@ int BuildSingleSeg(PressureSeg& seg, AcDbObjectId id) {
         ReadXdata(object, xdata::kEndElevation, endElevation);
         ReadXdata(object, xdata::kMaterial, seg.material);
         ReadXdata(object, xdata::kPipeSystem, seg.systemName);
-        object->close();
     }
     seg.diameter = IntegerPrefix(diameter);
     seg.slope = NumberPrefix(slope);

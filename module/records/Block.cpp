@@ -1,5 +1,6 @@
 #include "records/Block.h"
 
+#include "records/ClosedAtEnd.h"
 #include "records/WellShape.h"
 #include "records/XdataKeys.h"
 
@@ -23,6 +24,7 @@ AcDbObjectId ReadBlockReference(_Block& block) {
         Acad::eOk) {
         return AcDbObjectId();
     }
+    const tkvlt::ClosedAtEnd closing(object);
     auto* reference = static_cast<AcDbBlockReference*>(object);
     block.scale = reference->scaleFactors();
     block.position = reference->position();
@@ -31,7 +33,6 @@ AcDbObjectId ReadBlockReference(_Block& block) {
     block.handle = HandleText(reference);
     reference->geomExtentsBestFit(block.extents, AcGeMatrix3d::kIdentity);
     block.rotation = reference->rotation();
-    reference->close();
     block.valid = 1;
     return definition;
 }

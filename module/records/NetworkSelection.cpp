@@ -1,5 +1,7 @@
 #include "records/NetworkSelection.h"
 
+#include "records/OwnedChain.h"
+
 namespace tkvlt {
 
 namespace {
@@ -8,31 +10,31 @@ constexpr int kOperator = -4;
 constexpr int kXdataFilter = -3;
 constexpr int kApplicationName = 1001;
 
-/// Appends one chain behind another and moves the tail to its last item.
-void Append(resbuf*& tail, resbuf* items) {
-    tail->rbnext = items;
+/// Hands a chain over to the last item of another, and gives the item that is last then.
+resbuf* Append(resbuf* tail, OwnedChain items) {
+    tail->rbnext = items.release();
     while (tail->rbnext != nullptr) {
         tail = tail->rbnext;
     }
+    return tail;
 }
 
-resbuf* BuildFilter(std::initializer_list<const wchar_t*> applications) {
-    resbuf* filter = acutBuildList(kOperator, L"<or", RTNONE);
-    resbuf* tail = filter;
+OwnedChain BuildFilter(std::initializer_list<const wchar_t*> applications) {
+    OwnedChain filter(acutBuildList(kOperator, L"<or", RTNONE));
+    resbuf* tail = filter.get();
     for (const wchar_t* application : applications) {
-        Append(tail, acutBuildList(kXdataFilter, kApplicationName, application, RTNONE));
+        tail = Append(
+            tail, OwnedChain(acutBuildList(kXdataFilter, kApplicationName, application, RTNONE)));
     }
-    Append(tail, acutBuildList(kOperator, L"or>", RTNONE));
+    Append(tail, OwnedChain(acutBuildList(kOperator, L"or>", RTNONE)));
     return filter;
 }
 
 } // namespace
 
-NetworkSelection::NetworkSelection(std::initializer_list<const wchar_t*> applications) {
-    resbuf* filter = BuildFilter(applications);
-    selected_ = acedSSGet(L"X", nullptr, nullptr, filter, name_) == RTNORM;
-    acutRelRb(filter);
-}
+NetworkSelection::NetworkSelection(std::initializer_list<const wchar_t*> applications)
+    : selected_(acedSSGet(L"X", nullptr, nullptr, BuildFilter(applications).get(), name_) ==
+                RTNORM) {}
 
 NetworkSelection::~NetworkSelection() {
     if (selected_) {

@@ -1,5 +1,7 @@
 #include "records/Pipe.h"
 
+#include "records/ClosedAtEnd.h"
+
 #include <cmath>
 
 namespace {
@@ -34,13 +36,13 @@ _Pipe::_Pipe(AcDbObjectId id, CString systemName) : _Entity(id, systemName) {
     if (acdbOpenAcDbObject(object, id, AcDb::kForRead, AcDbCurve::desc(), false) != Acad::eOk) {
         return;
     }
+    const tkvlt::ClosedAtEnd closing(object);
     auto* curve = static_cast<AcDbCurve*>(object);
     curve->getStartPoint(startPoint);
     curve->getEndPoint(endPoint);
     curve->layer(layer);
     line.set(startPoint, endPoint);
     ReadPolylineShape(*this, curve);
-    curve->close();
 
     if (startPoint.distanceTo(endPoint) < kShortestDirectedPipe) {
         return;

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "records/ClosedAtEnd.h"
 #include "records/XdataKeys.h"
 
 namespace {
@@ -28,6 +29,7 @@ _Text::_Text(AcDbObjectId id) : _Entity(id, CString()) {
     if (acdbOpenAcDbObject(object, id, AcDb::kForRead, AcDbText::desc(), false) != Acad::eOk) {
         return;
     }
+    const tkvlt::ClosedAtEnd closing(object);
     auto* entity = static_cast<AcDbText*>(object);
     height = entity->height();
     horizontalMode = entity->horizontalMode();
@@ -40,7 +42,6 @@ _Text::_Text(AcDbObjectId id) : _Entity(id, CString()) {
     entity->textString(text);
     rotation = entity->rotation();
     handle = HandleText(entity);
-    entity->close();
     valid = 1;
 }
 

@@ -1,5 +1,6 @@
 #include "records/WellShape.h"
 
+#include "records/ClosedAtEnd.h"
 #include "records/XdataKeys.h"
 
 namespace tkvlt {
@@ -20,9 +21,9 @@ int IsSquareWellDefinition(const AcDbObjectId& definition) {
                            false) != Acad::eOk) {
         return 0;
     }
+    const ClosedAtEnd closing(object);
     CString name;
     static_cast<AcDbBlockTableRecord*>(object)->getName(name);
-    object->close();
     return name.Compare(kSquareWellBlock) == 0 ? 1 : 0;
 }
 

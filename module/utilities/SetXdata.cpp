@@ -1,14 +1,12 @@
 #include "utilities/SetXdata.h"
 
+#include "records/OwnedChain.h"
 #include "utilities/HoldsText.h"
 
 namespace {
 
 bool IsRegistered(const ACHAR* application) {
-    resbuf* found = acdbTblSearch(L"APPID", application);
-    const bool isThere = found != nullptr;
-    acutRelRb(found);
-    return isThere;
+    return tkvlt::OwnedChain(acdbTblSearch(L"APPID", application)) != nullptr;
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "utilities/BlockTrimCurve.h"
 
+#include "records/OwnedChain.h"
 #include "utilities/SystemVariableAtZero.h"
 
 namespace {
@@ -34,14 +35,11 @@ Corners CornersOf(const AcDbExtents& extents) {
 /// Selects what the fence around the extents meets.
 int SelectPipeLines(const AcDbExtents& extents, ads_name set) {
     const Corners corners = CornersOf(extents);
-    resbuf* fence = acutBuildList(RTPOINT, corners.upperLeft, RTPOINT, corners.lowerLeft, RTPOINT,
-                                  corners.lowerRight, RTPOINT, corners.upperRight, RTPOINT,
-                                  corners.upperLeft, 0);
-    resbuf* filter = acutBuildList(-3, 1001, kPipeLineApplication, 0);
-    const int status = acedSSGet(L"F", fence, nullptr, filter, set);
-    acutRelRb(fence);
-    acutRelRb(filter);
-    return status;
+    const tkvlt::OwnedChain fence(acutBuildList(
+        RTPOINT, corners.upperLeft, RTPOINT, corners.lowerLeft, RTPOINT, corners.lowerRight,
+        RTPOINT, corners.upperRight, RTPOINT, corners.upperLeft, 0));
+    const tkvlt::OwnedChain filter(acutBuildList(-3, 1001, kPipeLineApplication, 0));
+    return acedSSGet(L"F", fence.get(), nullptr, filter.get(), set);
 }
 
 void BreakEach(AcDbObjectId block, const ads_name set) {

@@ -1,5 +1,6 @@
 #include "utilities/XRecords.h"
 
+#include "records/OwnedChain.h"
 #include "utilities/DocumentLock.h"
 #include "utilities/HoldsText.h"
 
@@ -89,10 +90,9 @@ int PelSetXRecord(CString dictionaryName, CString recordName, CString value) {
     if (OpenOrMakeRecord(dictionaryName, recordName, record) != Acad::eOk) {
         return 0;
     }
-    resbuf* chain = acutBuildList(kTextItem, value.GetString(), 0);
+    const tkvlt::OwnedChain chain(acutBuildList(kTextItem, value.GetString(), 0));
     const Acad::ErrorStatus status = record->setFromRbChain(*chain);
     record->close();
-    acutRelRb(chain);
     return status == Acad::eOk ? 1 : 0;
 }
 
@@ -102,13 +102,13 @@ int PelGetXRecord(CString dictionaryName, CString recordName, CString& value) {
     if (OpenRecord(dictionaryName, recordName, record) != Acad::eOk) {
         return 0;
     }
-    resbuf* chain = nullptr;
-    const Acad::ErrorStatus status = record->rbChain(&chain);
+    resbuf* items = nullptr;
+    const Acad::ErrorStatus status = record->rbChain(&items);
     record->close();
-    const bool isRead = status == Acad::eOk && HoldsText(chain);
+    const tkvlt::OwnedChain chain(items);
+    const bool isRead = status == Acad::eOk && HoldsText(chain.get());
     if (isRead) {
         value = chain->resval.rstring;
     }
-    acutRelRb(chain);
     return isRead ? 1 : 0;
 }

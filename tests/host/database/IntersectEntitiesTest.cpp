@@ -183,6 +183,15 @@ TEST_F(IntersectEntitiesTest, SurveyCoordinatesMeetAsWell) {
     EXPECT_LE(points[0].distanceTo(AcGePoint3d(10, 10, 7) + shift), 1e-7);
 }
 
+/// The plane of two lines that reach so far out has no normal that a number can hold.
+TEST_F(IntersectEntitiesTest, LinesThatReachBeyondReckoningMeetNothing) {
+    const AcDbLine one({-1e300, -1e300, 0.0}, {1e300, 1e300, 0.0});
+    const AcDbLine other({-1e300, 1e300, 0.0}, {1e300, -1e300, 0.0});
+    AcGePoint3dArray points;
+    EXPECT_EQ(one.intersectWith(&other, AcDb::kOnBothOperands, points), Acad::eOk);
+    EXPECT_TRUE(points.isEmpty());
+}
+
 /// Against the geometry classes, which are another road to the same answer.
 TEST_F(IntersectEntitiesTest, RandomLinesAndArcsAgreeWithTheGeometryClasses) {
     std::mt19937 random(4711);
