@@ -13,6 +13,16 @@
 
 namespace tkvlt {
 
+/// Search points of two segments nearer than this, in drawing units, are one place.
+inline constexpr double kOnePlace = 1.0;
+
+/// A place where two pipes cross or touch and at least one of them is cut.
+struct PipeCut {
+    AcDbObjectId first;
+    AcDbObjectId second;
+    AcGePoint3d point;
+};
+
 /// The working context of one pressure search.
 ///
 /// A search takes the pipes of the picked system and all wells of the drawing into pools, cuts the
@@ -37,10 +47,24 @@ public:
     /// centres.
     int PreparePipes();
     int BuildSegments();
+    /// Makes an entry of the pipe pool a root and takes it from the pool.
+    /// @return the index of its segment, which stands behind those that are there.
+    int PlaceRoot(int piece);
+    int WalkFromSeg(int k);
     /// 0 when two segments end less than one drawing unit apart: the network closes on itself.
     int CheckNoLoops();
+    /// The segments behind `k` that end in one place with it. After `CheckNoLoops`.
+    std::vector<int> LaterSegsEndingAt(int k);
     /// Puts meters and valves onto the segments that they lie on.
     int AttachWells();
+    /// The wells of the pool that lie on a segment, of whatever system.
+    std::vector<int> WellsOn(const PressureSeg& seg) const;
+    /// The first well of the system that holds `point`; -1 for none.
+    int WellHolding(const AcGePoint3d& point, const CString& system) const;
+    /// How near to `point` the end of a pipe must be to hang on a segment that ends there.
+    double ReachFrom(const AcGePoint3d& point, const CString& system) const;
+    /// The pipes of the pool that are in reach of a segment's end at `point`. After `PreparePipes`.
+    std::vector<int> PipesInReach(const AcGePoint3d& point, const CString& system) const;
 
     CArray<PressureSeg, PressureSeg&>& segs; ///< the caller's; appended to, never emptied
     int& rootSeg;
@@ -54,6 +78,7 @@ public:
     double dwgScale;
     double breakDist;
     int lengthMode;
+    std::vector<PipeCut>* cuts = nullptr; ///< gets every cut that `PreparePipes` makes; may be null
 
 private:
     struct Crossing {
@@ -85,8 +110,8 @@ private:
     int FindRootPiece() const;
     void AdoptPipe(PressureSeg& seg, int pipe) const;
     int ReadSegAttributes(PressureSeg& seg);
-    int WalkFromSeg(int k);
     void AdoptPipesInReach(int k);
+    double PipeReach() const;
     double WellRadiusAt(const AcGePoint3d& point, const CString& system) const;
     bool MergeOnlyChild(int k);
     bool Continue(const PressureSeg& seg, const PressureSeg& child) const;

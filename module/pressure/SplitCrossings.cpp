@@ -68,6 +68,9 @@ void PressureNetworkSearch::SplitCrossings() {
         return;
     }
     pipePool.RestoreFirst(drawn);
+    if (cuts != nullptr) {
+        cuts->clear();
+    }
     candidates_ = MakePressureCandidates(*this, candidateMode_);
     CutHistory history(tolerance);
     SplitAll({&history, kCutsOfNoDrawing + kCutsOfAnyPipe * drawn, tolerance});
@@ -97,7 +100,11 @@ void PressureNetworkSearch::SplitPipe(int i, CutLimits& limits) {
             continue;
         }
         const bool cutI = IsCutBy(pipePool[i], crossing.point, limits);
-        if (IsCutBy(pipePool[j], crossing.point, limits)) {
+        const bool cutJ = IsCutBy(pipePool[j], crossing.point, limits);
+        if (cuts != nullptr && (cutI || cutJ)) {
+            cuts->push_back({pipePool[i].id, pipePool[j].id, crossing.point});
+        }
+        if (cutJ) {
             // Pieces lie at the end of the pool, so this list too stays in pool order.
             const int firstPiece = CutPipe(j, crossing.point, limits);
             others.push_back(firstPiece);

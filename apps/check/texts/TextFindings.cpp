@@ -1,0 +1,7 @@
+#include "texts/TextFindings.h"
+
+namespace pipenet {
+
+void addTextFindings(const CheckContext& /*context*/, CheckReport& /*report*/) {}
+
+} // namespace pipenet
