@@ -61,6 +61,7 @@ int CheckContext::systemNamed(const CString& name) const {
 
 CheckContext readContext(const std::string& onlySystem) {
     CheckContext context;
+    context.onlySystem = onlySystem;
     ContextReader reader(context, onlySystem);
     const tkvlt::NetworkSelection selection{xdata::kWellSystem, xdata::kPipeSystem, xdata::kTank};
     for (Adesk::Int32 i = 0; i < selection.Length(); ++i) {
