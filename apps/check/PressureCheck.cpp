@@ -9,6 +9,7 @@ void checkPressure(SystemUnderCheck& under) {
     PressureForest forest(under.named().name);
     placeNetworks(under, forest.grow(), true);
     findCycles(under);
+    findTurnedRuns(under, forest.turnedRuns());
 }
 
 } // namespace pipenet

@@ -79,6 +79,9 @@ public:
     double breakDist;
     int lengthMode;
     std::vector<PipeCut>* cuts = nullptr; ///< gets every cut that `PreparePipes` makes; may be null
+    /// Gets the first pipe of every run that a merge turns round. The run is put right then, so
+    /// that the walk goes on at its far end. Null leaves it turned round.
+    std::vector<AcDbObjectId>* turnedRuns = nullptr;
 
 private:
     struct Crossing {

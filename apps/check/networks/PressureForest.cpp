@@ -6,6 +6,7 @@
 #include "Systems.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace pipenet {
 
@@ -13,6 +14,11 @@ namespace {
 
 std::size_t at(int index) {
     return static_cast<std::size_t>(index);
+}
+
+bool waterComesFrom(const AcDbObjectId& pipe, bool start) {
+    const wchar_t* flow = start ? xdata::kStartToEnd : xdata::kEndToStart;
+    return XdataText(pipe, xdata::kFlow).Compare(flow) == 0;
 }
 
 /// What the first pipe of a segment says, told in the direction of the walk.
@@ -53,6 +59,7 @@ NetworkPieces PressureForest::grow() {
 void PressureForest::prepare() {
     search_.systemName = system_;
     search_.cuts = &cuts_;
+    search_.turnedRuns = &turned_;
     search_.CollectEntities();
     search_.PreparePipes();
     findFreeEnds();
@@ -64,13 +71,17 @@ void PressureForest::findFreeEnds() {
             continue;
         }
         const _Pipe& pipe = search_.pipePool[i];
-        for (const AcGePoint3d& place : {pipe.startPoint, pipe.endPoint}) {
+        for (const bool isStart : {true, false}) {
+            const AcGePoint3d& place = isStart ? pipe.startPoint : pipe.endPoint;
             const std::vector<int> inReach = search_.PipesInReach(place, system_);
             if (std::all_of(inReach.begin(), inReach.end(), [i](int p) { return p == i; })) {
-                freeEnds_.push_back({i, place});
+                freeEnds_.push_back({i, pipe.id, place, isStart, waterComesFrom(pipe.id, isStart)});
             }
         }
     }
+    std::stable_sort(freeEnds_.begin(), freeEnds_.end(), [](const FreeEnd& a, const FreeEnd& b) {
+        return std::make_pair(!a.isSource, !a.isStart) < std::make_pair(!b.isSource, !b.isStart);
+    });
 }
 
 void PressureForest::growFrom(int piece, const AcGePoint3d& place) {

@@ -11,7 +11,10 @@ namespace pipenet {
 /// A free end of a prepared pipe: nothing is in reach of it, so a search can begin there.
 struct FreeEnd {
     int piece; ///< pool index
+    AcDbObjectId pipe;
     AcGePoint3d place;
+    bool isStart;  ///< the first end as drawn
+    bool isSource; ///< the flow text says that the water comes from here
 };
 
 /// Searches all networks of one pressure system out of one collection: from each pipe that no
@@ -27,7 +30,10 @@ public:
 
     /// Where the preparation cut pipes; complete after `grow`.
     const std::vector<tkvlt::PipeCut>& cuts() const { return cuts_; }
-    /// The ends of prepared pipes out of which nothing is in reach, in pool order.
+    /// First pipes of the runs that a search turns round and is misled by; complete after `grow`.
+    const std::vector<AcDbObjectId>& turnedRuns() const { return turned_; }
+    /// The ends of prepared pipes out of which nothing is in reach: those from which the water
+    /// comes first, then those of pipes that are drawn away from there.
     const std::vector<FreeEnd>& freeEnds() const { return freeEnds_; }
     /// The prepared pipes and the search on them. After `grow` its pools hold no pipe.
     const tkvlt::PressureNetworkSearch& search() const { return search_; }
@@ -56,6 +62,7 @@ private:
     CArray<PressureSeg, PressureSeg&> segs_; ///< of all networks, one behind the other
     int rootSeg_ = -1;
     std::vector<tkvlt::PipeCut> cuts_;
+    std::vector<AcDbObjectId> turned_;
     tkvlt::PressureNetworkSearch search_;
     std::vector<FreeEnd> freeEnds_;
     std::vector<int> roots_;     ///< segments at which searches began
