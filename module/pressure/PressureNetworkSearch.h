@@ -84,10 +84,6 @@ public:
     std::vector<AcDbObjectId>* turnedRuns = nullptr;
 
 private:
-    struct Crossing {
-        bool hit = false;
-        AcGePoint3d point;
-    };
     /// How far the cutting may go.
     struct CutLimits {
         CutHistory* history; ///< a cut that it holds is not made again; null for no such limit
@@ -102,7 +98,6 @@ private:
     void SplitCrossings();
     bool SplitAll(CutLimits limits);
     void SplitPipe(int pipe, CutLimits& limits);
-    Crossing CrossingOf(const _Pipe& first, const _Pipe& second) const;
     bool IsCutBy(const _Pipe& pipe, const AcGePoint3d& point, const CutLimits& limits) const;
     int CutPipe(int pipe, const AcGePoint3d& point, CutLimits& limits);
 
