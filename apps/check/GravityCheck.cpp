@@ -1,6 +1,10 @@
 #include "GravityCheck.h"
 
+#include "faults/Crossings.h"
+#include "faults/GravityEnds.h"
+#include "faults/LooseGroups.h"
 #include "faults/NetworkFindings.h"
+#include "faults/ShortPipes.h"
 #include "networks/GravityForest.h"
 
 namespace pipenet {
@@ -10,8 +14,13 @@ void checkGravity(GravityDrawing& drawing, SystemUnderCheck& under) {
     const std::vector<GravityStart> starts = gravityStarts(drawing);
     placeNetworks(under, GravityForest(drawing).grow(starts), false);
     drawing.turnTo(under.named().name);
+    const ShortPipes shortPipes(under);
+    shortPipes.report(under);
     findCycles(under);
     findMergedWells(under);
+    GravityEnds(drawing, shortPipes, under).report();
+    findLooseGroups(drawing, under);
+    findCrossings(drawing, under);
 }
 
 } // namespace pipenet

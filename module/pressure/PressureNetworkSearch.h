@@ -79,12 +79,11 @@ public:
     double breakDist;
     int lengthMode;
     std::vector<PipeCut>* cuts = nullptr; ///< gets every cut that `PreparePipes` makes; may be null
+    /// Gets the first pipe of every run that a merge turns round. The run is put right then, so
+    /// that the walk goes on at its far end. Null leaves it turned round.
+    std::vector<AcDbObjectId>* turnedRuns = nullptr;
 
 private:
-    struct Crossing {
-        bool hit = false;
-        AcGePoint3d point;
-    };
     /// How far the cutting may go.
     struct CutLimits {
         CutHistory* history; ///< a cut that it holds is not made again; null for no such limit
@@ -99,7 +98,6 @@ private:
     void SplitCrossings();
     bool SplitAll(CutLimits limits);
     void SplitPipe(int pipe, CutLimits& limits);
-    Crossing CrossingOf(const _Pipe& first, const _Pipe& second) const;
     bool IsCutBy(const _Pipe& pipe, const AcGePoint3d& point, const CutLimits& limits) const;
     int CutPipe(int pipe, const AcGePoint3d& point, CutLimits& limits);
 

@@ -4,6 +4,7 @@
 
 #include "pressure/PressureNetworkSearch.h"
 #include "records/PipeBox.h"
+#include "records/PipeCrossing.h"
 
 namespace tkvlt {
 
@@ -95,7 +96,7 @@ void PressureNetworkSearch::SplitPipe(int i, CutLimits& limits) {
         if (j <= i || !pipePool.Has(j)) {
             continue;
         }
-        const Crossing crossing = CrossingOf(pipePool[i], pipePool[j]);
+        const PipeCrossing crossing = CrossingOf(pipePool[i], pipePool[j]);
         if (!crossing.hit) {
             continue;
         }
@@ -115,26 +116,6 @@ void PressureNetworkSearch::SplitPipe(int i, CutLimits& limits) {
             return;
         }
     }
-}
-
-/// A pair of curves that meets at two places counts as not meeting.
-PressureNetworkSearch::Crossing PressureNetworkSearch::CrossingOf(const _Pipe& first,
-                                                                  const _Pipe& second) const {
-    Crossing crossing;
-    AcGePoint3d otherPoint;
-    int count = -1;
-    int met = 0;
-    if (first.isArc != 0 && second.isArc != 0) {
-        met = first.arc.intersectWith(second.arc, count, crossing.point, otherPoint);
-    } else if (first.isArc != 0) {
-        met = first.arc.intersectWith(second.line, count, crossing.point, otherPoint);
-    } else if (second.isArc != 0) {
-        met = second.arc.intersectWith(first.line, count, crossing.point, otherPoint);
-    } else {
-        met = first.line.intersectWith(second.line, crossing.point);
-    }
-    crossing.hit = met == 1 && count != 2;
-    return crossing;
 }
 
 /// A crossing between the pipe's ends cuts it.

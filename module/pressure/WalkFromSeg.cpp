@@ -159,6 +159,10 @@ bool PressureNetworkSearch::MergeOnlyChild(int k) {
     seg.orientationFlags.Append(child.orientationFlags);
     seg.children.RemoveAll();
     segs.RemoveAt(c);
+    if (seg.reversed != 0 && turnedRuns != nullptr) {
+        turnedRuns->push_back(seg.pipeIds.at(0));
+        seg.reversed = 0;
+    }
     return true;
 }
 

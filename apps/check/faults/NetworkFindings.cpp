@@ -3,6 +3,7 @@
 #include "Systems.h"
 
 #include <fmt/format.h>
+#include <unordered_set>
 
 namespace pipenet {
 
@@ -20,6 +21,11 @@ std::string placeName(const CheckedNode& node) {
     return node.entity.isNull()
                ? fmt::format("the joint at {:.6g}, {:.6g}", node.place.x, node.place.y)
                : nameOf(node.entity);
+}
+
+int networkOfRun(const SystemUnderCheck& under, int run) {
+    const int from = under.pieces.runs[static_cast<std::size_t>(run)].from;
+    return under.networkOfNode[static_cast<std::size_t>(from)];
 }
 
 std::string ringSentence(const SystemUnderCheck& under, const Closing& closing,
@@ -51,7 +57,7 @@ void addCycle(SystemUnderCheck& under, const std::vector<std::vector<int>>& runs
               const Closing& closing) {
     const CheckedRun& run = under.pieces.runs[static_cast<std::size_t>(closing.run)];
     Finding& finding = under.add("cycle", Severity::error);
-    finding.network = under.networkOfNode[static_cast<std::size_t>(run.from)];
+    finding.network = networkOfRun(under, closing.run);
     if (closing.isNearMiss) {
         finding.entities.assign(run.pipes.rbegin(), run.pipes.rend());
         if (const AcDbObjectId& node = nodeAt(under, closing.node).entity; !node.isNull()) {
@@ -79,6 +85,34 @@ void findCycles(SystemUnderCheck& under) {
     const std::vector<std::vector<int>> runsAtNode = runsAtNodes(under.pieces);
     for (const Closing& closing : under.pieces.closings) {
         addCycle(under, runsAtNode, closing);
+    }
+}
+
+void findTurnedRuns(SystemUnderCheck& under, const std::vector<AcDbObjectId>& firstPipes) {
+    const std::unordered_set<AcDbObjectId> turned(firstPipes.begin(), firstPipes.end());
+    std::unordered_set<int> inRings;
+    for (const Closing& closing : under.pieces.closings) {
+        inRings.insert(networkOfRun(under, closing.run));
+    }
+    for (std::size_t i = 0; i < under.pieces.runs.size() && !turned.empty(); ++i) {
+        const CheckedRun& run = under.pieces.runs[i];
+        if (run.pipes.size() < 2 || turned.count(run.pipes.front()) == 0) {
+            continue;
+        }
+        const int network = networkOfRun(under, static_cast<int>(i));
+        // In a network with a ring the walk comes from sides that it will not come from later.
+        Finding& finding =
+            under.add("turned-run", inRings.count(network) != 0 ? Severity::note : Severity::error);
+        finding.network = network;
+        finding.entities = run.pipes;
+        finding.place = run.start;
+        finding.sentence = fmt::format(
+            "{} is drawn against the way in which a search from {} comes to it, and goes straight "
+            "on in {}: the search turns the run round and does not find what lies behind; draw the "
+            "pipe the other way, or begin at another end of the network",
+            nameOf(run.pipes[0]),
+            nameOf(under.report.networks[static_cast<std::size_t>(network)].root),
+            nameOf(run.pipes[1]));
     }
 }
 

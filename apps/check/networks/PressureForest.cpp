@@ -6,6 +6,7 @@
 #include "Systems.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace pipenet {
 
@@ -13,6 +14,11 @@ namespace {
 
 std::size_t at(int index) {
     return static_cast<std::size_t>(index);
+}
+
+bool waterComesFrom(const AcDbObjectId& pipe, bool start) {
+    const wchar_t* flow = start ? xdata::kStartToEnd : xdata::kEndToStart;
+    return XdataText(pipe, xdata::kFlow).Compare(flow) == 0;
 }
 
 /// What the first pipe of a segment says, told in the direction of the walk.
@@ -26,8 +32,9 @@ GravitySeg valuesOf(PressureSeg& seg) {
 
 } // namespace
 
-PressureForest::PressureForest(const CString& system)
-    : system_(system), search_(segs_, AcDbObjectId(), AcGePoint3d(), rootSeg_) {}
+PressureForest::PressureForest(const CString& system, std::vector<CString> others)
+    : system_(system), others_(std::move(others)),
+      search_(segs_, AcDbObjectId(), AcGePoint3d(), rootSeg_) {}
 
 NetworkPieces PressureForest::grow() {
     prepare();
@@ -53,6 +60,7 @@ NetworkPieces PressureForest::grow() {
 void PressureForest::prepare() {
     search_.systemName = system_;
     search_.cuts = &cuts_;
+    search_.turnedRuns = &turned_;
     search_.CollectEntities();
     search_.PreparePipes();
     findFreeEnds();
@@ -63,14 +71,29 @@ void PressureForest::findFreeEnds() {
         if (!search_.pipePool.Has(i)) {
             continue;
         }
+        prepared_.push_back(i);
         const _Pipe& pipe = search_.pipePool[i];
-        for (const AcGePoint3d& place : {pipe.startPoint, pipe.endPoint}) {
+        for (const bool isStart : {true, false}) {
+            const AcGePoint3d& place = isStart ? pipe.startPoint : pipe.endPoint;
             const std::vector<int> inReach = search_.PipesInReach(place, system_);
             if (std::all_of(inReach.begin(), inReach.end(), [i](int p) { return p == i; })) {
-                freeEnds_.push_back({i, place});
+                freeEnds_.push_back({i, pipe.id, place, isStart, waterComesFrom(pipe.id, isStart),
+                                     search_.ReachFrom(place, system_), foreignWellAt(place)});
             }
         }
     }
+    std::stable_sort(freeEnds_.begin(), freeEnds_.end(), [](const FreeEnd& a, const FreeEnd& b) {
+        return std::make_pair(!a.isSource, !a.isStart) < std::make_pair(!b.isSource, !b.isStart);
+    });
+}
+
+AcDbObjectId PressureForest::foreignWellAt(const AcGePoint3d& place) const {
+    for (const CString& other : others_) {
+        if (const int well = search_.WellHolding(place, other); well >= 0) {
+            return search_.wellPool[well].id;
+        }
+    }
+    return {};
 }
 
 void PressureForest::growFrom(int piece, const AcGePoint3d& place) {
