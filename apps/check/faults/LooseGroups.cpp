@@ -30,9 +30,6 @@ public:
                 seen_.insert(run.pipes.begin(), run.pipes.end());
             }
         }
-        for (const Finding& finding : under.report.findings) {
-            explained_.insert(finding.entities.begin(), finding.entities.end());
-        }
     }
 
     void report() {
@@ -51,7 +48,7 @@ private:
         bool isExplained = false;
         bool hasPipe = false;
         for (const AcDbObjectId& member : group) {
-            isExplained = isExplained || explained_.count(member) != 0;
+            isExplained = isExplained || under_.explained.count(member) != 0;
             hasPipe = hasPipe || drawing_.pipeIndex(member) >= 0;
         }
         if (isExplained || (first.kind == EntityKind::tank && isTankInUse(first.id))) {
@@ -162,12 +159,32 @@ private:
     const tkvlt::GravityNetworkSearch& search_;
     SystemUnderCheck& under_;
     std::unordered_set<AcDbObjectId> seen_;
-    std::unordered_set<AcDbObjectId> explained_;
 };
 
 } // namespace
 
+void findWellsWithoutPipe(SystemUnderCheck& under) {
+    std::unordered_set<AcDbObjectId> placed;
+    for (const CheckedNode& node : under.pieces.nodes) {
+        placed.insert(node.entity);
+    }
+    for (const CheckedEntity& entity : under.context.entities) {
+        if (entity.kind != EntityKind::well || entity.system != under.system ||
+            placed.count(entity.id) != 0 || under.explained.count(entity.id) != 0) {
+            continue;
+        }
+        Finding& finding = under.add("well-without-pipe", Severity::warning);
+        finding.entities = {entity.id};
+        finding.place = _Block(entity.id, CString(), CString()).position;
+        finding.sentence =
+            fmt::format("{} lies on no pipe of the system; move it onto its pipe, or "
+                        "take it away",
+                        nameOf(entity.id));
+    }
+}
+
 void findLooseGroups(GravityDrawing& drawing, SystemUnderCheck& under) {
+    drawing.turnTo(under.named().name);
     LooseGroups(drawing, under).report();
 }
 
