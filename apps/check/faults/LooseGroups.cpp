@@ -44,7 +44,8 @@ private:
     using Ids = std::vector<AcDbObjectId>;
 
     void reportGroup(const CheckedEntity& first) {
-        const Ids group = gather(first.id);
+        Ids taken;
+        const Ids group = gather(first.id, taken);
         bool isExplained = false;
         bool hasPipe = false;
         for (const AcDbObjectId& member : group) {
@@ -59,17 +60,27 @@ private:
             under_.add(isLoneWell ? "well-without-pipe" : "no-network", Severity::warning);
         finding.entities = group;
         finding.place = placeOf(first);
-        finding.sentence = isLoneWell ? loneWellSentence(group) : groupSentence(first, group);
+        finding.sentence = isLoneWell      ? loneWellSentence(group)
+                           : taken.empty() ? groupSentence(first, group)
+                                           : takenSentence(group, taken);
+        finding.entities.insert(finding.entities.end(), taken.begin(), taken.end());
     }
 
-    /// The entities in no network that hang together with the first one.
-    Ids gather(const AcDbObjectId& first) {
+    /// The entities in no network that hang together with the first one; what they hang together
+    /// with beyond, once each, goes to `taken`.
+    Ids gather(const AcDbObjectId& first, Ids& taken) {
         Ids group;
         std::deque<AcDbObjectId> front;
+        std::unordered_set<AcDbObjectId> met;
         const auto enter = [&](const AcDbObjectId& id) {
+            if (!met.insert(id).second) {
+                return;
+            }
             if (seen_.insert(id).second) {
                 group.push_back(id);
                 front.push_back(id);
+            } else {
+                taken.push_back(id);
             }
         };
         enter(first);
@@ -142,6 +153,13 @@ private:
         return fmt::format(
             "no pipe of the system ends at {}; bring pipes up to it, or take it away",
             namesOf(group, kNamed));
+    }
+
+    static std::string takenSentence(const Ids& group, const Ids& taken) {
+        return fmt::format("{} in no network, for what it joins ({}) is taken by another run; take "
+                           "it away if it is there twice, or join it elsewhere",
+                           namesOf(group, kNamed) + (group.size() == 1 ? " is" : " are"),
+                           namesOf(taken, kNamed));
     }
 
     static std::string groupSentence(const CheckedEntity& first, const Ids& group) {
