@@ -1,6 +1,7 @@
 #include "CheckDrawing.h"
 
 #include "CheckContext.h"
+#include "faults/LooseGroups.h"
 #include "GravityCheck.h"
 #include "PressureCheck.h"
 #include "Systems.h"
@@ -15,20 +16,50 @@ namespace pipenet {
 
 namespace {
 
-void checkSystems(const CheckContext& context, CheckReport& report) {
-    std::optional<GravityDrawing> gravity;
-    for (int i = 0; i < static_cast<int>(context.systems.size()); ++i) {
-        SystemUnderCheck under{context, i, report, {}, {}};
-        if (under.named().flow == kGravityFlow) {
-            if (!gravity) {
-                gravity.emplace();
+/// Checks system by system; what is loose comes last, for a finding of any system may say why.
+class SystemsCheck {
+public:
+    SystemsCheck(const CheckContext& context, CheckReport& report)
+        : context_(context), report_(report) {}
+
+    void run() {
+        for (int i = 0; i < static_cast<int>(context_.systems.size()); ++i) {
+            checkSystem(i);
+        }
+        for (const Finding& finding : report_.findings) {
+            explained_.insert(finding.entities.begin(), finding.entities.end());
+        }
+        for (SystemUnderCheck& under : checked_) {
+            if (under.named().flow == kGravityFlow) {
+                findLooseGroups(*gravity_, under);
+            } else {
+                findWellsWithoutPipe(under);
             }
-            checkGravity(*gravity, under);
-        } else if (under.named().flow == kPressureFlow) {
-            checkPressure(under);
         }
     }
-}
+
+private:
+    void checkSystem(int system) {
+        SystemUnderCheck under{context_, system, report_, explained_, {}, {}};
+        if (under.named().flow == kGravityFlow) {
+            if (!gravity_) {
+                gravity_.emplace();
+            }
+            checkGravity(*gravity_, under);
+        } else if (under.named().flow == kPressureFlow) {
+            checkPressure(under);
+        } else {
+            return;
+        }
+        checked_.push_back(std::move(under));
+    }
+
+    const CheckContext& context_;
+    CheckReport& report_;
+    std::optional<GravityDrawing> gravity_;
+    std::unordered_set<AcDbObjectId> explained_;
+    std::vector<SystemUnderCheck> checked_;
+};
 
 std::unordered_set<AcDbObjectId> placedEntities(const CheckReport& report) {
     std::unordered_set<AcDbObjectId> placed;
@@ -65,7 +96,7 @@ void sortFindings(std::vector<Finding>& findings) {
 CheckReport checkDrawing(const std::string& onlySystem) {
     const CheckContext context = readContext(onlySystem);
     CheckReport report;
-    checkSystems(context, report);
+    SystemsCheck(context, report).run();
     listLoose(context, report);
     addTextFindings(context, report);
     sortFindings(report.findings);

@@ -2,7 +2,6 @@
 
 #include "faults/Crossings.h"
 #include "faults/GravityEnds.h"
-#include "faults/LooseGroups.h"
 #include "faults/NetworkFindings.h"
 #include "faults/ShortPipes.h"
 #include "networks/GravityForest.h"
@@ -19,7 +18,6 @@ void checkGravity(GravityDrawing& drawing, SystemUnderCheck& under) {
     findCycles(under);
     findMergedWells(under);
     GravityEnds(drawing, shortPipes, under).report();
-    findLooseGroups(drawing, under);
     findCrossings(drawing, under);
 }
 

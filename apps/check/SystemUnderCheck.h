@@ -12,6 +12,8 @@ struct SystemUnderCheck {
     const CheckContext& context;
     int system; ///< index in the context's systems
     CheckReport& report;
+    /// What lies beside a finding that says why it is in no network; of all systems.
+    std::unordered_set<AcDbObjectId>& explained;
     NetworkPieces pieces;
     std::vector<int> networkOfNode; ///< index in the report's networks; -1 for a lone node
 

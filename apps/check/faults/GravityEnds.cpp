@@ -56,8 +56,14 @@ bool GravityEnds::isOpen(const End& end) const {
 }
 
 void GravityEnds::reportEnd(const End& end) {
-    if (reportForeignWell(end) || shortPipes_.endNear(end.place, search_.snapDist) ||
-        reportAngle(end)) {
+    if (reportForeignWell(end)) {
+        return;
+    }
+    if (shortPipes_.endNear(end.place, search_.snapDist)) {
+        under_.explained.insert(pipeAt(end.pipe).id);
+        return;
+    }
+    if (reportAngle(end)) {
         return;
     }
     const auto target = targets_.nearest(end.pipe, end.place, drawingUnits(kFarthestNamed));
@@ -156,7 +162,12 @@ bool GravityEnds::reportGap(const End& end, const NearTarget& target) {
     return true;
 }
 
+/// Of two ends that face one another the first one speaks for both.
 void GravityEnds::reportDeadEnd(const End& end, const std::optional<NearTarget>& target) {
+    if (target && target->kind == NearTarget::Kind::pipe && isReportedPair(end, target->index)) {
+        under_.explained.insert(pipeAt(end.pipe).id);
+        return;
+    }
     Finding& finding = add("dead-end", Severity::warning, end);
     if (!target) {
         finding.sentence = fmt::format(

@@ -30,9 +30,6 @@ public:
                 seen_.insert(run.pipes.begin(), run.pipes.end());
             }
         }
-        for (const Finding& finding : under.report.findings) {
-            explained_.insert(finding.entities.begin(), finding.entities.end());
-        }
     }
 
     void report() {
@@ -47,11 +44,12 @@ private:
     using Ids = std::vector<AcDbObjectId>;
 
     void reportGroup(const CheckedEntity& first) {
-        const Ids group = gather(first.id);
+        Ids taken;
+        const Ids group = gather(first.id, taken);
         bool isExplained = false;
         bool hasPipe = false;
         for (const AcDbObjectId& member : group) {
-            isExplained = isExplained || explained_.count(member) != 0;
+            isExplained = isExplained || under_.explained.count(member) != 0;
             hasPipe = hasPipe || drawing_.pipeIndex(member) >= 0;
         }
         if (isExplained || (first.kind == EntityKind::tank && isTankInUse(first.id))) {
@@ -62,17 +60,27 @@ private:
             under_.add(isLoneWell ? "well-without-pipe" : "no-network", Severity::warning);
         finding.entities = group;
         finding.place = placeOf(first);
-        finding.sentence = isLoneWell ? loneWellSentence(group) : groupSentence(first, group);
+        finding.sentence = isLoneWell      ? loneWellSentence(group)
+                           : taken.empty() ? groupSentence(first, group)
+                                           : takenSentence(group, taken);
+        finding.entities.insert(finding.entities.end(), taken.begin(), taken.end());
     }
 
-    /// The entities in no network that hang together with the first one.
-    Ids gather(const AcDbObjectId& first) {
+    /// The entities in no network that hang together with the first one; what they hang together
+    /// with beyond, once each, goes to `taken`.
+    Ids gather(const AcDbObjectId& first, Ids& taken) {
         Ids group;
         std::deque<AcDbObjectId> front;
+        std::unordered_set<AcDbObjectId> met;
         const auto enter = [&](const AcDbObjectId& id) {
+            if (!met.insert(id).second) {
+                return;
+            }
             if (seen_.insert(id).second) {
                 group.push_back(id);
                 front.push_back(id);
+            } else {
+                taken.push_back(id);
             }
         };
         enter(first);
@@ -147,6 +155,13 @@ private:
             namesOf(group, kNamed));
     }
 
+    static std::string takenSentence(const Ids& group, const Ids& taken) {
+        return fmt::format("{} in no network, for what it joins ({}) is taken by another run; take "
+                           "it away if it is there twice, or join it elsewhere",
+                           namesOf(group, kNamed) + (group.size() == 1 ? " is" : " are"),
+                           namesOf(taken, kNamed));
+    }
+
     static std::string groupSentence(const CheckedEntity& first, const Ids& group) {
         if (first.kind == EntityKind::tank) {
             return fmt::format("no pipe ends in {}, so it belongs to no network; bring pipes up to "
@@ -162,12 +177,32 @@ private:
     const tkvlt::GravityNetworkSearch& search_;
     SystemUnderCheck& under_;
     std::unordered_set<AcDbObjectId> seen_;
-    std::unordered_set<AcDbObjectId> explained_;
 };
 
 } // namespace
 
+void findWellsWithoutPipe(SystemUnderCheck& under) {
+    std::unordered_set<AcDbObjectId> placed;
+    for (const CheckedNode& node : under.pieces.nodes) {
+        placed.insert(node.entity);
+    }
+    for (const CheckedEntity& entity : under.context.entities) {
+        if (entity.kind != EntityKind::well || entity.system != under.system ||
+            placed.count(entity.id) != 0 || under.explained.count(entity.id) != 0) {
+            continue;
+        }
+        Finding& finding = under.add("well-without-pipe", Severity::warning);
+        finding.entities = {entity.id};
+        finding.place = _Block(entity.id, CString(), CString()).position;
+        finding.sentence =
+            fmt::format("{} lies on no pipe of the system; move it onto its pipe, or "
+                        "take it away",
+                        nameOf(entity.id));
+    }
+}
+
 void findLooseGroups(GravityDrawing& drawing, SystemUnderCheck& under) {
+    drawing.turnTo(under.named().name);
     LooseGroups(drawing, under).report();
 }
 

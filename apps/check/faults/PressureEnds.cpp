@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <fmt/format.h>
 #include <set>
+#include <unordered_set>
 
 namespace pipenet {
 
@@ -43,6 +44,12 @@ public:
     }
 
     void report() {
+        for (const Closing& closing : under_.pieces.closings) {
+            if (closing.isNearMiss) {
+                nearRings_.insert(
+                    under_.pieces.runs[static_cast<std::size_t>(closing.run)].pipes.back());
+            }
+        }
         const ShortPipes shortPipes(under_);
         shortPipes.report(under_);
         for (const FreeEnd& end : forest_.freeEnds()) {
@@ -63,6 +70,9 @@ private:
             return;
         }
         const AcDbObjectId& other = pool_[near.piece].id;
+        if (nearRings_.count(end.pipe) != 0 || nearRings_.count(other) != 0) {
+            return; // told as a ring, which is what the search makes of it
+        }
         if (near.isAtEnd && !reported_.emplace(std::minmax(end.pipe, other)).second) {
             return;
         }
@@ -129,6 +139,7 @@ private:
     SystemUnderCheck& under_;
     tkvlt::BoxTree pieces_; ///< item i is the i-th prepared pipe
     std::unordered_map<AcDbObjectId, int> networks_;
+    std::unordered_set<AcDbObjectId> nearRings_; ///< pipes whose ends are taken for closing a ring
     std::set<std::pair<AcDbObjectId, AcDbObjectId>> reported_; ///< pipes with a gap between ends
 };
 

@@ -7,23 +7,27 @@ namespace pipenet {
 
 namespace {
 
+/// A run at a node: its size, and which of its pipes is the one there.
+struct Outlet {
+    int diameter = 0; ///< millimetres
+    AcDbObjectId pipe;
+};
+
 /// The widest runs by which the water comes to a node and by which it leaves.
 struct NodeFlow {
-    const RunReading* in = nullptr;
-    const RunReading* out = nullptr;
+    Outlet in;
+    Outlet out;
     bool isKnown = true;
 
     bool shrinks() const {
-        return isKnown && in != nullptr && out != nullptr &&
-               out->run->diameter < in->run->diameter;
+        return isKnown && !in.pipe.isNull() && !out.pipe.isNull() && out.diameter < in.diameter;
     }
 };
 
 /// Of how the water runs, or of the size, nothing is known where the texts cannot be read.
 bool isReadable(const RunReading& reading, const UnreadablePipes& unreadable) {
-    return !reading.pipes.empty() &&
-           unreadable.diameters.count(reading.pipes.front().pipe) == 0 &&
-           unreadable.flows.count(reading.pipes.front().pipe) == 0;
+    const AcDbObjectId& pipe = reading.speakingPipe().pipe;
+    return unreadable.diameters.count(pipe) == 0 && unreadable.flows.count(pipe) == 0;
 }
 
 /// The flows at the nodes of all networks. A node at which something cannot be read has none, for its
@@ -37,15 +41,17 @@ public:
         for (const RunReading& reading : check.runs) {
             const CheckedRun& run = *reading.run;
             const bool readable = isReadable(reading, check.unreadable);
-            add(reading, run.flowReversed ? run.to : run.from, &NodeFlow::out, readable);
-            add(reading, run.flowReversed ? run.from : run.to, &NodeFlow::in, readable);
+            add(reading, run.from, run.pipes.front(),
+                run.flowReversed ? &NodeFlow::in : &NodeFlow::out, readable);
+            add(reading, run.to, run.pipes.back(),
+                run.flowReversed ? &NodeFlow::out : &NodeFlow::in, readable);
         }
     }
 
     const std::vector<NodeFlow>& ofNetwork(std::size_t network) const { return flows_[network]; }
 
 private:
-    void add(const RunReading& reading, int node, const RunReading* NodeFlow::*side,
+    void add(const RunReading& reading, int node, const AcDbObjectId& pipe, Outlet NodeFlow::*side,
              bool isReadable) {
         if (node < 0) {
             return;
@@ -53,9 +59,9 @@ private:
         NodeFlow& flow =
             flows_[static_cast<std::size_t>(reading.network)][static_cast<std::size_t>(node)];
         flow.isKnown = flow.isKnown && isReadable;
-        const RunReading*& widest = flow.*side;
-        if (widest == nullptr || reading.run->diameter > widest->run->diameter) {
-            widest = &reading;
+        Outlet& widest = flow.*side;
+        if (widest.pipe.isNull() || reading.run->diameter > widest.diameter) {
+            widest = {reading.run->diameter, pipe};
         }
     }
 
@@ -63,24 +69,22 @@ private:
 };
 
 Finding findingOf(const CheckedNode& node, const NodeFlow& flow) {
-    const AcDbObjectId out = flow.out->pipes.front().pipe;
-    const AcDbObjectId in = flow.in->pipes.front().pipe;
     Finding finding;
     finding.code = "diameter-shrinks";
     finding.severity = Severity::warning;
-    finding.entities = {out, in};
+    finding.entities = {flow.out.pipe, flow.in.pipe};
     if (!node.entity.isNull()) {
         finding.entities.push_back(node.entity);
     }
     finding.place = node.place;
-    finding.measured = flow.out->run->diameter;
-    finding.limit = flow.in->run->diameter;
+    finding.measured = flow.out.diameter;
+    finding.limit = flow.in.diameter;
     finding.unit = "mm";
     finding.sentence = fmt::format(
         "the water comes to {} by {} of DN{} and leaves by {} of DN{}, the widest there; widen it, or "
         "correct 管径 or 水流方向",
-        node.entity.isNull() ? std::string("the joint") : nameOf(node.entity), nameOf(in),
-        flow.in->run->diameter, nameOf(out), flow.out->run->diameter);
+        node.entity.isNull() ? std::string("the joint") : nameOf(node.entity), nameOf(flow.in.pipe),
+        flow.in.diameter, nameOf(flow.out.pipe), flow.out.diameter);
     return finding;
 }
 

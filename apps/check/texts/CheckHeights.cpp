@@ -39,10 +39,10 @@ void checkHeights(TextCheck& check) {
             if (!isReadable(pipe, check.unreadable) || !(riseOf(pipe) > 0.0)) {
                 continue;
             }
-            finding.entities.push_back(pipe.pipe);
-            if (steepest == nullptr || riseOf(pipe) > riseOf(*steepest)) {
-                steepest = &pipe;
-            }
+            const bool isSteepest = steepest == nullptr || riseOf(pipe) > riseOf(*steepest);
+            steepest = isSteepest ? &pipe : steepest;
+            finding.entities.insert(
+                isSteepest ? finding.entities.begin() : finding.entities.end(), pipe.pipe);
         }
         if (steepest == nullptr) {
             continue;

@@ -1,5 +1,5 @@
-// A run takes its values from its first pipe alone, whatever the others say. Where they disagree, what
-// the run is said to be hangs on the order of the entities in the drawing.
+// A run takes its values from one of its pipes alone, whatever the others say. Where they disagree,
+// what the run is said to be hangs on the order of the entities in the drawing.
 
 #include "HandleText.h"
 #include "Systems.h"
@@ -12,9 +12,9 @@ namespace pipenet {
 
 namespace {
 
-/// Pipes that say otherwise than the first one of their run about one thing.
+/// Pipes that say otherwise about one thing than the one whose values their run has.
 struct Disagreement {
-    std::string first; ///< what the first one says
+    std::string told;  ///< what that one says
     std::string other; ///< what the first of the others says
     std::vector<AcDbObjectId> pipes;
 };
@@ -24,12 +24,12 @@ struct Disagreement {
 template<class IsReadable, class Say>
 Disagreement disagreement(const RunReading& reading, const IsReadable& isReadable, const Say& say) {
     Disagreement found;
-    if (!isReadable(reading.pipes.front())) {
+    if (!isReadable(reading.speakingPipe())) {
         return found;
     }
-    found.first = say(reading.pipes.front());
+    found.told = say(reading.speakingPipe());
     for (const PipeReading& pipe : reading.pipes) {
-        if (!isReadable(pipe) || say(pipe) == found.first) {
+        if (!isReadable(pipe) || say(pipe) == found.told) {
             continue;
         }
         if (found.pipes.empty()) {
@@ -69,14 +69,14 @@ void addPipes(std::vector<AcDbObjectId>& to, const Disagreement& from) {
     }
 }
 
-std::string sentenceOf(const AcDbObjectId& first, const std::vector<AcDbObjectId>& others,
+std::string sentenceOf(const AcDbObjectId& speaker, const std::vector<AcDbObjectId>& others,
                        const Disagreement& size, const Disagreement& material,
                        const Disagreement& flow) {
     std::string what;
     for (const auto& [name, each] : {std::pair("size", &size), std::pair("material", &material)}) {
         if (!each->pipes.empty()) {
             what += fmt::format("{}{} ({}, not {})", what.empty() ? "" : " and ", name, each->other,
-                                each->first);
+                                each->told);
         }
     }
     if (!flow.pipes.empty()) {
@@ -84,8 +84,8 @@ std::string sentenceOf(const AcDbObjectId& first, const std::vector<AcDbObjectId
     }
     return fmt::format("{} {} not agree with {} of the same run about {}, and the run has the values "
                        "of {} alone; make them agree, or part the run with a well",
-                       namesOf(others, 4), others.size() == 1 ? "does" : "do", nameOf(first), what,
-                       nameOf(first));
+                       namesOf(others, 4), others.size() == 1 ? "does" : "do", nameOf(speaker), what,
+                       nameOf(speaker));
 }
 
 } // namespace
@@ -108,14 +108,14 @@ void checkPieces(TextCheck& check) {
         if (finding.entities.empty()) {
             continue;
         }
-        const AcDbObjectId first = reading.pipes.front().pipe;
+        const AcDbObjectId speaker = reading.speakingPipe().pipe;
         finding.code = "pieces-differ";
         finding.severity = flow.pipes.empty() ? Severity::warning : Severity::error;
         finding.system = network.system;
         finding.network = reading.network;
         finding.place = placeOf(finding.entities.front());
-        finding.sentence = sentenceOf(first, finding.entities, size, material, flow);
-        finding.entities.push_back(first);
+        finding.sentence = sentenceOf(speaker, finding.entities, size, material, flow);
+        finding.entities.push_back(speaker);
         for (const AcDbObjectId& pipe : flow.pipes) {
             check.unreadable.flows.insert(pipe);
         }

@@ -107,11 +107,13 @@ private:
         if (saysNothing || !miss.isTooFar()) {
             return;
         }
-        if (miss.measured > worst_.measured) {
+        const bool isWorst = miss.measured > worst_.measured;
+        if (isWorst) {
             worst_ = miss;
             worstPipe_ = pipe;
         }
-        finding_.entities.push_back(pipe.pipe);
+        finding_.entities.insert(isWorst ? finding_.entities.begin() : finding_.entities.end(),
+                                 pipe.pipe);
     }
 
     void end() {

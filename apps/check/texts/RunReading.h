@@ -21,7 +21,10 @@ struct PipeReading {
 struct RunReading {
     int network = -1;
     const CheckedRun* run = nullptr;
-    std::vector<PipeReading> pipes;
+    std::vector<PipeReading> pipes; ///< in the order of the run, at least one
+    std::size_t speaker = 0;        ///< index in `pipes` of the one whose values the run has
+
+    const PipeReading& speakingPipe() const { return pipes[speaker]; }
 };
 
 /// Reads a pipe as if it alone spoke for a run that begins at `start`.

@@ -44,7 +44,7 @@ void checkWellNumbers(TextCheck& check);
 // The steps on the networks, which pass over what cannot be read.
 
 /// pieces-differ: pipes of one run that do not agree about size, material or flow, of which the run
-/// has those of its first pipe. One finding a run.
+/// has those of one alone. One finding a run.
 void checkPieces(TextCheck& check);
 /// heights-against-flow: a gravity run with pipes that rise in the direction of their water. One
 /// finding a run.

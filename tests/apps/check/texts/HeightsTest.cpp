@@ -48,7 +48,8 @@ TEST_F(HeightsTest, TheStartElevationBelongsToThePipesStartWhateverTheFlow) {
 }
 
 TEST_F(HeightsTest, TheRisingPiecesOfARunAreOneFindingAndTheSteepestIsMeasured) {
-    // Two pieces with a gap of 0.2; 10.25 to 10 is sound, the others rise by 0.25 and 0.75.
+    // Three pieces with gaps of 0.2; 10.25 to 10 is sound, the others rise by 0.25 and 0.75. The
+    // steepest comes first.
     const auto piece = [this](double from, double to, const PipeTexts& texts) {
         return drawing.addPipe({from, 0.0, 0.0}, {to, 0.0, 0.0}, texts);
     };
@@ -56,7 +57,7 @@ TEST_F(HeightsTest, TheRisingPiecesOfARunAreOneFindingAndTheSteepestIsMeasured) 
     piece(10.2, 20.0, between(L"10.25", L"10"));
     const AcDbObjectId third = piece(32.5, 20.2, between(L"10.75", L"10", L"ES"));
     const Finding found = finding("heights-against-flow");
-    EXPECT_EQ(found.entities, (Ids{first, third}));
+    EXPECT_EQ(found.entities, (Ids{third, first}));
     EXPECT_EQ(found.measured, 0.75);
 }
 

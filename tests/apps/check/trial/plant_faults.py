@@ -68,6 +68,7 @@ class Planter:
         self.chance = Chance(seed)
         self.taken = set()  # edges that belong to a fault or lie beside one
         self.planted = []
+        self.wells = drawing.carriers("管井系统")
 
     # -- what is free ----------------------------------------------------------------------------
 
@@ -92,8 +93,12 @@ class Planter:
                 yield edge
 
     def free_wells(self, fits=lambda name: True):
+        return self.free_nodes(lambda name: self.net.nodes[name]["kind"] == "well" and fits(name))
+
+    def free_nodes(self, fits=lambda name: True):
+        """Wells and mere joints."""
         names = [name for name, node in self.net.nodes.items()
-                 if node["kind"] == "well" and len(node["handles"]) == 1 and name in self.net.at]
+                 if node["kind"] != "tank" and len(node["handles"]) < 2 and name in self.net.at]
         for name in shuffled(names, self.chance.below(1 << 30)):
             if fits(name) and not self.around([name]) & self.taken:
                 yield name
@@ -124,11 +129,15 @@ class Planter:
         return name
 
     def touched_by_edge(self, edge):
-        return self.net.handles_around(edge)
+        """An edge, all that meets it at its nodes, and the wells that stand on it."""
+        pipes = [self.net.pipes[pipe] for pipe in self.net.edges[edge]["pipes"]]
+        on_it = {well.handle for well in self.wells if any(off_line(
+            well.point(), pipe["startPoint"], pipe["endPoint"]) < 1.0 for pipe in pipes)}
+        return self.net.handles_around(edge) | on_it
 
     def touched_by_node(self, name):
         return set(self.net.nodes[name]["handles"]).union(
-            *(self.net.handles_around(edge) for edge in self.net.at[name]))
+            *(self.touched_by_edge(edge) for edge in self.net.at[name]))
 
     # -- geometry --------------------------------------------------------------------------------
 
@@ -200,20 +209,20 @@ class Planter:
 
     def close_loop(self):
         """A new pipe joins two wells that are joined already."""
-        for name in self.free_wells():
+        for name in self.free_nodes():
             partner = self.partner(name)
             if partner is None:
                 continue
             self.claim([name])
             self.claim([partner])
             a, b = (self.net.nodes[each] for each in (name, partner))
-            edge = self.net.at[name][0]
             pipe = self.drawing.add_like(next(
                 p for p in self.net.pipes if self.drawing[p].kind == "LINE"
                 and self.net.pipes[p]["system"] == a["system"]))
-            pipe.move(0, towards(a["point"], b["point"], a["radius"]))
-            pipe.move(-1, towards(b["point"], a["point"], b["radius"]))
-            del edge
+            # Sewers end at the rims of their wells, mains meet in the middle.
+            rims = (0.0, 0.0) if a["system"] == "给水" else (a["radius"], b["radius"])
+            pipe.move(0, towards(a["point"], b["point"], rims[0]))
+            pipe.move(-1, towards(b["point"], a["point"], rims[1]))
             return self.keep("loop closed", ["cycle"], [pipe.handle],
                              self.touched_by_node(name) | self.touched_by_node(partner))
         return False
@@ -221,7 +230,7 @@ class Planter:
     def partner(self, name):
         """A free well in sight, 8 to 60 m away, which is no neighbour."""
         here, mine = self.net.nodes[name], self.around([name])
-        for other in self.free_wells(lambda n: 8.0 <= math.dist(
+        for other in self.free_nodes(lambda n: 8.0 <= math.dist(
                 self.net.nodes[n]["point"], here["point"]) <= 60.0):
             there = self.net.nodes[other]
             if there["system"] == here["system"] and not self.around([other]) & mine and \
@@ -301,7 +310,7 @@ class Planter:
             return False
         well = self.drawing.add_like(self.net.nodes[name]["handles"][0])
         well.set_text("管井编号", f"new {well.handle}")
-        well.move(0, self.nowhere())
+        well.move(0, self.nowhere(-300.0))
         return self.keep("well added", ["well-without-pipe"], [well.handle], [])
 
     def add_lone_pipe(self):
@@ -310,15 +319,16 @@ class Planter:
         if edge is None:
             return False
         pipe = self.drawing.add_like(self.net.edges[edge]["pipes"][0])
-        x, y = self.nowhere()
+        x, y = self.nowhere(300.0)
         pipe.move(0, (x, y))
         pipe.move(-1, (x + 9.0, y))
-        return self.keep("pipe added", ["no-network"], [pipe.handle], [])
+        return self.keep("pipe added", ["dead-end"], [pipe.handle], [])
 
-    def nowhere(self):
-        """A place beside the map, another one each time."""
+    def nowhere(self, aside):
+        """A place so far to the left or right of the map, another one each time."""
         points = [node["point"] for node in self.net.nodes.values()]
-        return (max(p[0] for p in points) + 100.0,
+        edge = max if aside > 0.0 else min
+        return (edge(p[0] for p in points) + aside,
                 min(p[1] for p in points) + 50.0 * len(self.planted))
 
     def add_overlapping_well(self):
@@ -367,11 +377,12 @@ class Planter:
     def add_letters(self):
         """A diameter is written with letters before it, so that it reads as 0."""
         return self.spoil_pipe("letters before a diameter", "number-not-whole", "管径",
-                               lambda text: "DN" + text)
+                               lambda text: "DN" + text, True)
 
     def lower_flow(self):
         """A flow text is written in small letters."""
-        return self.spoil_pipe("flow in small letters", "flow-text", "水流方向", str.lower)
+        return self.spoil_pipe("flow in small letters", "flow-text", "水流方向", str.lower,
+                               True)
 
     def drop_elevation(self):
         """An elevation is taken off."""
@@ -379,9 +390,10 @@ class Planter:
 
     def drop_diameter(self):
         """The diameter of a pipe is taken off."""
-        return self.spoil_pipe("diameter taken off", "missing-key", "管径", lambda text: None)
+        return self.spoil_pipe("diameter taken off", "missing-key", "管径", lambda text: None,
+                               True)
 
-    def spoil_pipe(self, kind, code, app, change, breaks=False):
+    def spoil_pipe(self, kind, code, app, change, reaches=False):
         edge = self.take_edge(lambda e: True)
         if edge is None:
             return False
@@ -389,7 +401,7 @@ class Planter:
         entity = self.drawing[pipes[self.chance.below(len(pipes))]]
         entity.set_text(app, change(entity.texts()[app]))
         return self.keep(kind, [code], [entity.handle],
-                         self.touched_by_edge(edge) if breaks else pipes)
+                         self.touched_by_edge(edge) if reaches else pipes)
 
     def drop_number(self):
         """The number of a well is taken off."""
@@ -411,7 +423,7 @@ class Planter:
         self.drawing[handle].set_text(app, None)
         return self.keep(kind, ["missing-key"], [handle], self.touched_by_node(name))
 
-    def fall(self, edge, length=None):
+    def fall(self, edge):
         """The fall of an edge by the elevations of its pipes' outer ends, as its flow has it."""
         pipes = [self.net.pipes[pipe] for pipe in self.net.edges[edge]["pipes"]]
         upper = pipes[0]["startElevation" if pipes[0]["flow"] == "SE" else "endElevation"]
