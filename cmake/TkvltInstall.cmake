@@ -1,5 +1,5 @@
 # What `cmake --install` lays out:
-#   bin/pipenet, lib/ with the three shared libraries and the entry code of extension libraries,
+#   bin/pipenet, lib/ with the shared libraries and the entry code of extension libraries,
 #   include/tkvlt/{module,host,siblings}, share/tkvlt/{settings,support}, lib/cmake/TKVltSearchModule18.
 include(CMakePackageConfigHelpers)
 
@@ -8,7 +8,7 @@ set(TKVLT_INSTALL_SUPPORT "${CMAKE_INSTALL_DATADIR}/tkvlt/support")
 set(TKVLT_INSTALL_CMAKE "${CMAKE_INSTALL_LIBDIR}/cmake/${PROJECT_NAME}")
 
 # The libraries find each other beside themselves, wherever the prefix is moved to.
-set_target_properties(tkvlt_host tkvlt_siblings TKVltSearchModule18 PROPERTIES
+set_target_properties(tkvlt_host tkvlt_siblings TKVltSearchModule18 pipenet_check PROPERTIES
   INSTALL_RPATH "$ORIGIN")
 file(RELATIVE_PATH tkvlt_lib_from_bin
   "${CMAKE_INSTALL_FULL_BINDIR}" "${CMAKE_INSTALL_FULL_LIBDIR}")
@@ -23,6 +23,8 @@ install(TARGETS tkvlt_host tkvlt_host_entry tkvlt_siblings TKVltSearchModule18
   EXPORT TKVltSearchModule18Targets
   LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
   ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}")
+# A part of the command: whoever builds against the module does not link to it.
+install(TARGETS pipenet_check LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}")
 install(TARGETS pipenet RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}")
 foreach(building host siblings module)
   install(DIRECTORY "${CMAKE_SOURCE_DIR}/${building}/"

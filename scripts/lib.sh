@@ -9,7 +9,8 @@ root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 # shellcheck disable=SC2034 # read by the scripts that source this file
 build_packages=(g++ cmake ninja-build python3 libgtest-dev libcli11-dev nlohmann-json3-dev libfmt-dev
     python3-ezdxf libfreetype-dev fonts-dejavu-core fonts-droid-fallback python3-fonttools
-    libbenchmark-dev libgeos++-dev)
+    libbenchmark-dev libgeos++-dev gdal-bin chromium chromium-driver
+    python3-selenium)
 # shellcheck disable=SC2034 # read by the scripts that source this file
 lint_packages=(clang-format clang-tidy shellcheck doxygen)
 # shellcheck disable=SC2034 # read by the scripts that source this file
@@ -56,6 +57,10 @@ package_present() {
     libbenchmark-dev) has_header benchmark/benchmark.h ;;
     libgeos++-dev) has_header geos/index/strtree/TemplateSTRtree.h ;;
     libclang-rt-14-dev) [ -e "$(clang --print-resource-dir 2>/dev/null)/lib/linux/libclang_rt.fuzzer-x86_64.a" ] ;;
+    gdal-bin) command -v ogrinfo >/dev/null ;;
+    chromium) command -v chromium >/dev/null || command -v chromium-browser >/dev/null ;;
+    chromium-driver) command -v chromedriver >/dev/null ;;
+    python3-selenium) has_python_module selenium ;;
     *) command -v "$1" >/dev/null ;;
     esac
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CheckApi.h"
 #include "EmbeddedHost.h"
 
 #include <optional>
@@ -13,7 +14,7 @@ namespace pipenet {
 enum class Severity { error, warning, note };
 
 /// "error", "warning" or "note".
-const char* severityName(Severity severity);
+PIPENET_CHECK_API const char* severityName(Severity severity);
 
 /// Something in the drawing that an engineer should look at. Texts are UTF-8.
 struct Finding {

@@ -15,7 +15,8 @@ namespace {
 struct Texts {
     std::string drawing, settings, dwgScale, drawScale, breakDist, lengthMode;
     std::string format = "table";
-    std::string start, end, pipe, pick, point, svg, pipes, target, drop, output, lines, block;
+    std::string start, end, pipe, pick, point, svg, pipes, target, drop, output, lines, block,
+        system;
     bool timing = false;
     bool unique = false;
     bool inPlace = false;
@@ -32,9 +33,8 @@ constexpr auto kNotes =
     "the\n"
     "command.\n"
     "The answer goes to standard output, everything else to standard error.\n"
-    "Exit status: 0 done; 1 the search said no, with a sentence on standard error; 2 a usage "
-    "error,\n"
-    "an unknown handle, or an input or output that cannot be used.\n"
+    "Exit status: 0 done; 1 the search said no, or a check found errors, with a sentence on\n"
+    "standard error; 2 a usage error, an unknown handle, or an input or output that cannot be used.\n"
     "Settings folder: --settings, else the variable TKVLT_SYSTEM_PATH, else the folder installed\n"
     "beside the program. It holds SysCon/PipeLineSetting.Kdp and perhaps "
     "SysCon/DrawingSetting.Kdp.\n"
@@ -43,7 +43,13 @@ constexpr auto kNotes =
     "  pipenet --settings examples/settings search examples/town.dxf --pick 186,60 --svg town.svg\n"
     "  pipenet --settings examples/settings segment examples/town.dxf --pipe 304 --format json";
 
-void addSharedOptions(CLI::App& app, Texts& texts) {
+/// What every command can give.
+constexpr std::array kForms{"table", "json"};
+/// What a check can give.
+constexpr std::array kReportForms{"table", "json", "geojson", "html"};
+
+template<class Forms>
+void addSharedOptions(CLI::App& app, Texts& texts, const Forms& forms) {
     const std::string group = "Settings";
     app.add_option("--settings", texts.settings, "Folder of the settings files")
         ->type_name("DIR")
@@ -63,21 +69,22 @@ void addSharedOptions(CLI::App& app, Texts& texts) {
                    "How lengths are reckoned: 0 rim to rim, 1 centre to centre")
         ->type_name("N")
         ->group(group);
-    app.add_option("--format", texts.format, "Form of the answer: table (default) or json")
+    app.add_option("--format", texts.format, "Form of the answer, a table by default")
         ->type_name("FORMAT")
-        ->check(CLI::IsMember({"table", "json"}))
+        ->check(CLI::IsMember(std::vector<std::string>(forms.begin(), forms.end())))
         ->group("Output");
     app.add_flag("--timing", texts.timing, "Add how long loading and searching took")
         ->group("Output");
 }
 
-CLI::App* addCommand(CLI::App& app, const std::string& name, const std::string& about,
-                     Texts& texts) {
+template<class Forms = decltype(kForms)>
+CLI::App* addCommand(CLI::App& app, const std::string& name, const std::string& about, Texts& texts,
+                     const Forms& forms = kForms) {
     CLI::App* command = app.add_subcommand(name, about);
     command->add_option("drawing", texts.drawing, "The drawing, a DXF file")
         ->required()
         ->type_name("DRAWING");
-    addSharedOptions(*command, texts);
+    addSharedOptions(*command, texts, forms);
     return command;
 }
 
@@ -165,6 +172,16 @@ void addCuts(CLI::App& app, Texts& texts) {
     }
 }
 
+void addCheck(CLI::App& app, Texts& texts) {
+    CLI::App* check = addCommand(
+        app, "check", "Rebuild every network and list what an engineer should look at", texts,
+        kReportForms);
+    check->add_option("--system", texts.system, "Check this pipe system alone")->type_name("NAME");
+    check->add_option("--output", texts.output, "Write the report into this file")
+        ->type_name("FILE")
+        ->group("Output");
+}
+
 void addCommands(CLI::App& app, Texts& texts) {
     addCommand(app, "info", "List the pipe systems of a drawing", texts);
     addSearch(app, texts);
@@ -175,6 +192,7 @@ void addCommands(CLI::App& app, Texts& texts) {
     addPath(app, texts);
     addLower(app, texts);
     addCuts(app, texts);
+    addCheck(app, texts);
 }
 
 /// An option that stands both before and after the command would silently lose one value.
@@ -223,7 +241,17 @@ Command commandNamed(const std::string& name) {
     constexpr std::pair<const char*, Command> names[] = {
         {"info", Command::info},         {"search", Command::search}, {"segment", Command::segment},
         {"segments", Command::segments}, {"path", Command::path},     {"lower", Command::lower},
-        {"break", Command::breakLines},  {"trim", Command::trim}};
+        {"break", Command::breakLines},  {"trim", Command::trim},     {"check", Command::check}};
+    return std::find_if(std::begin(names), std::end(names),
+                        [&name](const auto& entry) { return entry.first == name; })
+        ->second;
+}
+
+Format formatNamed(const std::string& name) {
+    constexpr std::pair<const char*, Format> names[] = {{"table", Format::table},
+                                                        {"json", Format::json},
+                                                        {"geojson", Format::geojson},
+                                                        {"html", Format::html}};
     return std::find_if(std::begin(names), std::end(names),
                         [&name](const auto& entry) { return entry.first == name; })
         ->second;
@@ -233,7 +261,7 @@ Options readTexts(const std::string& command, const Texts& texts) {
     Options options;
     options.command = commandNamed(command);
     options.drawing = texts.drawing;
-    options.format = texts.format == "json" ? Format::json : Format::table;
+    options.format = formatNamed(texts.format);
     options.timing = texts.timing;
     options.svg = texts.svg;
     readSettings(options, texts);
@@ -249,6 +277,7 @@ Options readTexts(const std::string& command, const Texts& texts) {
         options.drop = numberArgument("--drop", texts.drop);
     }
     options.output = texts.output;
+    options.system = texts.system;
     options.inPlace = texts.inPlace;
     readInto(options.pick, texts.pick, pickArgument);
     readInto(options.point, texts.point, pointArgument);
@@ -281,6 +310,17 @@ void checkOutput(const CLI::App& command) {
     }
     if (!output && !inPlace) {
         throw Failure(messages::kNoOutput, command.get_name());
+    }
+}
+
+/// The form may stand before the command, so that the option alone cannot tell.
+void checkForm(const CLI::App& command, const Texts& texts) {
+    const bool isReport = command.get_name() == "check";
+    if (!isReport && std::find(kForms.begin(), kForms.end(), texts.format) == kForms.end()) {
+        throw Failure(messages::kFormatOfCheck, texts.format);
+    }
+    if (texts.format == "html" && texts.timing) {
+        throw Failure(messages::kTimingInPage);
     }
 }
 
@@ -321,7 +361,7 @@ std::optional<Options> parseCommandLine(int count, const char* const* arguments)
     app.set_version_flag("--version", "pipenet " PIPENET_VERSION);
     app.require_subcommand(0, 1);
     app.footer(kNotes);
-    addSharedOptions(app, texts);
+    addSharedOptions(app, texts, kReportForms);
     addCommands(app, texts);
     if (!parse(app, count, arguments)) {
         return std::nullopt;
@@ -335,6 +375,7 @@ std::optional<Options> parseCommandLine(int count, const char* const* arguments)
     refuseEmpty(command);
     checkStart(command);
     checkOutput(command);
+    checkForm(command, texts);
     return readTexts(command.get_name(), texts);
 }
 

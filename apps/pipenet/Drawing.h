@@ -1,20 +1,12 @@
 #pragma once
 
 #include "EmbeddedHost.h"
+#include "NetworkEntity.h"
 
 #include <string>
 #include <vector>
 
 namespace pipenet {
-
-/// What an entity of the drawing is to a network, by the first of these texts that it carries.
-enum class EntityKind { pipe, well, tank };
-
-struct NetworkEntity {
-    AcDbObjectId id;
-    EntityKind kind;
-    CString systemName; ///< of a tank the text under 池体
-};
 
 /// The drawing of the command, open and current for as long as this lives.
 class Drawing {

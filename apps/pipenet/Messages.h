@@ -41,6 +41,11 @@ inline constexpr Message kNoOutput{
     111, "{} changes drawings and needs --output FILE, or --in-place to write into the drawing "
          "itself; see pipenet --help"};
 
+inline constexpr Message kFormatOfCheck{
+    112, "--format {}: check alone gives this form; see pipenet --help"};
+inline constexpr Message kTimingInPage{
+    113, "--timing and --format html exclude each other; see pipenet --help"};
+
 inline constexpr Message kDrawing{201, "{}"};
 inline constexpr Message kNoEntity{202, "{}: no entity has the handle {}"};
 inline constexpr Message kNoLine{208, "{}: the entity with the handle {} is no line"};
@@ -164,6 +169,10 @@ inline constexpr Message kOpenAtStart{
 inline constexpr Message kNotGravity{
     442, "nothing to lower at {}: its system '{}' is a pressure system, and heights follow the "
          "water in gravity systems only; check --pipe"};
+
+inline constexpr Message kNoSuchSystem{
+    451, "nothing checked: the drawing has no system '{}'; it has {}"};
+inline constexpr Message kErrorsFound{452, "{}: {}; the report tells what to do about each"};
 
 inline constexpr Message kNoModule{902, "{}"};
 inline constexpr Message kInternal{901, "{}: the command ended unexpectedly: {}"};

@@ -9,8 +9,8 @@
 
 namespace pipenet {
 
-enum class Command { info, search, segment, segments, path, lower, breakLines, trim };
-enum class Format { table, json };
+enum class Command { info, search, segment, segments, path, lower, breakLines, trim, check };
+enum class Format { table, json, geojson, html };
 
 /// What the command line asked for. Texts are UTF-8.
 struct Options {
@@ -30,11 +30,12 @@ struct Options {
     AcDbHandle block;
     bool unique = false;
     double drop = 0.0;  ///< metres
-    std::string output; ///< path of the changed drawing, empty for none
+    std::string output; ///< path of the changed drawing, or of the report; empty for none
     bool inPlace = false;
     std::optional<AcGePoint3d> pick;  ///< in plan, drawing units
     std::optional<AcGePoint3d> point; ///< drawing units
     std::string svg;                  ///< path of the picture, empty for none
+    std::string system;               ///< the only system to check, empty for all
 };
 
 } // namespace pipenet

@@ -1,7 +1,10 @@
 #include "OutputFile.h"
 
 #include "Failure.h"
+#include "WholeFile.h"
 
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
 
 namespace pipenet {
@@ -38,6 +41,15 @@ std::string outputPath(const Drawing& drawing, const Options& options) {
     }
     refuseWhatIsNoPlainFile(options.output);
     return options.output;
+}
+
+void writeOutput(const std::string& path, const std::string& text) {
+    errno = 0;
+    if (!siblings::replaceWholeFile(path, text)) {
+        const int cause = errno;
+        throw Failure(messages::kUnwritable, path,
+                      cause == 0 ? "the folder or the file refuses it" : std::strerror(cause));
+    }
 }
 
 void checkPicture(const Options& options) {

@@ -7,10 +7,13 @@
 
 namespace pipenet {
 
-/// Where a command that changes the drawing writes to. Throws Failure, before anything is changed,
-/// for an output that is the drawing itself, by whatever name, and for one that is there and is no
+/// Where a command writes its drawing or report to. Throws Failure, before anything is changed, for an
+/// output that is the drawing itself, by whatever name, and for one that is there and is no
 /// plain file.
 std::string outputPath(const Drawing& drawing, const Options& options);
+
+/// Replaces the file in one step. Throws Failure when it cannot be written.
+void writeOutput(const std::string& path, const std::string& text);
 
 /// Holds the path of the picture, if one is asked for, against the drawing and against where the
 /// command writes to. Throws Failure when it would overwrite either, or is no plain file.

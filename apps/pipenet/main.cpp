@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 #include "CutCommands.h"
 #include "Failure.h"
+#include "findings/CheckCommand.h"
 #include "InfoCommand.h"
 #include "LowerCommand.h"
 #include "OutputFile.h"
@@ -35,6 +36,8 @@ Answer runCommand(const Drawing& drawing, const Options& options) {
         return runLower(drawing, options);
     case Command::breakLines:
         return runBreak(drawing, options);
+    case Command::check:
+        return runCheck(drawing, options);
     case Command::trim:
         break;
     }
@@ -48,6 +51,10 @@ std::unique_ptr<Drawing> openDrawing(const std::string& path) {
 
 void print(const Answer& answer, bool timing) {
     const std::string& text = timing ? withTiming(answer) : answer.text;
+    if (!answer.file.empty()) {
+        writeOutput(answer.file, text);
+        return;
+    }
     const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
     if (!written || std::fflush(stdout) != 0) {
         throw Failure(messages::kOutput);

@@ -41,6 +41,8 @@ public:
     /// The largest reach of a well still in the pool; negative infinity for none.
     virtual double LargestWellReach() const = 0;
 
+    /// The search goes on with a result that has no node yet, and wells may have been put back.
+    virtual void BegunAnew() = 0;
     /// The result got the node `node`.
     virtual void NodeAdded(int node) = 0;
     /// `node` moved away from `oldPoint`.

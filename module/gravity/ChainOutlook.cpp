@@ -59,13 +59,13 @@ const ChainOutlook::Place& ChainOutlook::Explore(int number) {
     if (known.isKnown) {
         return known;
     }
-    ChainFrame level = search_.EnterPipe({known.pipe, known.outThroughStart, AcGePoint3d()});
-    level.throughChain = true;
+    const ChainFrame level = search_.EnterPipe({known.pipe, known.outThroughStart, AcGePoint3d()});
     const bool endsHere = search_.ChainEndsAt(level.freeEnd);
     Places ways;
-    ChainBranch way;
-    while (!endsHere && search_.NextBranch(level, way)) {
-        ways.push_back(PlaceOf(way));
+    if (!endsHere) {
+        for (const ChainBranch& way : search_.WaysOut(known.pipe, known.outThroughStart)) {
+            ways.push_back(PlaceOf(way));
+        }
     }
     Place& place = places_[static_cast<std::size_t>(number)];
     place.isKnown = true;

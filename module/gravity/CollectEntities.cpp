@@ -4,15 +4,13 @@
 // the rest is read when a rule asks.
 
 #include "gravity/GravityNetworkSearch.h"
+#include "records/IgnoredPipe.h"
 #include "records/NetworkSelection.h"
 #include "records/XdataKeys.h"
 
 namespace tkvlt {
 
 namespace {
-
-/// A pipe takes part in a search only when it is longer than this, in drawing units.
-constexpr double kLongestIgnoredPipe = 1.0;
 
 void ReadPipe(_Pipe& pipe, const AcDbObjectId& id) {
     pipe = _Pipe(id, XdataText(id, xdata::kPipeSystem));

@@ -43,8 +43,10 @@ PipeTexts ReadPipeTexts(const AcDbObjectId& id) {
     return texts;
 }
 
-/// Fills the values of a segment from one pipe of it. The flow sense follows from the flow text and
-/// the entity's orientation, the elevations from the orientation alone.
+} // namespace
+
+/// The flow sense follows from the flow text and the entity's orientation, the elevations from the
+/// orientation alone.
 void ReadSegmentValues(GravitySeg& seg, const AcDbObjectId& pipe) {
     const PipeTexts texts = ReadPipeTexts(pipe);
     seg.flowText = texts.flow;
@@ -58,8 +60,6 @@ void ReadSegmentValues(GravitySeg& seg, const AcDbObjectId& pipe) {
     seg.endElevation = NumberPrefix(runsWithSegment ? texts.endElevation : texts.startElevation);
     seg.startElevation = NumberPrefix(runsWithSegment ? texts.startElevation : texts.endElevation);
 }
-
-} // namespace
 
 int GravityNetworkSearch::CommitSegment(int well) {
     Well node = MakeNode(TargetBlock(targetKind, targetIndex), targetKind);

@@ -23,6 +23,16 @@ class ChainOutlook;
 struct ChainBranch;
 struct ChainFrame;
 
+/// What one step of a walk did.
+enum class WalkStep { kDescended, kScanEnded, kCycle };
+
+/// A chain that came back to what the search had reached before, for which the search fails.
+struct ClosedChain {
+    std::vector<int> pipes; ///< pool indices in trace order
+    int node;               ///< the known node that it came to
+    AcGePoint3d freeEnd;    ///< of the last pipe
+};
+
 /// What one trace of a single pipe found.
 struct ChainOutcome {
     int reached;    ///< 1 when the trace ended at a target
@@ -66,7 +76,17 @@ public:
     /// Grows the tree out of node `well`, depth first. 1 when the scan of the pipes ran to its end.
     /// A cycle raises `abortFlag`, which the caller tests beside the result.
     int WalkFromWell(int well);
+    /// Begins a walk: merges what overlaps the node `well` and puts it on `standing`, the nodes
+    /// that the walk stands at. 0 when no well is left in the pool, and then nothing is put there.
+    int StandAt(int well, std::vector<int>& standing);
+    /// Follows one pipe out of the last node of `standing`, or leaves that node when no pipe is
+    /// left there. `kCycle` once `abortFlag` is up and the walk is to end.
+    WalkStep NextStep(std::vector<int>& standing);
     int TraceEndPath();
+    /// Goes on with what is left in the pools: an empty result, no node known, no cycle met.
+    void BeginAnother(GravitySearchObject* object);
+    /// Makes the pools what they were when they had been collected, without any result.
+    void RestorePools();
     /// Puts the lower elevation of each segment first.
     void OrderSegHeights();
 
@@ -99,6 +119,23 @@ public:
     /// 1 when the chain's target is not part of the result yet.
     int IsTargetNew();
 
+    // What the rules say of one place. The pools must have been collected.
+
+    /// The first well of the system that holds the free end; -1 for none.
+    int WellAt(const AcGePoint3d& freeEnd) const;
+    /// The first tank, of whatever system, that holds the free end in plan; -1 for none.
+    int TankAt(const AcGePoint3d& freeEnd) const;
+    /// How a chain may go on from the free end of `pipe`, in the order in which it is tried.
+    std::vector<ChainBranch> WaysOut(int pipe, int outThroughStart) const;
+    /// The direction rule: whether a chain may go on from the one pipe to the other.
+    bool MayContinue(const _Pipe& current, const _Pipe& next) const;
+    /// Pipes that may touch the node.
+    std::vector<int> PipesNear(const Well& node) const;
+    /// Whether a walk leaves the node through the pipe, and with which of its ends there.
+    bool TouchesNode(const _Pipe& pipe, const Well& node, int& nearEndIsStart,
+                     AcGePoint3d& seed) const;
+    const CandidateSource& Candidates() const { return *candidates_; }
+
     GravitySearchObject* result;
     AcDbObjectId* startId;
     AcDbObjectId* endId;
@@ -120,14 +157,13 @@ public:
     int targetIndex = -1;         ///< pool index of the target; -1 when the chain has none
     /// So many ways of one chain are taken back before the indexed search looks ahead.
     int takeBacksBeforeOutlook = 32;
+    std::vector<ClosedChain>* closedChains = nullptr; ///< gets what raises `abortFlag`; may be null
 
 private:
     friend class ChainOutlook;
 
     enum class ChainEnd { kOpen, kTarget, kKnownNode };
     enum class Trace { kNoTarget, kTarget, kGivenUp };
-    enum class WalkStep { kDescended, kScanEnded, kCycle };
-
     void AddPipe(const AcDbObjectId& id, ReadEntity& entity);
     void AddWell(const AcDbObjectId& id, ReadEntity& entity, SquareWells& squareWells);
     int ValidateEndEntity();
@@ -140,9 +176,6 @@ private:
     void MergeOverlappingWells(int well);
     void MergeWell(int well, int poolWell, double distance, double radius);
     bool IsNode(const AcDbObjectId& id) const;
-    std::vector<int> PipesNear(const Well& node) const;
-    bool TouchesNode(const _Pipe& pipe, const Well& node, int& nearEndIsStart,
-                     AcGePoint3d& seed) const;
     WalkStep FollowNextPipe(int well, int& reached);
 
     Trace FollowChain(const ChainBranch& first, ChainOutlook* outlook, int takeBacks);
@@ -150,13 +183,12 @@ private:
     ChainFrame EnterPipe(const ChainBranch& branch) const;
     ChainEnd EndOfChain(const ChainFrame& level);
     bool ChainEndsAt(const AcGePoint3d& freeEnd) const;
-    bool IsNearKnownNode(const AcGePoint3d& freeEnd) const;
-    int WellAt(const AcGePoint3d& freeEnd) const;
-    int TankAt(const AcGePoint3d& freeEnd) const;
+    int KnownNodeNear(const AcGePoint3d& freeEnd) const;
+    void NoteClosedChain(int node, const AcGePoint3d& freeEnd);
+    int KnownNodeOfTarget() const;
     bool NextBranch(ChainFrame& level, ChainBranch& branch) const;
     void BeginNextStage(ChainFrame& level) const;
     bool CanFollow(const ChainFrame& level, int pipe) const;
-    bool MayContinue(const _Pipe& current, const _Pipe& next) const;
     bool JoinsEndToEnd(const ChainFrame& level, int pipe, ChainBranch& branch) const;
     bool EntersSide(ChainFrame& level, int pipe, ChainBranch& branch) const;
     bool ContinuesOverlap(const ChainFrame& level, int pipe, ChainBranch& branch) const;
@@ -178,6 +210,17 @@ private:
     std::vector<WellSite> wellSites_; // of the well pool, as collected
     std::unique_ptr<CandidateSource> candidates_;
 };
+
+/// Straight pipes may be one run when the angle between them is at most this, radians.
+inline constexpr double kLargestTurn = 0.3141592653589793;
+
+/// Fills the values of a segment whose points are known from one pipe of it.
+void ReadSegmentValues(GravitySeg& seg, const AcDbObjectId& pipe);
+
+/// True when a chain that comes to `freeEnd` ends at the well.
+bool HoldsEnd(const _Block& well, const AcGePoint3d& freeEnd);
+/// How near a pipe end must be to a node's point for a walk to leave the node through it.
+double TouchReach(const Well& node);
 
 /// How near a pipe end must be to a well's position to end a chain there, drawing units.
 double WellReach(const _Block& well);

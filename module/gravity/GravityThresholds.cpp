@@ -28,6 +28,10 @@ double WellReach(const WellSite& well) {
     return ToCorner(well.isSquareWell, well.radius * kRimSlack);
 }
 
+bool HoldsEnd(const _Block& well, const AcGePoint3d& freeEnd) {
+    return well.position.distanceTo(freeEnd) < WellReach(well);
+}
+
 double ExtentsMargin() {
     return 1.0 / GetVZDrawScale();
 }

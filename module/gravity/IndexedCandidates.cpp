@@ -154,6 +154,16 @@ double IndexedCandidates::LargestWellReach() const {
     return largestReach_;
 }
 
+void IndexedCandidates::BegunAnew() {
+    if (!wellsByReach_.empty()) {
+        nextLargest_ = 0;
+        largestWell_ = wellsByReach_.front();
+        largestReach_ = WellReach(search_.WellSites()[static_cast<std::size_t>(largestWell_)]);
+    }
+    nodes_ = BoxGrid(LargestWellReach());
+    nodeIds_.clear();
+}
+
 void IndexedCandidates::NodeAdded(int node) {
     const Well& well = search_.result->wells.GetAt(node);
     nodes_.Add(node, PlanBox::Of(well.nodePoint));

@@ -62,6 +62,8 @@ double PlainCandidates::LargestWellReach() const {
     return largest;
 }
 
+void PlainCandidates::BegunAnew() {}
+
 void PlainCandidates::NodeAdded(int /*node*/) {}
 
 void PlainCandidates::NodeMoved(int /*node*/, const AcGePoint3d& /*oldPoint*/) {}

@@ -19,6 +19,7 @@ public:
     std::vector<int> WellsOf(const AcDbObjectId& id) const override;
     std::vector<int> TanksOf(const AcDbObjectId& id) const override;
     double LargestWellReach() const override;
+    void BegunAnew() override;
     void NodeAdded(int node) override;
     void NodeMoved(int node, const AcGePoint3d& oldPoint) override;
     void NodeMerged(int node, const AcDbObjectId& id) override;

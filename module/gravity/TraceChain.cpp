@@ -21,10 +21,9 @@ namespace tkvlt {
 
 namespace {
 
-/// Straight pipes within 18 degrees of one another may be one run.
 AcGeTol ParallelTolerance() {
     AcGeTol tolerance;
-    tolerance.setEqualVector(0.3141592653589793);
+    tolerance.setEqualVector(kLargestTurn);
     return tolerance;
 }
 
@@ -160,8 +159,9 @@ ChainFrame GravityNetworkSearch::EnterPipe(const ChainBranch& branch) const {
 }
 
 GravityNetworkSearch::ChainEnd GravityNetworkSearch::EndOfChain(const ChainFrame& level) {
-    if (IsNearKnownNode(level.freeEnd)) {
+    if (const int node = KnownNodeNear(level.freeEnd); node >= 0) {
         abortFlag = 1;
+        NoteClosedChain(node, level.freeEnd);
         return ChainEnd::kKnownNode;
     }
     if (const int well = WellAt(level.freeEnd); well >= 0) {
@@ -180,35 +180,46 @@ GravityNetworkSearch::ChainEnd GravityNetworkSearch::EndOfChain(const ChainFrame
 }
 
 bool GravityNetworkSearch::ChainEndsAt(const AcGePoint3d& freeEnd) const {
-    return IsNearKnownNode(freeEnd) || WellAt(freeEnd) >= 0 || TankAt(freeEnd) >= 0;
+    return KnownNodeNear(freeEnd) >= 0 || WellAt(freeEnd) >= 0 || TankAt(freeEnd) >= 0;
 }
 
-/// The reach is that of the wells still in the pool and not the node's own, so the largest decides.
-bool GravityNetworkSearch::IsNearKnownNode(const AcGePoint3d& freeEnd) const {
+/// The first node that the free end is near to; -1 for none. The reach is that of the wells still
+/// in the pool and not the node's own, so the largest decides.
+int GravityNetworkSearch::KnownNodeNear(const AcGePoint3d& freeEnd) const {
     if (result == nullptr || wellPool.IsEmpty()) {
-        return false;
+        return -1;
     }
     const double reach = candidates_->LargestWellReach();
     const std::vector<int> nodes = candidates_->NodesIn(PlanBox::Around(freeEnd, reach));
-    return std::any_of(nodes.begin(), nodes.end(), [&](int node) {
+    const auto near = std::find_if(nodes.begin(), nodes.end(), [&](int node) {
         return result->wells.GetAt(node).nodePoint.distanceTo(freeEnd) <= reach;
     });
+    return near == nodes.end() ? -1 : *near;
 }
 
-/// The first well of the system that holds the free end; -1 for none.
+void GravityNetworkSearch::NoteClosedChain(int node, const AcGePoint3d& freeEnd) {
+    if (closedChains == nullptr) {
+        return;
+    }
+    ClosedChain& closed = closedChains->emplace_back();
+    for (int i = 0; i < static_cast<int>(chainPipes.GetSize()); ++i) {
+        closed.pipes.push_back(chainPipes.GetAt(i));
+    }
+    closed.node = node;
+    closed.freeEnd = freeEnd;
+}
+
 int GravityNetworkSearch::WellAt(const AcGePoint3d& freeEnd) const {
     for (const int i :
          candidates_->WellsIn(PlanBox::Around(freeEnd, candidates_->LargestWellReach()))) {
         const _Block& well = wellPool[i];
-        if (well.systemName.Compare(systemName) == 0 &&
-            well.position.distanceTo(freeEnd) < WellReach(well)) {
+        if (well.systemName.Compare(systemName) == 0 && HoldsEnd(well, freeEnd)) {
             return i;
         }
     }
     return -1;
 }
 
-/// The first tank, of whatever system, that holds the free end in plan; -1 for none.
 int GravityNetworkSearch::TankAt(const AcGePoint3d& freeEnd) const {
     for (const int i : candidates_->TanksReachingInto(PlanBox::Around(freeEnd, ExtentsMargin()))) {
         if (PointInExtents(freeEnd, tankPool[i].extents, 1) != 0) {
@@ -216,6 +227,17 @@ int GravityNetworkSearch::TankAt(const AcGePoint3d& freeEnd) const {
         }
     }
     return -1;
+}
+
+std::vector<ChainBranch> GravityNetworkSearch::WaysOut(int pipe, int outThroughStart) const {
+    ChainFrame level = EnterPipe({pipe, outThroughStart, AcGePoint3d()});
+    level.throughChain = true;
+    std::vector<ChainBranch> ways;
+    ChainBranch way;
+    while (NextBranch(level, way)) {
+        ways.push_back(way);
+    }
+    return ways;
 }
 
 bool GravityNetworkSearch::NextBranch(ChainFrame& level, ChainBranch& branch) const {
@@ -262,7 +284,7 @@ bool GravityNetworkSearch::CanFollow(const ChainFrame& level, int pipe) const {
     return !isClosed && pipePool[pipe].systemName.Compare(systemName) == 0;
 }
 
-/// The direction rule. An arc may turn anywhere; a straight pipe goes on in its own direction, an
+/// An arc may turn anywhere; a straight pipe goes on in its own direction, an
 /// arc behind it being judged by its chord.
 bool GravityNetworkSearch::MayContinue(const _Pipe& current, const _Pipe& next) const {
     return current.isArc != 0 || current.line.isParallelTo(next.line, ParallelTolerance()) != 0;

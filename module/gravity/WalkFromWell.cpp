@@ -17,41 +17,58 @@ double JointGap() {
     return 10.0 / GetVZDrawScale();
 }
 
-/// How near a pipe end must be to a node's point to touch it. The radius is doubled: a pipe may
-/// stop a whole well diameter short of the centre.
+} // namespace
+
+/// The radius is doubled: a pipe may stop a whole well diameter short of the centre.
 double TouchReach(const Well& node) {
     return RadiusToCorner(node, node.nodeRadius * 2.0) + JointGap();
 }
 
-} // namespace
-
 int GravityNetworkSearch::WalkFromWell(int well) {
-    if (ArriveAtWell(well) == 0) {
+    // An explicit stack: a network may be as deep as it has wells.
+    std::vector<int> standing;
+    if (StandAt(well, standing) == 0) {
         return 0;
     }
-    // An explicit stack: a network may be as deep as it has wells.
-    std::vector<int> standing{well};
     while (!standing.empty()) {
-        int reached = -1;
-        switch (FollowNextPipe(standing.back(), reached)) {
-        case WalkStep::kCycle:
-            return 0;
-        case WalkStep::kDescended:
-            if (ArriveAtWell(reached) != 0) {
-                standing.push_back(reached);
-                continue;
-            }
-            break;
-        case WalkStep::kScanEnded:
-            standing.pop_back();
-            break;
-        }
-        const bool backFromDescent = !standing.empty();
-        if (backFromDescent && abortFlag != 0) {
+        if (NextStep(standing) == WalkStep::kCycle) {
             return 0;
         }
     }
     return 1;
+}
+
+int GravityNetworkSearch::StandAt(int well, std::vector<int>& standing) {
+    if (ArriveAtWell(well) == 0) {
+        return 0;
+    }
+    standing.push_back(well);
+    return 1;
+}
+
+WalkStep GravityNetworkSearch::NextStep(std::vector<int>& standing) {
+    int reached = -1;
+    const WalkStep step = FollowNextPipe(standing.back(), reached);
+    if (step == WalkStep::kDescended && StandAt(reached, standing) != 0) {
+        return step;
+    }
+    if (step == WalkStep::kScanEnded) {
+        standing.pop_back();
+    }
+    const bool backFromDescent = !standing.empty();
+    return backFromDescent && abortFlag != 0 ? WalkStep::kCycle : step;
+}
+
+void GravityNetworkSearch::BeginAnother(GravitySearchObject* object) {
+    result = object;
+    abortFlag = 0;
+    candidates_->BegunAnew();
+}
+
+void GravityNetworkSearch::RestorePools() {
+    pipePool.RestoreFirst(pipePool.Size());
+    wellPool.RestoreFirst(wellPool.Size());
+    BeginAnother(nullptr);
 }
 
 int GravityNetworkSearch::ArriveAtWell(int well) {
@@ -131,7 +148,7 @@ bool GravityNetworkSearch::TouchesNode(const _Pipe& pipe, const Well& node, int&
     return !(near.distance > TouchReach(node));
 }
 
-GravityNetworkSearch::WalkStep GravityNetworkSearch::FollowNextPipe(int well, int& reached) {
+WalkStep GravityNetworkSearch::FollowNextPipe(int well, int& reached) {
     const std::vector<int> pipes = PipesNear(result->wells.ElementAt(well));
     for (const int i : pipes) {
         int nearEndIsStart = 0;
@@ -146,6 +163,7 @@ GravityNetworkSearch::WalkStep GravityNetworkSearch::FollowNextPipe(int well, in
         }
         if (IsTargetNew() == 0) {
             abortFlag = 1;
+            NoteClosedChain(KnownNodeOfTarget(), TargetBlock(targetKind, targetIndex).position);
             return WalkStep::kCycle;
         }
         reached = CommitSegment(well);
@@ -155,14 +173,18 @@ GravityNetworkSearch::WalkStep GravityNetworkSearch::FollowNextPipe(int well, in
 }
 
 int GravityNetworkSearch::IsTargetNew() {
+    return KnownNodeOfTarget() < 0 ? 1 : 0;
+}
+
+int GravityNetworkSearch::KnownNodeOfTarget() const {
     const AcDbObjectId target = TargetBlock(targetKind, targetIndex).id;
     for (const int i : candidates_->NodesOf(target)) {
         const Well& node = result->wells.ElementAt(i);
         if (node.nodeEntity == target || node.mergedEntities.contains(target)) {
-            return 0;
+            return i;
         }
     }
-    return 1;
+    return -1;
 }
 
 } // namespace tkvlt

@@ -1,5 +1,7 @@
 // Puts meter and valve wells onto the segments that they lie on.
 
+#include <algorithm>
+
 #include "pressure/PressureNetworkSearch.h"
 #include "records/PipeBox.h"
 
@@ -35,12 +37,8 @@ int PressureNetworkSearch::AttachWells() {
     KeepMetersAndValves();
     for (int s = 0; s < static_cast<int>(segs.GetSize()); ++s) {
         PressureSeg& seg = segs.ElementAt(s);
-        const double reach = candidates_->LargestWellRadius() + kStraightMargin;
-        for (const int w : candidates_->WellsIn(CurveBox(seg).Widened(reach))) {
+        for (const int w : WellsOn(seg)) {
             const _Block& well = wellPool[w];
-            if (!LiesOn(seg, well)) {
-                continue;
-            }
             if (well.note.Compare(kMeterWellBlock) == 0) {
                 seg.InsertMeterWell(well.position, well.id);
             } else {
@@ -50,6 +48,15 @@ int PressureNetworkSearch::AttachWells() {
         }
     }
     return 1;
+}
+
+std::vector<int> PressureNetworkSearch::WellsOn(const PressureSeg& seg) const {
+    const double reach = candidates_->LargestWellRadius() + kStraightMargin;
+    std::vector<int> wells = candidates_->WellsIn(CurveBox(seg).Widened(reach));
+    wells.erase(std::remove_if(wells.begin(), wells.end(),
+                               [&](int well) { return !LiesOn(seg, wellPool[well]); }),
+                wells.end());
+    return wells;
 }
 
 /// The kind of a well is the name of its block definition. Wells of any other name leave the pool.

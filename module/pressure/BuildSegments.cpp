@@ -36,17 +36,21 @@ int PressureNetworkSearch::BuildSegments() {
     if (piece < 0) {
         return 0;
     }
+    PlaceRoot(piece);
+    rootSeg = 0;
+    WalkFromSeg(0);
+    return 1;
+}
+
+int PressureNetworkSearch::PlaceRoot(int piece) {
     PressureSeg root;
     AdoptPipe(root, piece);
     const bool startIsNearer =
         pickedPoint.distanceTo(root.endPoint) > pickedPoint.distanceTo(root.startPoint);
     root.reversed = startIsNearer ? 0 : 1;
     ReadSegAttributes(root);
-    segs.Add(root);
     pipePool.Remove(piece);
-    rootSeg = 0;
-    WalkFromSeg(0);
-    return 1;
+    return static_cast<int>(segs.Add(root));
 }
 
 /// The piece of the picked pipe nearest to the pick; of equally near ones the first in the pool.

@@ -1,14 +1,12 @@
 #include "pressure/PressureNetworkSearch.h"
 
+#include "records/IgnoredPipe.h"
 #include "records/NetworkSelection.h"
 #include "records/XdataKeys.h"
 
 namespace tkvlt {
 
 namespace {
-
-/// A pipe takes part in a search only when it is longer than this, in drawing units.
-constexpr double kLongestIgnoredPipe = 1.0;
 
 const wchar_t* const kOutflowIsTemporary = L"0";
 
@@ -82,18 +80,24 @@ int PressureNetworkSearch::PreparePipes() {
 }
 
 int PressureNetworkSearch::CheckNoLoops() {
-    /// Search points nearer than this, in drawing units, are one place.
-    constexpr double onePlace = 1.0;
     candidates_->SegsBuilt();
     for (int i = 0; i < static_cast<int>(segs.GetSize()); ++i) {
-        const AcGePoint3d searchPoint = segs.ElementAt(i).GetSearchPoint();
-        for (const int j : candidates_->SegsEndingIn(PlanBox::Around(searchPoint, onePlace))) {
-            if (j > i && searchPoint.distanceTo(segs.ElementAt(j).GetSearchPoint()) < onePlace) {
-                return 0;
-            }
+        if (!LaterSegsEndingAt(i).empty()) {
+            return 0;
         }
     }
     return 1;
+}
+
+std::vector<int> PressureNetworkSearch::LaterSegsEndingAt(int k) {
+    std::vector<int> later;
+    const AcGePoint3d searchPoint = segs.ElementAt(k).GetSearchPoint();
+    for (const int j : candidates_->SegsEndingIn(PlanBox::Around(searchPoint, kOnePlace))) {
+        if (j > k && searchPoint.distanceTo(segs.ElementAt(j).GetSearchPoint()) < kOnePlace) {
+            later.push_back(j);
+        }
+    }
+    return later;
 }
 
 } // namespace tkvlt

@@ -13,6 +13,16 @@
 
 namespace tkvlt {
 
+/// Search points of two segments nearer than this, in drawing units, are one place.
+inline constexpr double kOnePlace = 1.0;
+
+/// A place where two pipes cross or touch and at least one of them is cut.
+struct PipeCut {
+    AcDbObjectId first;
+    AcDbObjectId second;
+    AcGePoint3d point;
+};
+
 /// The working context of one pressure search.
 ///
 /// A search takes the pipes of the picked system and all wells of the drawing into pools, cuts the
@@ -37,10 +47,24 @@ public:
     /// centres.
     int PreparePipes();
     int BuildSegments();
+    /// Makes an entry of the pipe pool a root and takes it from the pool.
+    /// @return the index of its segment, which stands behind those that are there.
+    int PlaceRoot(int piece);
+    int WalkFromSeg(int k);
     /// 0 when two segments end less than one drawing unit apart: the network closes on itself.
     int CheckNoLoops();
+    /// The segments behind `k` that end in one place with it. After `CheckNoLoops`.
+    std::vector<int> LaterSegsEndingAt(int k);
     /// Puts meters and valves onto the segments that they lie on.
     int AttachWells();
+    /// The wells of the pool that lie on a segment, of whatever system.
+    std::vector<int> WellsOn(const PressureSeg& seg) const;
+    /// The first well of the system that holds `point`; -1 for none.
+    int WellHolding(const AcGePoint3d& point, const CString& system) const;
+    /// How near to `point` the end of a pipe must be to hang on a segment that ends there.
+    double ReachFrom(const AcGePoint3d& point, const CString& system) const;
+    /// The pipes of the pool that are in reach of a segment's end at `point`. After `PreparePipes`.
+    std::vector<int> PipesInReach(const AcGePoint3d& point, const CString& system) const;
 
     CArray<PressureSeg, PressureSeg&>& segs; ///< the caller's; appended to, never emptied
     int& rootSeg;
@@ -54,12 +78,12 @@ public:
     double dwgScale;
     double breakDist;
     int lengthMode;
+    std::vector<PipeCut>* cuts = nullptr; ///< gets every cut that `PreparePipes` makes; may be null
+    /// Gets the first pipe of every run that a merge turns round. The run is put right then, so
+    /// that the walk goes on at its far end. Null leaves it turned round.
+    std::vector<AcDbObjectId>* turnedRuns = nullptr;
 
 private:
-    struct Crossing {
-        bool hit = false;
-        AcGePoint3d point;
-    };
     /// How far the cutting may go.
     struct CutLimits {
         CutHistory* history; ///< a cut that it holds is not made again; null for no such limit
@@ -74,7 +98,6 @@ private:
     void SplitCrossings();
     bool SplitAll(CutLimits limits);
     void SplitPipe(int pipe, CutLimits& limits);
-    Crossing CrossingOf(const _Pipe& first, const _Pipe& second) const;
     bool IsCutBy(const _Pipe& pipe, const AcGePoint3d& point, const CutLimits& limits) const;
     int CutPipe(int pipe, const AcGePoint3d& point, CutLimits& limits);
 
@@ -85,8 +108,8 @@ private:
     int FindRootPiece() const;
     void AdoptPipe(PressureSeg& seg, int pipe) const;
     int ReadSegAttributes(PressureSeg& seg);
-    int WalkFromSeg(int k);
     void AdoptPipesInReach(int k);
+    double PipeReach() const;
     double WellRadiusAt(const AcGePoint3d& point, const CString& system) const;
     bool MergeOnlyChild(int k);
     bool Continue(const PressureSeg& seg, const PressureSeg& child) const;

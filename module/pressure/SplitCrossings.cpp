@@ -4,6 +4,7 @@
 
 #include "pressure/PressureNetworkSearch.h"
 #include "records/PipeBox.h"
+#include "records/PipeCrossing.h"
 
 namespace tkvlt {
 
@@ -68,6 +69,9 @@ void PressureNetworkSearch::SplitCrossings() {
         return;
     }
     pipePool.RestoreFirst(drawn);
+    if (cuts != nullptr) {
+        cuts->clear();
+    }
     candidates_ = MakePressureCandidates(*this, candidateMode_);
     CutHistory history(tolerance);
     SplitAll({&history, kCutsOfNoDrawing + kCutsOfAnyPipe * drawn, tolerance});
@@ -92,12 +96,16 @@ void PressureNetworkSearch::SplitPipe(int i, CutLimits& limits) {
         if (j <= i || !pipePool.Has(j)) {
             continue;
         }
-        const Crossing crossing = CrossingOf(pipePool[i], pipePool[j]);
+        const PipeCrossing crossing = CrossingOf(pipePool[i], pipePool[j]);
         if (!crossing.hit) {
             continue;
         }
         const bool cutI = IsCutBy(pipePool[i], crossing.point, limits);
-        if (IsCutBy(pipePool[j], crossing.point, limits)) {
+        const bool cutJ = IsCutBy(pipePool[j], crossing.point, limits);
+        if (cuts != nullptr && (cutI || cutJ)) {
+            cuts->push_back({pipePool[i].id, pipePool[j].id, crossing.point});
+        }
+        if (cutJ) {
             // Pieces lie at the end of the pool, so this list too stays in pool order.
             const int firstPiece = CutPipe(j, crossing.point, limits);
             others.push_back(firstPiece);
@@ -108,26 +116,6 @@ void PressureNetworkSearch::SplitPipe(int i, CutLimits& limits) {
             return;
         }
     }
-}
-
-/// A pair of curves that meets at two places counts as not meeting.
-PressureNetworkSearch::Crossing PressureNetworkSearch::CrossingOf(const _Pipe& first,
-                                                                  const _Pipe& second) const {
-    Crossing crossing;
-    AcGePoint3d otherPoint;
-    int count = -1;
-    int met = 0;
-    if (first.isArc != 0 && second.isArc != 0) {
-        met = first.arc.intersectWith(second.arc, count, crossing.point, otherPoint);
-    } else if (first.isArc != 0) {
-        met = first.arc.intersectWith(second.line, count, crossing.point, otherPoint);
-    } else if (second.isArc != 0) {
-        met = second.arc.intersectWith(first.line, count, crossing.point, otherPoint);
-    } else {
-        met = first.line.intersectWith(second.line, crossing.point);
-    }
-    crossing.hit = met == 1 && count != 2;
-    return crossing;
 }
 
 /// A crossing between the pipe's ends cuts it.

@@ -2,6 +2,7 @@
 // pipes in reach become its children, a single child that continues it is merged into it, and then
 // each child is walked from in turn.
 
+#include <algorithm>
 #include <limits>
 
 #include "pressure/PressureNetworkSearch.h"
@@ -75,28 +76,51 @@ int PressureNetworkSearch::WalkFromSeg(int k) {
     return 1;
 }
 
-/// The radius of the first well of the system that holds `point`; 0.0 outside any.
-double PressureNetworkSearch::WellRadiusAt(const AcGePoint3d& point, const CString& system) const {
+int PressureNetworkSearch::WellHolding(const AcGePoint3d& point, const CString& system) const {
     const double reach = candidates_->LargestWellRadius() + kInWellMargin;
     for (const int i : candidates_->WellsIn(PlanBox::Around(point, reach))) {
         const _Block& well = wellPool[i];
         if (well.systemName.Compare(system) == 0 &&
             well.position.distanceTo(point) <= well.radius + kInWellMargin) {
-            return well.radius;
+            return i;
         }
     }
-    return 0.0;
+    return -1;
+}
+
+/// The radius of the first well of the system that holds `point`; 0.0 outside any.
+double PressureNetworkSearch::WellRadiusAt(const AcGePoint3d& point, const CString& system) const {
+    const int well = WellHolding(point, system);
+    return well < 0 ? 0.0 : wellPool[well].radius;
+}
+
+double PressureNetworkSearch::PipeReach() const {
+    return breakDist * dwgScale * 2.0 * 2.0;
+}
+
+double PressureNetworkSearch::ReachFrom(const AcGePoint3d& point, const CString& system) const {
+    return WellRadiusAt(point, system) + PipeReach();
+}
+
+std::vector<int> PressureNetworkSearch::PipesInReach(const AcGePoint3d& point,
+                                                     const CString& system) const {
+    const double wellRadius = WellRadiusAt(point, system);
+    const double reach = PipeReach();
+    std::vector<int> pipes = candidates_->PipesWithEndIn(EndsInReach(point, wellRadius + reach));
+    pipes.erase(std::remove_if(pipes.begin(), pipes.end(),
+                               [&](int pipe) {
+                                   const double distance =
+                                       NearestEndOf(pipePool[pipe], point).distance;
+                                   return distance - wellRadius > reach;
+                               }),
+                pipes.end());
+    return pipes;
 }
 
 void PressureNetworkSearch::AdoptPipesInReach(int k) {
     const AcGePoint3d searchPoint = segs.ElementAt(k).GetSearchPoint();
-    const double wellRadius = WellRadiusAt(searchPoint, segs.ElementAt(k).systemName);
-    const double reach = breakDist * dwgScale * 2.0 * 2.0;
-    for (const int i : candidates_->PipesWithEndIn(EndsInReach(searchPoint, wellRadius + reach))) {
+    for (const int i : PipesInReach(searchPoint, segs.ElementAt(k).systemName)) {
         const NearestEnd nearest = NearestEndOf(pipePool[i], searchPoint);
-        if (nearest.distance - wellRadius > reach) {
-            continue;
-        }
         PressureSeg child;
         AdoptPipe(child, i);
         child.reversed = nearest.isEnd ? 1 : 0;
@@ -135,6 +159,10 @@ bool PressureNetworkSearch::MergeOnlyChild(int k) {
     seg.orientationFlags.Append(child.orientationFlags);
     seg.children.RemoveAll();
     segs.RemoveAt(c);
+    if (seg.reversed != 0 && turnedRuns != nullptr) {
+        turnedRuns->push_back(seg.pipeIds.at(0));
+        seg.reversed = 0;
+    }
     return true;
 }
 

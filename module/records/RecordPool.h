@@ -61,6 +61,12 @@ public:
         --count_;
     }
 
+    /// Puts an entry back that was taken away.
+    void PutBack(int index) {
+        entries_[static_cast<std::size_t>(index)].present = true;
+        ++count_;
+    }
+
     /// Makes the pool what it was when it had its first `size` entries and none had been taken.
     void RestoreFirst(int size) {
         entries_.resize(static_cast<std::size_t>(size));

@@ -62,6 +62,7 @@ class PackageTest(unittest.TestCase):
         expected = {os.path.join("lib", "libtkvlt_host.so"): ["$ORIGIN"],
                     os.path.join("lib", "libtkvlt_siblings.so"): ["$ORIGIN"],
                     os.path.join("lib", "libTKVltSearchModule18.so"): ["$ORIGIN"],
+                    os.path.join("lib", "libpipenet_check.so"): ["$ORIGIN"],
                     os.path.join("bin", "pipenet"): ["$ORIGIN/../lib"]}
         for name, places in expected.items():
             text = run("readelf", "-d", os.path.join(self.prefix, name))

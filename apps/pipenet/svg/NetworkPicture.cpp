@@ -1,15 +1,13 @@
 #include "svg/NetworkPicture.h"
 
-#include "Failure.h"
+#include "OutputFile.h"
 #include "svg/Furniture.h"
 #include "svg/Labels.h"
 #include "svg/Marks.h"
 #include "svg/Style.h"
 #include "svg/SvgElements.h"
-#include "WholeFile.h"
 
-#include <cerrno>
-#include <cstring>
+#include <fmt/format.h>
 
 namespace pipenet {
 
@@ -49,12 +47,7 @@ std::string networkPicture(const Scene& scene, const std::string& drawing) {
 }
 
 void drawScene(const Scene& scene, const std::string& drawing, const std::string& path) {
-    errno = 0;
-    if (!siblings::replaceWholeFile(path, networkPicture(scene, drawing))) {
-        const int cause = errno;
-        throw Failure(messages::kUnwritable, path,
-                      cause == 0 ? "the folder or the file refuses it" : std::strerror(cause));
-    }
+    writeOutput(path, networkPicture(scene, drawing));
 }
 
 } // namespace pipenet
