@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 
 #include "ArgumentText.h"
+#include "exchange/ExchangeOptions.h"
 #include "Failure.h"
 
 #include <algorithm>
@@ -16,6 +17,7 @@ struct Texts {
     std::string drawing, settings, dwgScale, drawScale, breakDist, lengthMode;
     std::string format = "table";
     std::string start, end, pipe, pick, point, svg, pipes, target, drop, output, lines, block;
+    ExchangeOptions exchange;
     bool timing = false;
     bool unique = false;
     bool inPlace = false;
@@ -98,19 +100,9 @@ void addOutput(CLI::App& command, Texts& texts) {
 void addSearch(CLI::App& app, Texts& texts) {
     CLI::App* search = addCommand(
         app, "search", "Rebuild the network around an entity, and the path to another", texts);
-    search->add_option("--start", texts.start, "Well, tank or pipe to start from")
-        ->type_name("HANDLE");
-    search
-        ->add_option("--pick", texts.pick,
-                     "Start from the network entity nearest to this place in plan")
-        ->type_name("X,Y");
+    addStartOptions(*search, {texts.start, texts.pick, texts.point});
     search->add_option("--end", texts.end, "Well, tank or pipe at which a path ends")
         ->type_name("HANDLE");
-    search
-        ->add_option("--point", texts.point,
-                     "Point of the search, which decides between the two ends of a start pipe; "
-                     "the picked place unless given, else the origin")
-        ->type_name("X,Y[,Z]");
     addPicture(*search, texts);
 }
 
@@ -165,6 +157,18 @@ void addCuts(CLI::App& app, Texts& texts) {
     }
 }
 
+void addExchange(CLI::App& app, Texts& texts) {
+    CLI::App* exporting =
+        addCommand(app, "export", "Write a network as a hydraulic model, a map or a table", texts);
+    addStartOptions(*exporting, {texts.start, texts.pick, texts.point});
+    addExportOptions(*exporting, texts.exchange, texts.output);
+    CLI::App* importing =
+        app.add_subcommand("import", "Draw a hydraulic model in SWMM or EPANET input format");
+    importing->add_option("model", texts.drawing, "The model")->required()->type_name("MODEL");
+    addSharedOptions(*importing, texts);
+    addImportOptions(*importing, texts.exchange, texts.output);
+}
+
 void addCommands(CLI::App& app, Texts& texts) {
     addCommand(app, "info", "List the pipe systems of a drawing", texts);
     addSearch(app, texts);
@@ -175,6 +179,7 @@ void addCommands(CLI::App& app, Texts& texts) {
     addPath(app, texts);
     addLower(app, texts);
     addCuts(app, texts);
+    addExchange(app, texts);
 }
 
 /// An option that stands both before and after the command would silently lose one value.
@@ -220,10 +225,16 @@ void readHandles(std::vector<AcDbHandle>& handles, const char* option, const std
 }
 
 Command commandNamed(const std::string& name) {
-    constexpr std::pair<const char*, Command> names[] = {
-        {"info", Command::info},         {"search", Command::search}, {"segment", Command::segment},
-        {"segments", Command::segments}, {"path", Command::path},     {"lower", Command::lower},
-        {"break", Command::breakLines},  {"trim", Command::trim}};
+    constexpr std::pair<const char*, Command> names[] = {{"info", Command::info},
+                                                         {"search", Command::search},
+                                                         {"segment", Command::segment},
+                                                         {"segments", Command::segments},
+                                                         {"path", Command::path},
+                                                         {"lower", Command::lower},
+                                                         {"break", Command::breakLines},
+                                                         {"trim", Command::trim},
+                                                         {"export", Command::exportNetwork},
+                                                         {"import", Command::importModel}};
     return std::find_if(std::begin(names), std::end(names),
                         [&name](const auto& entry) { return entry.first == name; })
         ->second;
@@ -250,13 +261,14 @@ Options readTexts(const std::string& command, const Texts& texts) {
     }
     options.output = texts.output;
     options.inPlace = texts.inPlace;
+    options.exchange = texts.exchange;
     readInto(options.pick, texts.pick, pickArgument);
     readInto(options.point, texts.point, pointArgument);
     return options;
 }
 
 void checkStart(const CLI::App& command) {
-    if (command.get_name() != "search") {
+    if (command.get_option_no_throw("--pick") == nullptr) {
         return;
     }
     const bool start = command.count("--start") > 0;
@@ -265,7 +277,7 @@ void checkStart(const CLI::App& command) {
         throw Failure(messages::kStartAndPick);
     }
     if (!start && !pick) {
-        throw Failure(messages::kNoStart);
+        throw Failure(messages::kNoStart, command.get_name());
     }
 }
 

@@ -1,5 +1,6 @@
 #include "OutputFile.h"
 
+#include "exchange/ExchangeMessages.h"
 #include "Failure.h"
 
 #include <filesystem>
@@ -35,6 +36,14 @@ std::string outputPath(const Drawing& drawing, const Options& options) {
     }
     if (isSameFile(options.output, drawing.path())) {
         throw Failure(messages::kOutputIsInput, options.output);
+    }
+    refuseWhatIsNoPlainFile(options.output);
+    return options.output;
+}
+
+std::string separateOutput(const Options& options) {
+    if (isSameFile(options.output, options.drawing)) {
+        throw Failure(messages::kOutputIsSource, options.output);
     }
     refuseWhatIsNoPlainFile(options.output);
     return options.output;

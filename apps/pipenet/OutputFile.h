@@ -12,6 +12,9 @@ namespace pipenet {
 /// plain file.
 std::string outputPath(const Drawing& drawing, const Options& options);
 
+/// Where a command that makes a new file writes to, held against its input in the same way.
+std::string separateOutput(const Options& options);
+
 /// Holds the path of the picture, if one is asked for, against the drawing and against where the
 /// command writes to. Throws Failure when it would overwrite either, or is no plain file.
 void checkPicture(const Options& options);

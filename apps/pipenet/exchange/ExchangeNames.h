@@ -1,0 +1,16 @@
+#pragma once
+
+#include "exchange/ExchangeNetwork.h"
+
+namespace pipenet {
+
+/// Names nodes and links for a file: the drawing's own number where no other has it in any case of
+/// its letters and every format takes it, else the entity's handle; a joint without an entity is
+/// J1, J2 and so on. What would stand twice gets _2, _3 and so on.
+void nameNetwork(ExchangeNetwork& network);
+
+/// Whether a name can stand in an input file of either engine: 1 to 31 bytes without blanks,
+/// control characters, quotes, commas and semicolons, not beginning with a bracket.
+bool isLegalName(const std::string& name);
+
+} // namespace pipenet
