@@ -36,6 +36,10 @@ std::string orEmpty(const std::optional<double>& value) {
     return value ? shortest(*value) : std::string();
 }
 
+std::string lengthCell(const ExchangeLink& link) {
+    return link.lengthIsGiven ? shortest(link.length) : decimal(link.length, 6);
+}
+
 std::string nodeRow(const ExchangeNetwork& network, const ExchangeNode& node) {
     const char* kind = node.kind == ExchangeNodeKind::well   ? "well"
                        : node.kind == ExchangeNodeKind::tank ? "tank"
@@ -96,7 +100,7 @@ std::string linkRow(const ExchangeNetwork& network, const ExchangeLink& link) {
                 "",
                 "",
                 std::to_string(link.diameter),
-                shortest(link.length),
+                lengthCell(link),
                 shortest(link.slope),
                 link.material,
                 orEmpty(link.startElevation),

@@ -1,5 +1,6 @@
 #include "exchange/Defaults.h"
 
+#include "exchange/ExchangeText.h"
 #include "Messages.h"
 
 namespace pipenet {
@@ -33,6 +34,12 @@ void Defaults::note(ExchangeNetwork& network) const {
         network.notes.push_back(
             textOf({0, "{} lengths are below {} m and stand as that"}, lengths_, kLeastLength));
     }
+}
+
+std::string lengthText(const ExchangeLink& link, Defaults& defaults) {
+    constexpr int places = 6;
+    const double length = defaults.length(link.length);
+    return link.lengthIsGiven ? shortest(length) : decimal(length, places);
 }
 
 } // namespace pipenet

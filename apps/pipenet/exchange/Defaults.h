@@ -31,4 +31,7 @@ private:
     int lengths_ = 0;
 };
 
+/// A link's length in metres: as given, or as drawn to a thousandth of a millimetre.
+std::string lengthText(const ExchangeLink& link, Defaults& defaults);
+
 } // namespace pipenet

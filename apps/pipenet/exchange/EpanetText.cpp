@@ -121,7 +121,7 @@ std::string EpanetWriter::pipes() {
         }
         pumps += link.device == ExchangeDevice::pump ? 1 : 0;
         text += fmt::format("{} {} {} {} {} {} 0 Open\n", link.name, network_.nodes[link.from].name,
-                            network_.nodes[link.to].name, shortest(defaults_.length(link.length)),
+                            network_.nodes[link.to].name, lengthText(link, defaults_),
                             defaults_.diameter(link.diameter, Defaults::kMainDiameter),
                             shortest(hazenWilliamsOf(link.material)));
     }

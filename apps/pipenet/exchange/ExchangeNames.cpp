@@ -11,14 +11,12 @@ namespace pipenet {
 
 namespace {
 
-constexpr std::size_t kLongestName = 31;
-
 /// Names already given, in capitals: one engine tells no cases apart.
 class NamePool {
 public:
     /// Numbers that stand once, and are legal, are kept for those that have them.
     template<class Items>
-    explicit NamePool(const Items& items) {
+    NamePool(const Items& items, std::size_t longest) : longest_(longest) {
         for (const auto& item : items) {
             ++counts_[capitals(item.number)];
         }
@@ -26,7 +24,7 @@ public:
 
     bool isOwn(const std::string& number) const {
         const auto found = counts_.find(capitals(number));
-        return isLegalName(number) && found != counts_.end() && found->second == 1;
+        return isLegalName(number, longest_) && found != counts_.end() && found->second == 1;
     }
 
     std::string free(const std::string& wanted) {
@@ -38,30 +36,31 @@ public:
     }
 
 private:
+    std::size_t longest_;
     std::map<std::string, int> counts_;
     std::set<std::string> taken_;
 };
 
 } // namespace
 
-bool isLegalName(const std::string& name) {
+bool isLegalName(const std::string& name, std::size_t longest) {
     const auto isBad = [](char letter) {
         const auto code = static_cast<unsigned char>(letter);
         return code <= ' ' || code == 127 || letter == '"' || letter == ';' || letter == ',';
     };
-    return !name.empty() && name.size() <= kLongestName && name.front() != '[' && name != "*" &&
+    return !name.empty() && name.size() <= longest && name.front() != '[' && name != "*" &&
            std::none_of(name.begin(), name.end(), isBad);
 }
 
-void nameNetwork(ExchangeNetwork& network) {
-    NamePool nodes(network.nodes);
+void nameNetwork(ExchangeNetwork& network, std::size_t longest) {
+    NamePool nodes(network.nodes, longest);
     int joints = 0;
     for (ExchangeNode& node : network.nodes) {
         const std::string other =
             node.entity.isNull() ? "J" + std::to_string(++joints) : handleText(node.entity);
         node.name = nodes.isOwn(node.number) ? node.number : nodes.free(other);
     }
-    NamePool links(network.links);
+    NamePool links(network.links, longest);
     for (ExchangeLink& link : network.links) {
         link.name =
             links.isOwn(link.number) ? link.number : links.free(handleText(link.pipes.front()));

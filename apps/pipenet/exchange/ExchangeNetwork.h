@@ -28,7 +28,7 @@ struct ExchangeNode {
 /// A pipe of it, from where the water comes to where it goes.
 struct ExchangeLink {
     ExchangeDevice device = ExchangeDevice::none;
-    std::vector<AcDbObjectId> pipes;
+    std::vector<AcDbObjectId> pipes; ///< in the order of the water
     std::string number;
     std::string name;
     std::size_t from = 0; ///< indices of nodes

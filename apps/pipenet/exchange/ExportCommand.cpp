@@ -39,7 +39,7 @@ std::string fileText(ExchangeNetwork& network, const std::string& form,
     if (form == "epanet") {
         splitAtValves(network);
     }
-    nameNetwork(network);
+    nameNetwork(network, form == "epanet" ? kLongestEpanetName : kLongestName);
     return form == "swmm"      ? swmmText(network, source)
            : form == "epanet"  ? epanetText(network, source)
            : form == "geojson" ? geoJsonText(network, source)

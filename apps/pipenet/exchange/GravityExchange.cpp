@@ -55,6 +55,7 @@ void turn(ExchangeLink& link) {
     std::swap(link.from, link.to);
     std::swap(link.startElevation, link.endElevation);
     std::reverse(link.path.begin(), link.path.end());
+    std::reverse(link.pipes.begin(), link.pipes.end());
 }
 
 ExchangeLink linkOf(const GravitySeg& seg, const ExchangeNetwork& network) {

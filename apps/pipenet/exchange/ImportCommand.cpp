@@ -84,10 +84,12 @@ Answer runImport(const Options& options) {
         return answer;
     }
     const Progress progress("drawing " + target);
+
     const LayoutUnits units = layoutUnits();
     const ModelLayout layout = layOut(model, units);
     const DrawnCounts counts = writeModelDrawing(
         model, layout, CString(host_text::fromUtf8(system).c_str()), units, target);
+
     answer.text = summary(options, system, model, counts);
     printNotes(model.notes);
     return answer;

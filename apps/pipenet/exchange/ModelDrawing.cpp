@@ -1,6 +1,7 @@
 #include "exchange/ModelDrawing.h"
 
 #include "exchange/ExchangeMessages.h"
+#include "exchange/ExchangeText.h"
 #include "exchange/MapScale.h"
 #include "exchange/NetworkBlocks.h"
 #include "exchange/OwnTexts.h"
@@ -30,12 +31,7 @@ CString wide(const std::string& text) {
 
 /// A height or a slope as a designer writes it: at most so many decimals, no zeros behind.
 CString decimalText(double value, int decimals) {
-    std::string text = fmt::format("{:.{}f}", value, decimals);
-    text.erase(text.find_last_not_of('0') + 1);
-    if (text.back() == '.') {
-        text.pop_back();
-    }
-    return wide(text == "-0" ? "0" : text);
+    return wide(decimal(value, decimals));
 }
 
 AcGePoint3d flat(const PlanPoint& point) {

@@ -69,6 +69,35 @@ std::vector<PlanPoint> stretch(const std::vector<PlanPoint>& way, double from, d
     return points;
 }
 
+/// Where two straight legs cross; nothing for legs that do not, or run side by side.
+std::optional<PlanPoint> legCrossing(const PlanPoint& a, const PlanPoint& b, const PlanPoint& c,
+                                     const PlanPoint& d) {
+    const double ux = b.x - a.x;
+    const double uy = b.y - a.y;
+    const double vx = d.x - c.x;
+    const double vy = d.y - c.y;
+    const double area = ux * vy - uy * vx;
+    if (area == 0.0) {
+        return std::nullopt;
+    }
+    const double along = ((c.x - a.x) * vy - (c.y - a.y) * vx) / area;
+    const double across = ((c.x - a.x) * uy - (c.y - a.y) * ux) / area;
+    const bool meet = along >= 0.0 && along <= 1.0 && across >= 0.0 && across <= 1.0;
+    return meet ? std::optional<PlanPoint>(between(a, b, along)) : std::nullopt;
+}
+
+std::optional<PlanPoint> crossing(const PipePiece& one, const PipePiece& other) {
+    for (std::size_t i = 1; i < one.points.size(); ++i) {
+        for (std::size_t k = 1; k < other.points.size(); ++k) {
+            if (const auto place = legCrossing(one.points[i - 1], one.points[i],
+                                               other.points[k - 1], other.points[k])) {
+                return place;
+            }
+        }
+    }
+    return std::nullopt;
+}
+
 double endDistance(const PipePiece& piece, const PlanPoint& place) {
     return std::min(distance(piece.points.front(), place), distance(piece.points.back(), place));
 }
@@ -106,6 +135,19 @@ double distanceToNext(const std::vector<PipePiece>& rest, const PlanPoint& end,
         least = std::min(least, nearestShare(piece, place).distance);
     }
     return least;
+}
+
+/// A way that goes over into the side of a pipe leaves the one before where the two cross, though
+/// that one may be drawn on beyond.
+void turnOff(std::vector<PiecePart>& run, PiecePart& next) {
+    if (run.empty()) {
+        return;
+    }
+    PiecePart& last = run.back();
+    if (const std::optional<PlanPoint> place = crossing(last.piece, next.piece)) {
+        last.to = nearestShare(last.piece, *place).share;
+        next.from = nearestShare(next.piece, *place).share;
+    }
 }
 
 std::optional<double> numberOf(const std::string& text) {
@@ -191,6 +233,7 @@ std::vector<PiecePart> orderedRun(std::vector<PipePiece> pieces, const PlanPoint
         const double within = run.empty() ? std::numeric_limits<double>::infinity() : reach;
         PiecePart part = nextPart(pieces, place, within);
         if (part.from > 0.0 && part.from < 1.0) {
+            turnOff(run, part);
             const double back = distanceToNext(pieces, end, part.piece.points.front());
             const double on = distanceToNext(pieces, end, part.piece.points.back());
             part.to = back < on ? 0.0 : 1.0;

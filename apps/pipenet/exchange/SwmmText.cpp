@@ -31,6 +31,7 @@ public:
 private:
     void findBottoms();
     void chooseOutfall();
+    void nameOutlet();
     std::string opening() const;
     std::string junctions() const;
     std::string outfalls() const;
@@ -61,7 +62,7 @@ void SwmmWriter::findBottoms() {
     }
 }
 
-/// The engine takes an outfall with one pipe that flows into it, and none else.
+/// The engine takes an outfall with one pipe that flows into it, and none else; a tank stays one.
 void SwmmWriter::chooseOutfall() {
     int in = 0;
     int out = 0;
@@ -69,11 +70,14 @@ void SwmmWriter::chooseOutfall() {
         in += link.to == network_.root ? 1 : 0;
         out += link.from == network_.root ? 1 : 0;
     }
-    addsOutlet_ = in != 1 || out != 0;
-    if (!addsOutlet_) {
-        return;
+    const bool isTank = network_.nodes[network_.root].kind == ExchangeNodeKind::tank;
+    addsOutlet_ = in != 1 || out != 0 || isTank;
+    if (addsOutlet_) {
+        nameOutlet();
     }
-    const std::string& root = network_.nodes[network_.root].name;
+}
+
+void SwmmWriter::nameOutlet() {
     const auto isTaken = [this](const std::string& name) {
         return std::any_of(network_.nodes.begin(), network_.nodes.end(),
                            [&name](const ExchangeNode& node) { return node.name == name; }) ||
@@ -85,9 +89,9 @@ void SwmmWriter::chooseOutfall() {
         outlet_ = "OUT_" + std::to_string(i);
     }
     network_.notes.push_back(
-        textOf({0, "an outfall takes a single pipe that flows into it, and at {} {} flow in and "
-                   "{} out: the outfall {} and a conduit of {} m to it are added"},
-               root, in, out, outlet_, Defaults::kOutletLength));
+        textOf({0, "an outfall is no tank and takes a single pipe that flows into it; {} is none: "
+                   "the outfall {} and a conduit of {} m to it are added"},
+               network_.nodes[network_.root].name, outlet_, Defaults::kOutletLength));
 }
 
 std::string SwmmWriter::opening() const {
@@ -155,7 +159,7 @@ std::string SwmmWriter::conduits() {
         const double start = link.startElevation.value_or(bottoms_[link.from]);
         const double end = link.endElevation.value_or(bottoms_[link.to]);
         text += fmt::format("{} {} {} {} {} {} {} 0 0\n", link.name, network_.nodes[link.from].name,
-                            network_.nodes[link.to].name, shortest(defaults_.length(link.length)),
+                            network_.nodes[link.to].name, lengthText(link, defaults_),
                             shortest(manningOf(link.material)),
                             decimal(start - bottoms_[link.from], kPlaces),
                             decimal(end - bottoms_[link.to], kPlaces));
