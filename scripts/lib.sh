@@ -9,7 +9,7 @@ root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 # shellcheck disable=SC2034 # read by the scripts that source this file
 build_packages=(g++ cmake ninja-build python3 libgtest-dev libcli11-dev nlohmann-json3-dev libfmt-dev
     python3-ezdxf libfreetype-dev fonts-dejavu-core fonts-droid-fallback python3-fonttools
-    libbenchmark-dev libgeos++-dev)
+    libbenchmark-dev libgeos++-dev gdal-bin nodejs npm)
 # shellcheck disable=SC2034 # read by the scripts that source this file
 lint_packages=(clang-format clang-tidy shellcheck doxygen)
 
@@ -53,6 +53,8 @@ package_present() {
     python3-fonttools) has_python_module fontTools ;;
     libbenchmark-dev) has_header benchmark/benchmark.h ;;
     libgeos++-dev) has_header geos/index/strtree/TemplateSTRtree.h ;;
+    gdal-bin) command -v ogr2ogr >/dev/null ;;
+    nodejs) command -v node >/dev/null ;;
     *) command -v "$1" >/dev/null ;;
     esac
 }

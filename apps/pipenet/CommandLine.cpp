@@ -1,7 +1,7 @@
 #include "CommandLine.h"
 
 #include "ArgumentText.h"
-#include "exchange/ExchangeOptions.h"
+#include "exchange/ExchangeArguments.h"
 #include "Failure.h"
 
 #include <algorithm>

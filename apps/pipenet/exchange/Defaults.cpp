@@ -21,19 +21,15 @@ double Defaults::length(double given) {
 }
 
 void Defaults::note(ExchangeNetwork& network) const {
-    if (elevations_ > 0) {
-        network.notes.push_back(textOf({0, "{} heights are not in the drawing and stand as {} m"},
-                                       elevations_, kElevation));
-    }
-    if (diameters_ > 0) {
-        network.notes.push_back(
-            textOf({0, "{} diameters are not in the drawing and stand as {} mm"}, diameters_,
-                   network.isGravity ? kSewerDiameter : kMainDiameter));
-    }
-    if (lengths_ > 0) {
-        network.notes.push_back(
-            textOf({0, "{} lengths are below {} m and stand as that"}, lengths_, kLeastLength));
-    }
+    const auto add = [&network](const Message& message, int count, auto value) {
+        if (count > 0) {
+            network.notes.push_back(textOf(message, value, count));
+        }
+    };
+    add({0, "heights that the drawing lacks stand as {} m ({} of them)"}, elevations_, kElevation);
+    add({0, "diameters that the drawing lacks stand as {} mm ({} of them)"}, diameters_,
+        network.isGravity ? kSewerDiameter : kMainDiameter);
+    add({0, "lengths below {} m stand as that ({} of them)"}, lengths_, kLeastLength);
 }
 
 std::string lengthText(const ExchangeLink& link, Defaults& defaults) {

@@ -104,9 +104,10 @@ std::string EpanetWriter::tanks() {
         }
     }
     if (count > 0) {
-        network_.notes.push_back(textOf({0, "the drawing knows no levels of {} tanks; they stand "
-                                            "{} m full and {} m deep"},
-                                        count, Defaults::kTankLevel, Defaults::kTankDepth));
+        network_.notes.push_back(
+            textOf({0, "tanks whose levels the drawing does not know stand {} m full and {} m deep "
+                       "({} of them)"},
+                   Defaults::kTankLevel, Defaults::kTankDepth, count));
     }
     return rows.empty() ? rows
                         : "\n[TANKS]\n;;name bottom level least most diameter volume\n" + rows;

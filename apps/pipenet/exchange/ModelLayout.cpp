@@ -3,6 +3,7 @@
 #include "exchange/ModelLayout.h"
 
 #include "exchange/AwayFromSource.h"
+#include "exchange/MainCrossings.h"
 #include "exchange/MapScale.h"
 #include "exchange/NearestNode.h"
 #include "Messages.h"
@@ -55,6 +56,7 @@ public:
         noteWhatHasNoRoom();
         if (!isSewer_) {
             turnAwayFromSource();
+            noteCrossings();
         }
         return std::move(layout_);
     }
@@ -70,6 +72,7 @@ private:
     PlanPoint rim(const NodeShape& node, const PlanPoint& next) const;
     void noteWhatHasNoRoom();
     void turnAwayFromSource();
+    void noteCrossings();
 
     PipeModel& model_;
     LayoutUnits units_;
@@ -218,6 +221,18 @@ void Layouter::turnAwayFromSource() {
         if (turned[i]) {
             std::reverse(shape.points.begin(), shape.points.end());
         }
+    }
+}
+
+void Layouter::noteCrossings() {
+    const auto crossings = mainCrossings(model_, layout_);
+    if (!crossings.empty()) {
+        const auto& [a, b] = crossings.front();
+        model_.notes.push_back(textOf({0, "pipes cross though they do not join, and a search takes "
+                                          "crossing mains for joined ({} places, the first of {} "
+                                          "and {})"},
+                                      crossings.size(), model_.links[a].name,
+                                      model_.links[b].name));
     }
 }
 

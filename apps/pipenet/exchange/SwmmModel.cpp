@@ -90,9 +90,9 @@ void readSections(ModelBuilder& builder, double unit) {
         }
     }
     if (surveyed > 0) {
-        builder.note(textOf({0, "{} of the conduits have surveyed sections and no height; their "
-                                "diameter is 0"},
-                            surveyed));
+        builder.note(textOf(
+            {0, "conduits with a surveyed section have no height, and diameter 0 ({} of them)"},
+            surveyed));
     }
 }
 
@@ -102,7 +102,7 @@ void noteOtherLinks(ModelBuilder& builder) {
     for (const auto& [section, name] : kinds) {
         const std::size_t count = builder.file().rows(section).size();
         if (count > 0) {
-            builder.note(textOf({0, "{} {} are no pipes and are left out"}, count, name));
+            builder.note(textOf({0, "{} are no pipes and are left out ({} of them)"}, name, count));
         }
     }
 }

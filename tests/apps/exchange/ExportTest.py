@@ -143,8 +143,10 @@ class SewerExportTest(ExchangeTest):
         small.well("A2", (20.0, 0.0), "B")
         small.pipe("B1", (0.5, 0.0), (19.5, 0.0), diameter="")
         run, target = self.export(self.write(small), "swmm", "--start", "A2")
-        self.assertEqual(run.err, "pipenet: note: 2 heights are not in the drawing and stand as 0 m\n"
-                         "pipenet: note: 1 diameters are not in the drawing and stand as 300 mm\n")
+        self.assertEqual(run.err, "pipenet: note: heights that the drawing lacks stand as 0 m (2 of "
+                         "them)\n"
+                         "pipenet: note: diameters that the drawing lacks stand as 300 mm (1 of "
+                         "them)\n")
         back = Truth(target)
         self.assertEqual(back.nodes["A"]["height"], 0.0)
         self.assertEqual(back.links["B1"]["diameter"], 300.0)

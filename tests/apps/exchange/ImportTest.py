@@ -153,8 +153,8 @@ class ImportTest(ExchangeTest):
     def test_what_is_no_pipe_is_left_out_with_a_note(self):
         run, _ = self.import_model(SEWER + "[PUMPS]\nPU A C x ON 0 0\n[WEIRS]\nW A C TRANSVERSE 1 "
                                    "1 NO\n")
-        self.assertEqual(run.err, "pipenet: note: 1 pumps are no pipes and are left out\n"
-                         "pipenet: note: 1 weirs are no pipes and are left out\n")
+        self.assertEqual(run.err, "pipenet: note: pumps are no pipes and are left out (1 of them)\n"
+                         "pipenet: note: weirs are no pipes and are left out (1 of them)\n")
 
     def test_the_answer_counts_what_was_drawn(self):
         run, target = self.import_model(SEWER)

@@ -1,6 +1,8 @@
 #include "exchange/ModelLayout.h"
 
+#include "EmbeddedHost.h"
 #include "exchange/AwayFromSource.h"
+#include "exchange/MainCrossings.h"
 #include "exchange/MapScale.h"
 #include "exchange/NearestNode.h"
 
@@ -135,6 +137,46 @@ TEST(ModelLayoutTest, TheMiddleRatioDecidesAboutTheScale) {
     main.mapUnit = 0.3048;
     EXPECT_GT(metresOfMapUnit(main), 2.0 * 0.3048);
     EXPECT_EQ(main.notes.size(), 2U);
+}
+
+/// Links 0 and 1 cross at (5, 0); 2 ends on 0 at (8, 0); 3 begins at a node of 0; 4 is parallel.
+TEST(ModelLayoutTest, MainsThatCrossWithoutJoiningAreFound) {
+    PipeModel main =
+        model(ModelFormat::epanet,
+              {{0, 0}, {10, 0}, {5, -5}, {5, 5}, {8, 0}, {8, 9}, {12, 7}, {0, 2}, {4, 2}},
+              {{0, 1}, {2, 3}, {4, 5}, {1, 6}, {7, 8}});
+    const auto found = mainCrossings(main, layOut(main, LayoutUnits{}));
+    using Pairs = std::vector<std::pair<std::size_t, std::size_t>>;
+    EXPECT_EQ(found, (Pairs{{0, 1}, {0, 2}}));
+    EXPECT_EQ(main.notes.size(), 1U);
+}
+
+AcGePoint3d inSpace(const PlanPoint& place) {
+    return {place.x, place.y, 0.0};
+}
+
+TEST(ModelLayoutTest, TheSweepFindsTheCrossingsOfAPlainScan) {
+    std::mt19937 random(11);
+    std::uniform_real_distribution<double> anywhere(0.0, 100.0);
+    std::vector<PlanPoint> places;
+    std::vector<std::pair<std::size_t, std::size_t>> links;
+    for (std::size_t i = 0; i < 60; ++i) {
+        places.push_back({anywhere(random), anywhere(random)});
+        places.push_back({anywhere(random), anywhere(random)});
+        links.emplace_back(2 * i, 2 * i + 1);
+    }
+    PipeModel main = model(ModelFormat::epanet, places, links);
+    std::size_t crossings = 0;
+    for (std::size_t i = 0; i < links.size(); ++i) {
+        for (std::size_t k = i + 1; k < links.size(); ++k) {
+            const AcGeLineSeg3d one(inSpace(places[2 * i]), inSpace(places[2 * i + 1]));
+            const AcGeLineSeg3d other(inSpace(places[2 * k]), inSpace(places[2 * k + 1]));
+            AcGePoint3d place;
+            crossings += one.intersectWith(other, place) ? 1 : 0;
+        }
+    }
+    EXPECT_GT(crossings, 100U);
+    EXPECT_EQ(mainCrossings(main, layOut(main, LayoutUnits{})).size(), crossings);
 }
 
 TEST(ModelLayoutTest, TheNearestOtherIsThatOfAPlainScan) {

@@ -1,4 +1,4 @@
-#include "exchange/ExchangeOptions.h"
+#include "exchange/ExchangeArguments.h"
 
 namespace pipenet {
 
