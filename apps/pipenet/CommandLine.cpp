@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 
 #include "ArgumentText.h"
+#include "exchange/ExchangeArguments.h"
 #include "Failure.h"
 
 #include <algorithm>
@@ -17,6 +18,7 @@ struct Texts {
     std::string format = "table";
     std::string start, end, pipe, pick, point, svg, pipes, target, drop, output, lines, block,
         system;
+    ExchangeOptions exchange;
     bool timing = false;
     bool unique = false;
     bool inPlace = false;
@@ -34,7 +36,8 @@ constexpr auto kNotes =
     "command.\n"
     "The answer goes to standard output, everything else to standard error.\n"
     "Exit status: 0 done; 1 the search said no, or a check found errors, with a sentence on\n"
-    "standard error; 2 a usage error, an unknown handle, or an input or output that cannot be used.\n"
+    "standard error; 2 a usage error, an unknown handle, or an input or output that cannot be "
+    "used.\n"
     "Settings folder: --settings, else the variable TKVLT_SYSTEM_PATH, else the folder installed\n"
     "beside the program. It holds SysCon/PipeLineSetting.Kdp and perhaps "
     "SysCon/DrawingSetting.Kdp.\n"
@@ -105,19 +108,9 @@ void addOutput(CLI::App& command, Texts& texts) {
 void addSearch(CLI::App& app, Texts& texts) {
     CLI::App* search = addCommand(
         app, "search", "Rebuild the network around an entity, and the path to another", texts);
-    search->add_option("--start", texts.start, "Well, tank or pipe to start from")
-        ->type_name("HANDLE");
-    search
-        ->add_option("--pick", texts.pick,
-                     "Start from the network entity nearest to this place in plan")
-        ->type_name("X,Y");
+    addStartOptions(*search, {texts.start, texts.pick, texts.point});
     search->add_option("--end", texts.end, "Well, tank or pipe at which a path ends")
         ->type_name("HANDLE");
-    search
-        ->add_option("--point", texts.point,
-                     "Point of the search, which decides between the two ends of a start pipe; "
-                     "the picked place unless given, else the origin")
-        ->type_name("X,Y[,Z]");
     addPicture(*search, texts);
 }
 
@@ -173,13 +166,25 @@ void addCuts(CLI::App& app, Texts& texts) {
 }
 
 void addCheck(CLI::App& app, Texts& texts) {
-    CLI::App* check = addCommand(
-        app, "check", "Rebuild every network and list what an engineer should look at", texts,
-        kReportForms);
+    CLI::App* check =
+        addCommand(app, "check", "Rebuild every network and list what an engineer should look at",
+                   texts, kReportForms);
     check->add_option("--system", texts.system, "Check this pipe system alone")->type_name("NAME");
     check->add_option("--output", texts.output, "Write the report into this file")
         ->type_name("FILE")
         ->group("Output");
+}
+
+void addExchange(CLI::App& app, Texts& texts) {
+    CLI::App* exporting =
+        addCommand(app, "export", "Write a network as a hydraulic model, a map or a table", texts);
+    addStartOptions(*exporting, {texts.start, texts.pick, texts.point});
+    addExportOptions(*exporting, texts.exchange, texts.output);
+    CLI::App* importing =
+        app.add_subcommand("import", "Draw a hydraulic model in SWMM or EPANET input format");
+    importing->add_option("model", texts.drawing, "The model")->required()->type_name("MODEL");
+    addSharedOptions(*importing, texts);
+    addImportOptions(*importing, texts.exchange, texts.output);
 }
 
 void addCommands(CLI::App& app, Texts& texts) {
@@ -193,6 +198,7 @@ void addCommands(CLI::App& app, Texts& texts) {
     addLower(app, texts);
     addCuts(app, texts);
     addCheck(app, texts);
+    addExchange(app, texts);
 }
 
 /// An option that stands both before and after the command would silently lose one value.
@@ -239,9 +245,12 @@ void readHandles(std::vector<AcDbHandle>& handles, const char* option, const std
 
 Command commandNamed(const std::string& name) {
     constexpr std::pair<const char*, Command> names[] = {
-        {"info", Command::info},         {"search", Command::search}, {"segment", Command::segment},
-        {"segments", Command::segments}, {"path", Command::path},     {"lower", Command::lower},
-        {"break", Command::breakLines},  {"trim", Command::trim},     {"check", Command::check}};
+        {"info", Command::info},         {"search", Command::search},
+        {"segment", Command::segment},   {"segments", Command::segments},
+        {"path", Command::path},         {"lower", Command::lower},
+        {"break", Command::breakLines},  {"trim", Command::trim},
+        {"check", Command::check},       {"export", Command::exportNetwork},
+        {"import", Command::importModel}};
     return std::find_if(std::begin(names), std::end(names),
                         [&name](const auto& entry) { return entry.first == name; })
         ->second;
@@ -279,13 +288,14 @@ Options readTexts(const std::string& command, const Texts& texts) {
     options.output = texts.output;
     options.system = texts.system;
     options.inPlace = texts.inPlace;
+    options.exchange = texts.exchange;
     readInto(options.pick, texts.pick, pickArgument);
     readInto(options.point, texts.point, pointArgument);
     return options;
 }
 
 void checkStart(const CLI::App& command) {
-    if (command.get_name() != "search") {
+    if (command.get_option_no_throw("--pick") == nullptr) {
         return;
     }
     const bool start = command.count("--start") > 0;
@@ -294,7 +304,7 @@ void checkStart(const CLI::App& command) {
         throw Failure(messages::kStartAndPick);
     }
     if (!start && !pick) {
-        throw Failure(messages::kNoStart);
+        throw Failure(messages::kNoStart, command.get_name());
     }
 }
 

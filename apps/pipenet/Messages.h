@@ -26,7 +26,7 @@ inline constexpr Message kUsage{101, "{}; see pipenet --help"};
 inline constexpr Message kNoCommand{102, "a command is missing; see pipenet --help"};
 inline constexpr Message kTwice{103, "{} is given more than once; see pipenet --help"};
 inline constexpr Message kNoStart{
-    104, "search needs an entity to start from: --start HANDLE or --pick X,Y; see pipenet --help"};
+    104, "{} needs an entity to start from: --start HANDLE or --pick X,Y; see pipenet --help"};
 inline constexpr Message kStartAndPick{105,
                                        "--start and --pick exclude each other; see pipenet --help"};
 inline constexpr Message kBadHandle{

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "EmbeddedHost.h"
+#include "exchange/ExchangeOptions.h"
 #include "Siblings.h"
 
 #include <optional>
@@ -9,7 +10,19 @@
 
 namespace pipenet {
 
-enum class Command { info, search, segment, segments, path, lower, breakLines, trim, check };
+enum class Command {
+    info,
+    search,
+    segment,
+    segments,
+    path,
+    lower,
+    breakLines,
+    trim,
+    check,
+    exportNetwork,
+    importModel
+};
 enum class Format { table, json, geojson, html };
 
 /// What the command line asked for. Texts are UTF-8.
@@ -30,10 +43,11 @@ struct Options {
     AcDbHandle block;
     bool unique = false;
     double drop = 0.0;  ///< metres
-    std::string output; ///< path of the changed drawing, or of the report; empty for none
+    std::string output; ///< path of the drawing, report or file to be written, empty for none
     bool inPlace = false;
     std::optional<AcGePoint3d> pick;  ///< in plan, drawing units
     std::optional<AcGePoint3d> point; ///< drawing units
+    ExchangeOptions exchange;         ///< of export and import
     std::string svg;                  ///< path of the picture, empty for none
     std::string system;               ///< the only system to check, empty for all
 };

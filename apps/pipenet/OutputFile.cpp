@@ -1,5 +1,6 @@
 #include "OutputFile.h"
 
+#include "exchange/ExchangeMessages.h"
 #include "Failure.h"
 #include "WholeFile.h"
 
@@ -50,6 +51,14 @@ void writeOutput(const std::string& path, const std::string& text) {
         throw Failure(messages::kUnwritable, path,
                       cause == 0 ? "the folder or the file refuses it" : std::strerror(cause));
     }
+}
+
+std::string separateOutput(const Options& options) {
+    if (isSameFile(options.output, options.drawing)) {
+        throw Failure(messages::kOutputIsSource, options.output);
+    }
+    refuseWhatIsNoPlainFile(options.output);
+    return options.output;
 }
 
 void checkPicture(const Options& options) {

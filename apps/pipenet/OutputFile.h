@@ -15,6 +15,9 @@ std::string outputPath(const Drawing& drawing, const Options& options);
 /// Replaces the file in one step. Throws Failure when it cannot be written.
 void writeOutput(const std::string& path, const std::string& text);
 
+/// Where a command that makes a new file writes to, held against its input in the same way.
+std::string separateOutput(const Options& options);
+
 /// Holds the path of the picture, if one is asked for, against the drawing and against where the
 /// command writes to. Throws Failure when it would overwrite either, or is no plain file.
 void checkPicture(const Options& options);

@@ -1,5 +1,7 @@
 #include "CommandLine.h"
 #include "CutCommands.h"
+#include "exchange/ExportCommand.h"
+#include "exchange/ImportCommand.h"
 #include "Failure.h"
 #include "findings/CheckCommand.h"
 #include "InfoCommand.h"
@@ -39,9 +41,13 @@ Answer runCommand(const Drawing& drawing, const Options& options) {
     case Command::check:
         return runCheck(drawing, options);
     case Command::trim:
-        break;
+        return runTrim(drawing, options);
+    case Command::exportNetwork:
+        return runExport(drawing, options);
+    case Command::importModel:
+        break; // reads no drawing
     }
-    return runTrim(drawing, options);
+    return runImport(options);
 }
 
 std::unique_ptr<Drawing> openDrawing(const std::string& path) {
@@ -61,17 +67,23 @@ void print(const Answer& answer, bool timing) {
     }
 }
 
+Answer runOnDrawing(const Options& options) {
+    const Stopwatch watch;
+    const std::unique_ptr<Drawing> drawing = openDrawing(options.drawing);
+    const double loadMs = watch.milliseconds();
+    Answer answer = runCommand(*drawing, options);
+    answer.timing.loadMs = loadMs;
+    return answer;
+}
+
 int run(const Options& options) {
     siblings::setSystemPath(options.settingsFolder);
     siblings::setDrawingSettings(options.drawingSettings);
     checkSettings();
     checkPicture(options);
     const SearchModule module;
-    const Stopwatch watch;
-    const std::unique_ptr<Drawing> drawing = openDrawing(options.drawing);
-    const double loadMs = watch.milliseconds();
-    Answer answer = runCommand(*drawing, options);
-    answer.timing.loadMs = loadMs;
+    const Answer answer =
+        options.command == Command::importModel ? runImport(options) : runOnDrawing(options);
     print(answer, options.timing);
     if (answer.refusal.empty()) {
         return kDone;

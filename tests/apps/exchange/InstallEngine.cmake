@@ -1,0 +1,17 @@
+# Installs the packages of package-lock.json of SOURCE into TARGET, unless the very same are there.
+file(SHA256 "${SOURCE}/package-lock.json" wanted)
+set(stamp "${TARGET}/installed.txt")
+if(EXISTS "${stamp}")
+  file(READ "${stamp}" present)
+  if(present STREQUAL wanted)
+    return()
+  endif()
+endif()
+file(MAKE_DIRECTORY "${TARGET}")
+file(COPY "${SOURCE}/package.json" "${SOURCE}/package-lock.json" DESTINATION "${TARGET}")
+execute_process(COMMAND "${NPM}" ci --no-audit --no-fund --ignore-scripts
+  WORKING_DIRECTORY "${TARGET}" RESULT_VARIABLE result)
+if(NOT result EQUAL 0)
+  message(FATAL_ERROR "npm could not install the packages of ${SOURCE}/package-lock.json")
+endif()
+file(WRITE "${stamp}" "${wanted}")

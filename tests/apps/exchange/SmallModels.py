@@ -1,0 +1,40 @@
+"""Models small enough to be worked by hand."""
+
+SEWER = """[TITLE]
+a sewer of three nodes
+[OPTIONS]
+FLOW_UNITS CMS
+[JUNCTIONS]
+A 10.5 2.5 0 0 0
+B 10 3 0 0 0
+[OUTFALLS]
+C 9 FREE NO
+[CONDUITS]
+P1 A B 21 0.01 0 0.2 0 0
+P2 B C 30 0.013 0 0 0 0
+[XSECTIONS]
+P1 CIRCULAR 0.3 0 0 0 1
+P2 RECT_CLOSED 0.45 0.6 0 0 1
+[COORDINATES]
+A 0 0
+B 20 0
+C 20 30
+"""
+
+MAIN = """[JUNCTIONS]
+J1 5 1
+J2 4 0
+[RESERVOIRS]
+R 50
+[PIPES]
+P1 J1 R 100 200 140 0 Open
+[VALVES]
+V1 J1 J2 150 PRV 40 0
+[OPTIONS]
+Units LPS
+Headloss H-W
+[COORDINATES]
+R 0 0
+J1 100 0
+J2 110 0
+"""
