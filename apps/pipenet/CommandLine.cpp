@@ -183,7 +183,7 @@ void addExchange(CLI::App& app, Texts& texts) {
     CLI::App* importing =
         app.add_subcommand("import", "Draw a hydraulic model in SWMM or EPANET input format");
     importing->add_option("model", texts.drawing, "The model")->required()->type_name("MODEL");
-    addSharedOptions(*importing, texts);
+    addSharedOptions(*importing, texts, kForms);
     addImportOptions(*importing, texts.exchange, texts.output);
 }
 
