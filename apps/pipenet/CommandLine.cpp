@@ -34,7 +34,8 @@ constexpr auto kNotes =
     "command.\n"
     "The answer goes to standard output, everything else to standard error.\n"
     "Exit status: 0 done; 1 the search said no, or a check found errors, with a sentence on\n"
-    "standard error; 2 a usage error, an unknown handle, or an input or output that cannot be used.\n"
+    "standard error; 2 a usage error, an unknown handle, or an input or output that cannot be "
+    "used.\n"
     "Settings folder: --settings, else the variable TKVLT_SYSTEM_PATH, else the folder installed\n"
     "beside the program. It holds SysCon/PipeLineSetting.Kdp and perhaps "
     "SysCon/DrawingSetting.Kdp.\n"
@@ -173,9 +174,9 @@ void addCuts(CLI::App& app, Texts& texts) {
 }
 
 void addCheck(CLI::App& app, Texts& texts) {
-    CLI::App* check = addCommand(
-        app, "check", "Rebuild every network and list what an engineer should look at", texts,
-        kReportForms);
+    CLI::App* check =
+        addCommand(app, "check", "Rebuild every network and list what an engineer should look at",
+                   texts, kReportForms);
     check->add_option("--system", texts.system, "Check this pipe system alone")->type_name("NAME");
     check->add_option("--output", texts.output, "Write the report into this file")
         ->type_name("FILE")
