@@ -9,7 +9,8 @@ root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 # shellcheck disable=SC2034 # read by the scripts that source this file
 build_packages=(g++ cmake ninja-build python3 libgtest-dev libcli11-dev nlohmann-json3-dev libfmt-dev
     python3-ezdxf libfreetype-dev fonts-dejavu-core fonts-droid-fallback python3-fonttools
-    libbenchmark-dev libgeos++-dev gdal-bin)
+    libbenchmark-dev libgeos++-dev gdal-bin chromium chromium-driver
+    python3-selenium)
 # shellcheck disable=SC2034 # read by the scripts that source this file
 lint_packages=(clang-format clang-tidy shellcheck doxygen)
 
@@ -54,6 +55,9 @@ package_present() {
     libbenchmark-dev) has_header benchmark/benchmark.h ;;
     libgeos++-dev) has_header geos/index/strtree/TemplateSTRtree.h ;;
     gdal-bin) command -v ogrinfo >/dev/null ;;
+    chromium) command -v chromium >/dev/null || command -v chromium-browser >/dev/null ;;
+    chromium-driver) command -v chromedriver >/dev/null ;;
+    python3-selenium) has_python_module selenium ;;
     *) command -v "$1" >/dev/null ;;
     esac
 }

@@ -8,6 +8,7 @@
 #include "Messages.h"
 #include "OutputFile.h"
 #include "Progress.h"
+#include "report/HtmlReport.h"
 #include "Systems.h"
 
 #include <algorithm>
@@ -53,6 +54,7 @@ std::string reportText(const Drawing& drawing, const CheckReport& report, Format
     case Format::geojson:
         return checkGeoJson(drawing.name(), report);
     case Format::html:
+        return htmlReport(drawing, report);
     case Format::table:
         break;
     }
