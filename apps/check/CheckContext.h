@@ -31,7 +31,7 @@ struct CheckContext {
     std::vector<CheckedEntity>
         entities; ///< in drawing order, each once; of the checked systems alone
     std::unordered_map<AcDbObjectId, int> places; ///< index in `entities`
-    std::string onlySystem; ///< UTF-8; empty when all systems are checked
+    std::string onlySystem;                       ///< UTF-8; empty when all systems are checked
 
     /// The entity with this id; null when it is not among those that are checked.
     const CheckedEntity* find(const AcDbObjectId& id) const;

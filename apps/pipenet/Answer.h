@@ -11,7 +11,7 @@ struct Answer {
     std::string text;    ///< the whole answer with its line end, without the timing
     bool isJson = false; ///< the text is one JSON object
     std::string refusal; ///< a sentence for standard error; empty when the module said yes
-    std::string file; ///< where the text goes instead of standard output, empty for nowhere else
+    std::string file;    ///< where the text goes instead of standard output, empty for nowhere else
     Timing timing;
 };
 

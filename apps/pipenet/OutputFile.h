@@ -7,8 +7,8 @@
 
 namespace pipenet {
 
-/// Where a command writes its drawing or report to. Throws Failure, before anything is changed, for an
-/// output that is the drawing itself, by whatever name, and for one that is there and is no
+/// Where a command writes its drawing or report to. Throws Failure, before anything is changed, for
+/// an output that is the drawing itself, by whatever name, and for one that is there and is no
 /// plain file.
 std::string outputPath(const Drawing& drawing, const Options& options);
 

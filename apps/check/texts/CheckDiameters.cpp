@@ -30,8 +30,8 @@ bool isReadable(const RunReading& reading, const UnreadablePipes& unreadable) {
     return unreadable.diameters.count(pipe) == 0 && unreadable.flows.count(pipe) == 0;
 }
 
-/// The flows at the nodes of all networks. A node at which something cannot be read has none, for its
-/// widest outlet may be just that.
+/// The flows at the nodes of all networks. A node at which something cannot be read has none, for
+/// its widest outlet may be just that.
 class NodeFlows {
 public:
     explicit NodeFlows(const TextCheck& check) : flows_(check.report.networks.size()) {
@@ -81,7 +81,8 @@ Finding findingOf(const CheckedNode& node, const NodeFlow& flow) {
     finding.limit = flow.in.diameter;
     finding.unit = "mm";
     finding.sentence = fmt::format(
-        "the water comes to {} by {} of DN{} and leaves by {} of DN{}, the widest there; widen it, or "
+        "the water comes to {} by {} of DN{} and leaves by {} of DN{}, the widest there; widen it, "
+        "or "
         "correct 管径 or 水流方向",
         node.entity.isNull() ? std::string("the joint") : nameOf(node.entity), nameOf(flow.in.pipe),
         flow.in.diameter, nameOf(flow.out.pipe), flow.out.diameter);

@@ -37,11 +37,12 @@ void checkFlowTexts(TextCheck& check) {
         finding.system = system.utf8Name;
         finding.entities = {entity.id};
         finding.place = placeOf(entity.id);
-        finding.sentence = fmt::format(
-            "{} of {} is {} and is read as if it were ES; write SE when the water runs from the pipe's "
-            "start to its end, else ES",
-            utf8(xdata::kFlow), nameOf(entity.id),
-            text.IsEmpty() ? std::string("missing") : "'" + utf8(text) + "'");
+        finding.sentence =
+            fmt::format("{} of {} is {} and is read as if it were ES; write SE when the water runs "
+                        "from the pipe's "
+                        "start to its end, else ES",
+                        utf8(xdata::kFlow), nameOf(entity.id),
+                        text.IsEmpty() ? std::string("missing") : "'" + utf8(text) + "'");
         check.report.findings.push_back(std::move(finding));
     }
 }

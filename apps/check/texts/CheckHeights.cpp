@@ -18,10 +18,10 @@ bool isReadable(const PipeReading& pipe, const UnreadablePipes& unreadable) {
 }
 
 std::string sentenceOf(const std::vector<AcDbObjectId>& pipes, const PipeReading& steepest) {
-    return fmt::format("the water of {} would run uphill: by its flow text it enters {} at {:.6g} m "
-                       "and leaves it at {:.6g} m; correct the elevations or the flow text",
-                       namesOf(pipes, 4), nameOf(steepest.pipe), steepest.upstream,
-                       steepest.downstream);
+    return fmt::format(
+        "the water of {} would run uphill: by its flow text it enters {} at {:.6g} m "
+        "and leaves it at {:.6g} m; correct the elevations or the flow text",
+        namesOf(pipes, 4), nameOf(steepest.pipe), steepest.upstream, steepest.downstream);
 }
 
 } // namespace
@@ -41,8 +41,8 @@ void checkHeights(TextCheck& check) {
             }
             const bool isSteepest = steepest == nullptr || riseOf(pipe) > riseOf(*steepest);
             steepest = isSteepest ? &pipe : steepest;
-            finding.entities.insert(
-                isSteepest ? finding.entities.begin() : finding.entities.end(), pipe.pipe);
+            finding.entities.insert(isSteepest ? finding.entities.begin() : finding.entities.end(),
+                                    pipe.pipe);
         }
         if (steepest == nullptr) {
             continue;

@@ -98,7 +98,8 @@ Finding findingOf(const AcDbObjectId& id, const std::string& system,
     for (const MissingKey& each : missing) {
         const bool isNew = consequences.find(each.consequence) == std::string::npos;
         keys += (keys.empty() ? "" : ", ") + utf8(each.key);
-        consequences += isNew ? (consequences.empty() ? "" : "; ") + std::string(each.consequence) : "";
+        consequences +=
+            isNew ? (consequences.empty() ? "" : "; ") + std::string(each.consequence) : "";
     }
     finding.sentence = fmt::format("{} carries no text under {}: {}; write {}", nameOf(id), keys,
                                    consequences, missing.size() == 1 ? "it" : "them");

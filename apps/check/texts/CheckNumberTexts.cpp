@@ -40,8 +40,8 @@ Finding findingOf(const CheckedEntity& entity, const NumberKey& number, const CS
     finding.measured = reading.value;
     finding.unit = number.unit;
     finding.sentence = fmt::format(
-        "{} of {} is '{}' and is read as {}{}{}; write {} alone", utf8(number.key), nameOf(entity.id),
-        utf8(text), reading.value, finding.unit.empty() ? "" : " ", finding.unit,
+        "{} of {} is '{}' and is read as {}{}{}; write {} alone", utf8(number.key),
+        nameOf(entity.id), utf8(text), reading.value, finding.unit.empty() ? "" : " ", finding.unit,
         number.kind == NumberKind::whole ? "the number of whole millimetres" : "the number");
     return finding;
 }

@@ -42,7 +42,8 @@ Disagreement disagreement(const RunReading& reading, const IsReadable& isReadabl
 
 Disagreement aboutSize(const RunReading& reading, const UnreadablePipes& unreadable) {
     return disagreement(
-        reading, [&](const PipeReading& pipe) { return unreadable.diameters.count(pipe.pipe) == 0; },
+        reading,
+        [&](const PipeReading& pipe) { return unreadable.diameters.count(pipe.pipe) == 0; },
         [](const PipeReading& pipe) { return fmt::format("DN{}", pipe.diameter); });
 }
 
@@ -82,10 +83,11 @@ std::string sentenceOf(const AcDbObjectId& speaker, const std::vector<AcDbObject
     if (!flow.pipes.empty()) {
         what += (what.empty() ? "" : " and ") + std::string("the way of the water");
     }
-    return fmt::format("{} {} not agree with {} of the same run about {}, and the run has the values "
-                       "of {} alone; make them agree, or part the run with a well",
-                       namesOf(others, 4), others.size() == 1 ? "does" : "do", nameOf(speaker), what,
-                       nameOf(speaker));
+    return fmt::format(
+        "{} {} not agree with {} of the same run about {}, and the run has the values "
+        "of {} alone; make them agree, or part the run with a well",
+        namesOf(others, 4), others.size() == 1 ? "does" : "do", nameOf(speaker), what,
+        nameOf(speaker));
 }
 
 } // namespace

@@ -1,6 +1,6 @@
-// A slope text is held against the fall by the elevations. The length over which a designer reckoned
-// the fall is not known: it may be that of the pipe or that of the whole run, from rim to rim or from
-// centre to centre. A slope that fits one of them fits.
+// A slope text is held against the fall by the elevations. The length over which a designer
+// reckoned the fall is not known: it may be that of the pipe or that of the whole run, from rim to
+// rim or from centre to centre. A slope that fits one of them fits.
 
 #include "Systems.h"
 #include "texts/EntityPlace.h"
@@ -22,9 +22,9 @@ constexpr double kSameShare = 0.1;
 
 /// What a slope text misses the heights by.
 struct Miss {
-    double fall = 0.0;     ///< by the heights, in the direction of the water, metres
-    double told = 0.0;     ///< by the slope text, over the length that fits best
-    double length = 0.0;   ///< that length, metres
+    double fall = 0.0;   ///< by the heights, in the direction of the water, metres
+    double told = 0.0;   ///< by the slope text, over the length that fits best
+    double length = 0.0; ///< that length, metres
     double measured = std::numeric_limits<double>::infinity(); ///< difference of the two falls
     double limit = 0.0;
 
@@ -99,10 +99,9 @@ private:
 
     void weigh(const PipeReading& pipe, const std::vector<double>& lengths, bool isPressure) {
         const UnreadablePipes& unreadable = check_.unreadable;
-        const bool saysNothing = unreadable.heights.count(pipe.pipe) != 0 ||
-                                 unreadable.slopes.count(pipe.pipe) != 0 ||
-                                 (isPressure ? pipe.slope == 0.0
-                                             : unreadable.flows.count(pipe.pipe) != 0);
+        const bool saysNothing =
+            unreadable.heights.count(pipe.pipe) != 0 || unreadable.slopes.count(pipe.pipe) != 0 ||
+            (isPressure ? pipe.slope == 0.0 : unreadable.flows.count(pipe.pipe) != 0);
         const Miss miss = missOf(pipe, lengths, isPressure);
         if (saysNothing || !miss.isTooFar()) {
             return;
@@ -127,7 +126,8 @@ private:
         finding_.limit = worst_.limit;
         finding_.unit = "m";
         finding_.sentence = fmt::format(
-            "the slope text of {} does not fit the elevations: over {:.2f} m {} falls {:.3f} m by its "
+            "the slope text of {} does not fit the elevations: over {:.2f} m {} falls {:.3f} m by "
+            "its "
             "elevations and {:.3f} m by its slope of {:.6g}; correct the one or the other",
             namesOf(finding_.entities, 4), worst_.length, nameOf(worstPipe_.pipe), worst_.fall,
             worst_.told, worstPipe_.slope);

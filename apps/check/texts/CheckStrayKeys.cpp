@@ -51,11 +51,11 @@ Finding findingOf(const AcDbObjectId& id, const Telltale& telltale) {
     finding.system = utf8(XdataText(id, xdata::kTankSystem));
     finding.entities = {id};
     finding.place = placeOf(id);
-    finding.sentence = fmt::format(
-        "entity {} carries {} but not {}, by which a {} is known: no search sees it; write {} if it is "
-        "a {}, else take the other texts off",
-        handleText(id), utf8(telltale.key), utf8(telltale.mark), telltale.kind, utf8(telltale.mark),
-        telltale.kind);
+    finding.sentence = fmt::format("entity {} carries {} but not {}, by which a {} is known: no "
+                                   "search sees it; write {} if it is "
+                                   "a {}, else take the other texts off",
+                                   handleText(id), utf8(telltale.key), utf8(telltale.mark),
+                                   telltale.kind, utf8(telltale.mark), telltale.kind);
     return finding;
 }
 
@@ -63,9 +63,8 @@ Finding findingOf(const AcDbObjectId& id, const Telltale& telltale) {
 
 void checkStrayKeys(TextCheck& check) {
     const tkvlt::NetworkSelection selection{
-        xdata::kWellNumber, xdata::kWellDiameter,   xdata::kTankSystem,
-        xdata::kDiameter,   xdata::kStartElevation, xdata::kEndElevation,
-        xdata::kFlow};
+        xdata::kWellNumber,     xdata::kWellDiameter, xdata::kTankSystem, xdata::kDiameter,
+        xdata::kStartElevation, xdata::kEndElevation, xdata::kFlow};
     for (Adesk::Int32 i = 0; i < selection.Length(); ++i) {
         const AcDbObjectId id = selection.At(i);
         if (networkEntity(id)) {

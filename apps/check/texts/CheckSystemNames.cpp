@@ -24,8 +24,10 @@ void checkSystemNames(TextCheck& check) {
         }
         finding.place = placeOf(finding.entities.front());
         finding.sentence = fmt::format(
-            "the settings do not say whether the system '{}' flows by gravity or under pressure, so {} "
-            "of it {} in no network, {} first; mend the name, or enter the system with its GroupType "
+            "the settings do not say whether the system '{}' flows by gravity or under pressure, "
+            "so {} "
+            "of it {} in no network, {} first; mend the name, or enter the system with its "
+            "GroupType "
             "in PipeLineSetting.Kdp",
             system.utf8Name,
             finding.entities.size() == 1 ? std::string("the one entity")

@@ -13,8 +13,8 @@ struct PipeReading {
     CString material;
     double slope = 0.0;
     bool flowReversed = false; ///< as in the run
-    double upstream = 0.0;     ///< elevation where the water enters by the pipe's own flow text, metres
-    double downstream = 0.0;   ///< elevation where it leaves
+    double upstream = 0.0; ///< elevation where the water enters by the pipe's own flow text, metres
+    double downstream = 0.0; ///< elevation where it leaves
 };
 
 /// A run of a network with what each of its pipes says, each pipe once.

@@ -1,6 +1,6 @@
-// What is amiss with the texts of a drawing. Each step looks at one kind of fault. A text that cannot
-// be read is told by the first steps, and the steps that weigh values against each other pass over the
-// pipes that have one: one fault, one finding.
+// What is amiss with the texts of a drawing. Each step looks at one kind of fault. A text that
+// cannot be read is told by the first steps, and the steps that weigh values against each other
+// pass over the pipes that have one: one fault, one finding.
 
 #include "texts/TextFindings.h"
 

@@ -30,8 +30,8 @@ void checkSystemNames(TextCheck& check);
 /// missing-key: a pipe, well or tank without a text that the search reads. One finding an entity.
 /// Notes.
 void checkMissingKeys(TextCheck& check);
-/// missing-key: a curve or block with texts of a pipe, well or tank that lacks the text by which the
-/// search knows it. One finding an entity.
+/// missing-key: a curve or block with texts of a pipe, well or tank that lacks the text by which
+/// the search knows it. One finding an entity.
 void checkStrayKeys(TextCheck& check);
 /// number-not-whole: a number text of which the search reads only a part, or nothing. One finding a
 /// text. Notes.

@@ -9,8 +9,9 @@ namespace pipenet {
 
 namespace {
 
-constexpr auto kCoordinates = "Coordinates are those of the drawing, in drawing units. They are not "
-                              "longitude and latitude.";
+constexpr auto kCoordinates =
+    "Coordinates are those of the drawing, in drawing units. They are not "
+    "longitude and latitude.";
 
 bool isFinite(const AcGePoint3d& place) {
     return std::isfinite(place.x) && std::isfinite(place.y) && std::isfinite(place.z);

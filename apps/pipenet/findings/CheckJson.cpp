@@ -29,9 +29,9 @@ Json placedFindingJson(const Finding& finding) {
 }
 
 Json networkJson(const CheckedNetwork& network) {
-    return {{"system", network.system},         {"kind", network.isPressure ? "pressure" : "gravity"},
-            {"root", idJson(network.root)},     {"wells", blocksOf(network)},
-            {"segs", network.runs.size()},      {"length", lengthOf(network)}};
+    return {{"system", network.system},     {"kind", network.isPressure ? "pressure" : "gravity"},
+            {"root", idJson(network.root)}, {"wells", blocksOf(network)},
+            {"segs", network.runs.size()},  {"length", lengthOf(network)}};
 }
 
 Json extremeJson(const std::optional<ExtremePoint>& extreme) {
@@ -51,11 +51,16 @@ Json systemJson(const SystemFigures& figures) {
                            {"segs", laid.runs},
                            {"length", laid.length}});
     }
-    return {{"name", figures.name},         {"flow", flowName(figures.flow)},
-            {"flag", figures.flag},         {"pipes", figures.pipes},
-            {"wells", figures.wells},       {"tanks", figures.tanks},
-            {"networks", figures.networks}, {"length", figures.length},
-            {"lengths", lengths},           {"lowest", extremeJson(figures.lowest)},
+    return {{"name", figures.name},
+            {"flow", flowName(figures.flow)},
+            {"flag", figures.flag},
+            {"pipes", figures.pipes},
+            {"wells", figures.wells},
+            {"tanks", figures.tanks},
+            {"networks", figures.networks},
+            {"length", figures.length},
+            {"lengths", lengths},
+            {"lowest", extremeJson(figures.lowest)},
             {"highest", extremeJson(figures.highest)}};
 }
 

@@ -111,8 +111,8 @@ std::string lengthsText(const SystemFigures& figures) {
 }
 
 std::string networksText(const CheckReport& report, const std::string& system) {
-    TextTable table({{"Network", true}, {"Root"}, {"Nodes", true}, {"Segments", true},
-                     {"Length m", true}});
+    TextTable table(
+        {{"Network", true}, {"Root"}, {"Nodes", true}, {"Segments", true}, {"Length m", true}});
     bool any = false;
     for (std::size_t i = 0; i < report.networks.size(); ++i) {
         const CheckedNetwork& network = report.networks[i];
@@ -141,9 +141,10 @@ std::string systemTitle(const std::string& name) {
 std::string figuresText(const CheckReport& report, const SystemFigures& figures) {
     std::string text = fmt::format(
         "{}: {}{}{}, {}, {}, {}, {}, {:.2f} m\n", systemTitle(figures.name), flowName(figures.flow),
-        figures.flag.empty() ? "" : ", flag ", figures.flag, counted(figures.pipes, "pipe", "pipes"),
-        counted(figures.wells, "well", "wells"), counted(figures.tanks, "tank", "tanks"),
-        counted(figures.networks, "network", "networks"), figures.length);
+        figures.flag.empty() ? "" : ", flag ", figures.flag,
+        counted(figures.pipes, "pipe", "pipes"), counted(figures.wells, "well", "wells"),
+        counted(figures.tanks, "tank", "tanks"), counted(figures.networks, "network", "networks"),
+        figures.length);
     for (const std::string& part :
          {networksText(report, figures.name), lengthsText(figures),
           extremeText("Lowest ", figures.lowest) + extremeText("Highest", figures.highest)}) {

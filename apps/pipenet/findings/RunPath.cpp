@@ -1,6 +1,6 @@
-// A run knows its pipes, not their order, and not which part of each belongs to it. Both follow from
-// where the pipes come nearest to one another: a pipe is entered at the place nearest to where the
-// way has come to, and left at the place nearest to the pipe that comes next.
+// A run knows its pipes, not their order, and not which part of each belongs to it. Both follow
+// from where the pipes come nearest to one another: a pipe is entered at the place nearest to where
+// the way has come to, and left at the place nearest to the pipe that comes next.
 
 #include "findings/RunPath.h"
 
@@ -127,14 +127,12 @@ std::vector<PlanPoint> runPath(const CheckedRun& run) {
     Line path{start};
     std::vector<Line> rest = linesOf(run);
     if (!rest.empty()) {
-        Line line = takeNearest(rest, [&start](const Line& next) {
-            return nearest(next, start).distance;
-        });
+        Line line =
+            takeNearest(rest, [&start](const Line& next) { return nearest(next, start).distance; });
         Spot entered = nearest(line, start);
         while (!rest.empty()) {
-            Line next = takeNearest(rest, [&line](const Line& other) {
-                return jointOf(line, other).leaves.distance;
-            });
+            Line next = takeNearest(
+                rest, [&line](const Line& other) { return jointOf(line, other).leaves.distance; });
             const Joint joint = jointOf(line, next);
             appendPart(path, line, entered, joint.leaves);
             line = std::move(next);

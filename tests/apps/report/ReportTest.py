@@ -79,7 +79,7 @@ class ReportTest(PipenetTest):
         self.assertGreaterEqual(len([f for f in page.data["findings"] if f["at"]]), 3)
         return page
 
-    def assert_quiet(self, path=None):
+    def assert_quiet(self):
         """No error in the script, and nothing asked for but the page itself."""
         self.assertEqual(self.browser.complaints(), [])
         others = [url for url in self.browser.requested() if not url.startswith("file://")]
@@ -117,6 +117,24 @@ class FindingTest(ReportTest):
         self.assertEqual(page.find(".finding.selected > button").get_attribute("id"),
                          f"finding-{number}")
         self.assert_quiet()
+
+    def test_ring_is_seen_as_a_whole(self):
+        small = faulty_drawing()
+        corners = [(200.0, 0.0), (260.0, 0.0), (260.0, 40.0), (200.0, 40.0)]
+        for index, corner in enumerate(corners):
+            small.well(f"D{index}", corner, f"R{index}")
+            small.pipe(f"E{index}", corner, corners[(index + 1) % 4])
+        page = self.open(self.write(small))
+        ring = next(index for index, finding in enumerate(page.data["findings"])
+                    if finding["code"] == "cycle")
+        self.assertEqual(page.data["findings"][ring]["severity"], "error")
+        page.finding(ring + 1).click()
+        page.settle()
+        canvas = page.find("#canvas").rect
+        for corner in corners:
+            dx, dy = page.on_screen(corner)
+            self.assertLess(abs(dx), canvas["width"] / 2)
+            self.assertLess(abs(dy), canvas["height"] / 2)
 
     def test_list_tells_what_was_found(self):
         page = self.open_faulty()

@@ -1,5 +1,7 @@
 // The list of findings and its filters. An entry leads to its place, a mark leads to its entry.
 
+const MOST_HANDLES = 24;
+
 const LIST_STEPS = {
     ArrowDown: 1,
     ArrowUp: -1,
@@ -47,7 +49,7 @@ class FindingList {
     }
 
     handlesOf(finding) {
-        const handles = finding.handles.map((handle) =>
+        const handles = finding.handles.slice(0, MOST_HANDLES).map((handle) =>
             this.model.byHandle.has(handle)
                 ? button(handle, () => goToEntity(this.picture, this.state, handle), {
                       tabindex: -1,
@@ -56,6 +58,10 @@ class FindingList {
                 : element('span', {}, handle),
         );
         const name = element('span', { class: 'system' }, finding.systemName);
+        const more = finding.handles.length - handles.length;
+        if (more > 0) {
+            handles.push(element('span', {}, `and ${figure.format(more)} more`));
+        }
         return element('div', { class: 'handles' }, name, ...handles);
     }
 

@@ -130,31 +130,26 @@ class Painter {
         return this.state.network >= 0 && item.network !== this.state.network;
     }
 
-    /** Draws what `paint` draws around the middle of the run, along the run. */
-    alongRun(run, paint) {
+    /** Draws what `paint` draws around the middle of the run, turned as told. */
+    alongRun(run, turn, paint) {
         const { context, view } = this;
         context.save();
         context.globalAlpha = this.isFaded(run) ? 0.3 : 1;
         context.translate(view.screenX(run.arrow[0]), view.screenY(run.arrow[1]));
-        context.rotate(-run.arrow[2]);
+        context.rotate(turn);
         paint(context);
         context.restore();
     }
 
     paintArrow(run) {
-        this.alongRun(run, (context) => {
+        this.alongRun(run, -run.arrow[2], (context) => {
             context.fillStyle = this.colours.system(run.system);
             context.fill(ARROW);
         });
     }
 
-    /** The size stands beside the arrow and is read from below or from the left. */
     paintSize(run) {
-        this.alongRun(run, (context) => {
-            const [across, up] = [Math.cos(run.arrow[2]), Math.sin(run.arrow[2])];
-            if (across < -1e-6 || (across <= 1e-6 && up < 0)) {
-                context.rotate(Math.PI);
-            }
+        this.alongRun(run, readableTurn(run), (context) => {
             context.textAlign = 'center';
             this.paintText(`DN${run.diameter}`, 0, -8, 11, '--faint');
         });
@@ -256,6 +251,7 @@ class Painter {
         }
         const taken = new Taken();
         this.groups.forEach(({ x, y }) => taken.take(x - 9, y - 9, x + 9, y + 9));
+        this.shownNodes.forEach((node) => taken.take(...this.boxOfSymbol(node)));
         this.context.textAlign = 'left';
         for (const node of this.shownNodes) {
             if (node.number) {
@@ -268,17 +264,30 @@ class Painter {
     }
 
     paintSizes(taken) {
-        const { view } = this;
-        const scale = view.scale / this.model.metresPerUnit;
+        const scale = this.view.scale / this.model.metresPerUnit;
         for (const run of this.shownRuns) {
-            const [x, y] = [view.screenX(run.arrow[0]), view.screenY(run.arrow[1])];
             const isLong = run.diameter > 0 && run.length * scale >= LEAST_SIZE_RUN;
-            const wide = 12 + 10 * Math.abs(Math.cos(run.arrow[2]));
-            const high = 12 + 10 * Math.abs(Math.sin(run.arrow[2]));
-            if (isLong && taken.take(x - wide, y - high, x + wide, y + high)) {
+            if (isLong && taken.take(...this.boxOfSize(run))) {
                 this.paintSize(run);
             }
         }
+    }
+
+    /** Left, top, right and bottom of the size's text beside the arrow. */
+    boxOfSize(run) {
+        const [across, down] = [Math.cos(readableTurn(run)), Math.sin(readableTurn(run))];
+        const x = this.view.screenX(run.arrow[0]) + 12 * down;
+        const y = this.view.screenY(run.arrow[1]) - 12 * across;
+        const wide = 19 * Math.abs(across) + 6 * Math.abs(down);
+        const high = 19 * Math.abs(down) + 6 * Math.abs(across);
+        return [x - wide, y - high, x + wide, y + high];
+    }
+
+    /** Left, top, right and bottom of the node as it is drawn, on the screen. */
+    boxOfSymbol(node) {
+        const [x, y] = [this.view.screenX(node.at[0]), this.view.screenY(node.at[1])];
+        const half = Math.max(LEAST_NODE_RADIUS, node.radius * this.view.scale);
+        return [x - half, y - half, x + half, y + half];
     }
 
     paintLabel(node, taken) {
@@ -367,6 +376,13 @@ const ARROW = new Path2D('M7 0L-5 4.6L-2.5 0L-5-4.6Z');
 const RETICLE = new Path2D(
     'M-17 0A17 17 0 1 1 17 0A17 17 0 1 1-17 0ZM-25 0H-17M17 0H25M0-25V-17M0 17V25',
 );
+
+/** How a text along the run is turned so that it is read from below or from the left. */
+function readableTurn(run) {
+    const [across, up] = [Math.cos(run.arrow[2]), Math.sin(run.arrow[2])];
+    const isUpsideDown = across < -1e-6 || (across <= 1e-6 && up < 0);
+    return -run.arrow[2] + (isUpsideDown ? Math.PI : 0);
+}
 
 function countOf(findings) {
     return findings.length > 1 ? String(findings.length) : '';

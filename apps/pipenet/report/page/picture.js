@@ -82,27 +82,31 @@ class Picture {
 
     // -- going to places -----------------------------------------------------------------------
 
-    /** How much of the drawing is worth seeing around a place, in drawing units. */
-    spanAround(finding) {
+    /**
+     * How much of the drawing is worth seeing around a finding, in drawing units: a gap is to be
+     * seen as one, anything else with all that the finding speaks of.
+     */
+    spanAround(finding, at) {
         const typical = this.model.typicalLength;
-        if (finding?.unit === 'm' && finding.measured > 0) {
+        if (finding.unit === 'm' && finding.measured > 0) {
             const fault = finding.measured / this.model.metresPerUnit;
             return Math.min(4 * typical, Math.max(typical, fault * 20));
         }
-        return 3 * typical;
+        const reach = reachOf(this.model.boxOf(this.model.entitiesOf(finding)), at);
+        return Math.max(1.5 * typical, 2.2 * reach);
     }
 
     /** Moves to the place; a view that is near enough already keeps its scale. */
-    goTo([x, y], span = this.spanAround(null)) {
+    goTo([x, y], span = 3 * this.model.typicalLength) {
         const wanted = Math.min(this.view.width, this.view.height) / span;
-        const isNear = this.view.scale >= wanted && this.view.scale <= 6 * wanted;
+        const isNear = this.view.scale >= wanted && this.view.scale <= 2 * wanted;
         this.view.flyTo(x, y, isNear ? this.view.scale : wanted);
     }
 
     showFinding(finding) {
         const at = this.model.placeOf(finding);
         if (at !== null) {
-            this.goTo(at, this.spanAround(finding));
+            this.goTo(at, this.spanAround(finding, at));
         }
     }
 
@@ -164,4 +168,9 @@ class Picture {
             this.resize();
         });
     }
+}
+
+/** How far the box reaches from the place; 0 for an empty box. */
+function reachOf(box, [x, y]) {
+    return Math.max(0, x - box.left, box.right - x, y - box.bottom, box.top - y);
 }

@@ -7,7 +7,7 @@ function goToEntity(picture, state, handle) {
     const { model } = state;
     const item = model.byHandle.get(handle);
     state.markItem(item);
-    picture.goTo(state.spot.at, Math.max(picture.spanAround(null), 1.5 * item.box.size));
+    picture.goTo(state.spot.at, Math.max(3 * model.typicalLength, 1.5 * item.box.size));
     announce(`The picture shows ${linesAbout(model, item).join(', ')}`);
 }
 

@@ -63,8 +63,7 @@ TEST_F(DiametersTest, TheWidestOutletCounts) {
     drawing.addWell({33.0, -33.0, 0.0}, texts);
     PipeTexts branch = soundPipe();
     branch.diameter = L"400";
-    const AcDbObjectId second =
-        drawing.addPipe({33.0, -0.5, 0.0}, {33.0, -32.5, 0.0}, branch);
+    const AcDbObjectId second = drawing.addPipe({33.0, -0.5, 0.0}, {33.0, -32.5, 0.0}, branch);
     EXPECT_FALSE(shrinks());
     drawing.setText(second, L"管径", L"350");
     const Finding found = finding("diameter-shrinks");

@@ -12,7 +12,8 @@ protected:
         well(1);
     }
 
-    static PipeTexts between(const wchar_t* start, const wchar_t* end, const wchar_t* flow = L"SE") {
+    static PipeTexts between(const wchar_t* start, const wchar_t* end,
+                             const wchar_t* flow = L"SE") {
         PipeTexts texts = soundPipe();
         texts.startElevation = start;
         texts.endElevation = end;

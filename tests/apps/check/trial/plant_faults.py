@@ -281,6 +281,49 @@ class Planter:
         (ax, ay), (bx, by) = entity.point(0), entity.point(-1)
         return (ax + bx) / 2.0 - 0.2 * (by - ay), (ay + by) / 2.0 + 0.2 * (bx - ax)
 
+    def cross_main(self):
+        """A main is laid across another, 10 m above it."""
+        edge = self.take_edge(lambda e: self.straight(e, 20.0) and self.is_clear(
+            self.middle(e), 9.0, self.net.edges[e]["pipes"]))
+        if edge is None:
+            return False
+        crossed, (x, y) = self.net.edges[edge]["pipes"][0], self.middle(edge)
+        (ax, ay), (bx, by) = (self.drawing[crossed].point(which) for which in (0, -1))
+        pipe = self.drawing.add_like(crossed)
+        for side, which in ((-1, 0), (1, -1)):
+            share = side * 6.0 / math.dist((ax, ay), (bx, by))
+            pipe.move(which, (x - share * (by - ay), y + share * (bx - ax)))
+        for app in ("起点标高", "终点标高"):
+            pipe.set_text(app, f"{float(pipe.texts()[app]) + 10.0:.3f}")
+        return self.keep("main laid across", ["crossing-heights"], [pipe.handle, crossed],
+                         self.touched_by_edge(edge))
+
+    def turn_first(self):
+        """The pipe that heads a run of several is drawn the other way round."""
+        edge = self.take_edge(lambda e: self.straight(e, 3.0, 2) and
+                              not self.net.pipes[self.net.edges[e]["pipes"][0]]["flow"] == "ES")
+        if edge is None:
+            return False
+        entity = self.drawing[self.net.edges[edge]["pipes"][0]]
+        start, end, texts = entity.point(0), entity.point(-1), entity.texts()
+        entity.move(0, end)
+        entity.move(-1, start)
+        entity.set_text("起点标高", texts["终点标高"])
+        entity.set_text("终点标高", texts["起点标高"])
+        entity.set_text("水流方向", "ES")
+        return self.keep("run turned", ["turned-run"], [entity.handle],
+                         self.touched_by_edge(edge))
+
+    def double_pipe(self):
+        """A pipe is drawn a second time, upon itself."""
+        edge = self.take_edge(lambda e: self.straight(e, 3.0))
+        if edge is None:
+            return False
+        pipe = self.net.edges[edge]["pipes"][0]
+        twin = self.drawing.add_like(pipe)
+        return self.keep("pipe doubled", ["cycle", "no-network"], [twin.handle],
+                         self.touched_by_edge(edge))
+
     def cross(self):
         """A pipe between two new wells crosses a run without a joint."""
         edge = self.take_edge(lambda e: self.straight(e, 20.0) and self.is_clear(
@@ -543,7 +586,9 @@ FAULTS = {
         "turn_piece", "drop_tank_system"),
     "loops": ("close_loop",),
     "tank": ("drop_tank_mark",),
-    "pressure": TEXT_FAULTS + ("widen_gap", "cut_too_short", "shift_slope")}
+    "pressure": TEXT_FAULTS + ("widen_gap", "cut_too_short", "shift_slope", "cross_main"),
+    "turned": ("turn_first",),
+    "doubled": ("double_pipe",)}
 
 
 def plant(drawing, truth, seed, family, rounds=1):
