@@ -4,7 +4,6 @@
 #include "Messages.h"
 
 #include <algorithm>
-#include <cmath>
 #include <set>
 
 namespace pipenet {
@@ -40,7 +39,8 @@ void addNodes(ModelBuilder& builder, const char* section, ModelNodeKind kind, do
 }
 
 int diameterOf(const ModelBuilder& builder, const ModelRow& row, std::size_t place, double unit) {
-    return static_cast<int>(std::lround(builder.length(row, place, unit)));
+    builder.length(row, place, unit); // a pipe without any width carries nothing
+    return builder.millimetres(row, place, unit);
 }
 
 void addPipes(ModelBuilder& builder, const EpanetUnits& units) {

@@ -2,6 +2,8 @@
 
 #include "Messages.h"
 
+#include <cmath>
+
 namespace pipenet {
 
 ModelBuilder::ModelBuilder(const ModelFile& file, ModelFormat format) : file_(file) {
@@ -59,6 +61,15 @@ double ModelBuilder::length(const ModelRow& row, std::size_t place, double unit)
         file_.fail(row.line, textOf({0, "'{}' is no length above 0"}, row.words[place]));
     }
     return value;
+}
+
+int ModelBuilder::millimetres(const ModelRow& row, std::size_t place, double unit) const {
+    constexpr double widest = 1e6;
+    const double value = file_.number(row, place) * unit;
+    if (value < 0.0 || value > widest) {
+        file_.fail(row.line, textOf({0, "'{}' is no width of a pipe"}, row.words[place]));
+    }
+    return static_cast<int>(std::lround(value));
 }
 
 void ModelBuilder::readCoordinates() {

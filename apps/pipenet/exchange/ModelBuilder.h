@@ -24,6 +24,9 @@ public:
     ModelLink* link(const std::string& name);
     /// A length that must be above 0, in metres of `unit`.
     double length(const ModelRow& row, std::size_t place, double unit) const;
+    /// A width in whole millimetres of `unit`; 0 stands for none. Throws Failure for less, and for
+    /// more than a kilometre.
+    int millimetres(const ModelRow& row, std::size_t place, double unit) const;
     void note(const std::string& text) { model_.notes.push_back(text); }
 
     /// Reads where the nodes stand and how the links bend, and hands the model over. Throws Failure

@@ -16,6 +16,7 @@ namespace pipenet {
 namespace {
 
 constexpr std::size_t kSectionLetters = 4;
+constexpr double kLargest = 1e12; ///< far beyond any place, length or height on the globe
 
 bool isBlank(char letter) {
     return letter == ' ' || letter == '\t' || letter == '\r' || letter == '\f' || letter == '\v';
@@ -133,6 +134,9 @@ double ModelFile::number(const ModelRow& row, std::size_t place) const {
     const std::optional<double> value = numberOf(row.words[place]);
     if (!value) {
         fail(row.line, textOf({0, "'{}' is no number"}, shown(row.words[place])));
+    }
+    if (std::abs(*value) > kLargest) {
+        fail(row.line, textOf({0, "'{}' is too large"}, shown(row.words[place])));
     }
     return *value;
 }

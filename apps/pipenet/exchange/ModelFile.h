@@ -32,7 +32,7 @@ public:
     /// Throws Failure when the row has fewer words.
     void need(const ModelRow& row, std::size_t words) const;
     /// The word at `place` as a finite number; `missing` stands for a word that is not there.
-    /// Throws Failure for a word that is no number.
+    /// Throws Failure for a word that is no number, and for one beyond 1e12 either way.
     double number(const ModelRow& row, std::size_t place) const;
     double number(const ModelRow& row, std::size_t place, double missing) const;
     /// The word at `place` as a name. Throws Failure when it is not UTF-8.

@@ -4,6 +4,7 @@
 #include "HandleText.h"
 #include "records/XdataKeys.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace pipenet {
@@ -31,9 +32,15 @@ NodeSites::NodeSites(const Drawing& drawing, const CString& system) {
             entity.kind == EntityKind::well && entity.systemName == system && !isFitting(entity.id);
         if (isTank || isWell) {
             const _Block block(entity.id, CString(), CString());
-            sites_.push_back({entity.id, isTank, inPlan(block.position), block.radius,
-                              inPlan(block.extents.minPoint()), inPlan(block.extents.maxPoint())});
+            (isTank ? tanks_ : wells_)
+                .push_back({entity.id, isTank, inPlan(block.position), block.radius,
+                            inPlan(block.extents.minPoint()), inPlan(block.extents.maxPoint())});
         }
+    }
+    std::stable_sort(wells_.begin(), wells_.end(),
+                     [](const Site& a, const Site& b) { return a.at.x < b.at.x; });
+    for (const Site& well : wells_) {
+        widest_ = std::max(widest_, well.radius);
     }
 }
 
@@ -45,21 +52,36 @@ bool NodeSites::holds(const Site& site, const PlanPoint& place) const {
     return distance(site.at, place) <= site.radius + kAtRim;
 }
 
+const NodeSites::Site* NodeSites::nearestWell(const PlanPoint& place) const {
+    const Site* found = nullptr;
+    double nearest = std::numeric_limits<double>::infinity();
+    const double reach = widest_ + kAtRim;
+    auto well = std::lower_bound(wells_.begin(), wells_.end(), place.x - reach,
+                                 [](const Site& site, double left) { return site.at.x < left; });
+    for (; well != wells_.end() && well->at.x <= place.x + reach; ++well) {
+        const double here = distance(well->at, place);
+        if (here < nearest && holds(*well, place)) {
+            nearest = here;
+            found = &*well;
+        }
+    }
+    return found;
+}
+
 ExchangeNode NodeSites::nodeAt(const PlanPoint& place, double metresOfUnit) const {
     ExchangeNode node;
     node.at = place;
-    double nearest = std::numeric_limits<double>::infinity();
-    for (const Site& site : sites_) {
-        // A tank stands before any well.
-        const double rank = site.isTank ? -1.0 : distance(site.at, place);
-        if (rank < nearest && holds(site, place)) {
-            nearest = rank;
-            node.entity = site.id;
-            node.at = site.at;
-            node.kind = site.isTank ? ExchangeNodeKind::tank : ExchangeNodeKind::well;
-        }
+    const Site* found = nullptr;
+    for (const Site& tank : tanks_) {
+        found = found == nullptr && holds(tank, place) ? &tank : found;
     }
-    if (!node.entity.isNull()) {
+    if (found == nullptr) {
+        found = nearestWell(place);
+    }
+    if (found != nullptr) {
+        node.entity = found->id;
+        node.at = found->at;
+        node.kind = found->isTank ? ExchangeNodeKind::tank : ExchangeNodeKind::well;
         node.number = utf8(XdataText(node.entity, xdata::kWellNumber));
         readNodeTexts(node, metresOfUnit);
     }

@@ -16,7 +16,7 @@ public:
     NodeSites(const Drawing& drawing, const CString& system);
 
     /// A node where pipes end: the tank that holds the place, else the nearest well around it, else
-    /// a mere joint. Cost: a look at each well and tank.
+    /// a mere joint. Cost: a look at each tank, and at the wells in a strip as wide as the widest.
     ExchangeNode nodeAt(const PlanPoint& place, double metresOfUnit) const;
 
 private:
@@ -28,9 +28,12 @@ private:
         PlanPoint min; ///< of a tank
         PlanPoint max;
     };
+    const Site* nearestWell(const PlanPoint& place) const;
     bool holds(const Site& site, const PlanPoint& place) const;
 
-    std::vector<Site> sites_;
+    std::vector<Site> tanks_;
+    std::vector<Site> wells_; ///< from left to right
+    double widest_ = 0.0;     ///< radius of a well
 };
 
 } // namespace pipenet

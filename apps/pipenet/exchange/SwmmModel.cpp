@@ -3,7 +3,6 @@
 #include "exchange/PipeMaterials.h"
 #include "Messages.h"
 
-#include <cmath>
 #include <set>
 
 namespace pipenet {
@@ -82,7 +81,7 @@ void readSections(ModelBuilder& builder, double unit) {
             ++surveyed;
             continue;
         }
-        link->diameter = static_cast<int>(std::lround(file.number(row, 2) * unit * 1000.0));
+        link->diameter = builder.millimetres(row, 2, unit * 1000.0);
     }
     for (const ModelLink& link : builder.model().links) {
         if (seen.count(link.name) == 0) {

@@ -60,6 +60,12 @@ class DamagedModelTest(ExchangeTest):
         self.assert_row(SEWER, "P1 A B 21", "P1 A B 0", "'0' is no length above 0")
         self.assert_row(MAIN, "P1 J1 R 100 200", "P1 J1 R 100 -200", "'-200' is no length above 0")
 
+    def test_sizes_beyond_all_measure(self):
+        self.assert_row(SEWER, "C 20 30", "C 20 1e13", "'1e13' is too large")
+        self.assert_row(SEWER, "P1 CIRCULAR 0.3", "P1 CIRCULAR 1e9",
+                        "'1e9' is no width of a pipe")
+        self.assert_row(SEWER, "P1 CIRCULAR 0.3", "P1 CIRCULAR -1", "'-1' is no width of a pipe")
+
     def test_units_that_nobody_knows(self):
         self.assert_damaged(SEWER.replace("CMS", "QQQ"), None,
                             "FLOW_UNITS QQQ is none of CFS, GPM, MGD, CMS, LPS, MLD")
