@@ -23,7 +23,7 @@ class CommandLineTest(PipenetTest):
                     if line.startswith("  ") and line[2] != " "]
         self.assertEqual([c for c in commands if c != "pipenet"],
                          ["info", "search", "segment", "segments", "path", "lower", "break",
-                          "trim", "check"])
+                           "trim", "check", "export", "import"])
 
     def test_usage_errors_are_one_line_and_status_2(self):
         for arguments in ([], ["frobnicate"], ["info"], ["info", TOWN, "--bogus"],
