@@ -3,7 +3,7 @@ import json
 import os
 import unittest
 
-from PipenetProcess import EXAMPLES, PipenetTest, SmallDrawing
+from PipenetProcess import EXAMPLES, PipenetTest, Run, SmallDrawing
 
 TOWN = os.path.join(EXAMPLES, "town.dxf")
 
@@ -58,7 +58,6 @@ class CheckCommandTest(PipenetTest):
         with open(os.path.join(EXAMPLES, "settings", "SysCon", "DrawingSetting.Kdp"),
                   encoding="utf-8") as file:
             self.text_file("none/SysCon/DrawingSetting.Kdp", file.read())
-        from PipenetProcess import Run
         run = Run(["--settings", folder, "check", path, "--format", "json"])
         report = run.json()
         self.assertEqual(run.status, 1)
@@ -77,7 +76,7 @@ class CheckCommandTest(PipenetTest):
                              [f["code"] for f in whole["findings"] if f["system"] == name])
 
     def test_a_system_that_the_drawing_does_not_have(self):
-        for form in ("table", "json", "geojson"):
+        for form in ("table", "json", "geojson", "html"):
             run = self.run_program("check", TOWN, "--system", "燃气", "--format", form,
                                    "--output", self.path("report"))
             self.assertEqual((run.status, run.out), (1, ""))
@@ -99,7 +98,7 @@ class CheckCommandTest(PipenetTest):
 
     def test_output_takes_the_report_instead_of_standard_output(self):
         path = self.write(street())
-        for form in ("table", "json", "geojson"):
+        for form in ("table", "json", "geojson", "html"):
             plain = self.run_program("check", path, "--format", form)
             target = self.text_file("report." + form, "what stood there before")
             run = self.run_program("check", path, "--format", form, "--output", target)
@@ -107,7 +106,8 @@ class CheckCommandTest(PipenetTest):
             with open(target, encoding="utf-8") as file:
                 self.assertEqual(file.read(), plain.out)
         self.assertEqual(sorted(os.listdir(self.folder)),
-                         ["report.geojson", "report.json", "report.table", "small.dxf"])
+                         ["report.geojson", "report.html", "report.json", "report.table",
+                          "small.dxf"])
 
     def test_output_never_overwrites_the_drawing(self):
         path = self.write(street())

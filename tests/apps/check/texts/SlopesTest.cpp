@@ -117,6 +117,25 @@ TEST_F(SlopesTest, UnderPressureASlopeHasNoDirectionAndNoughtSaysNothing) {
     EXPECT_TRUE(disagrees());
 }
 
+TEST_F(SlopesTest, LengthsAreMetresWhateverTheDrawingUnit) {
+    // A unit is half a metre: the same street as above, drawn twice as large.
+    drawing.startAnew();
+    drawing.setDrawScale(500.0);
+    WellTexts texts;
+    drawing.addWell({0.0, 0.0, 0.0}, texts);
+    drawing.addWell({66.0, 0.0, 0.0}, texts);
+    PipeTexts pipeTexts = soundPipe();
+    pipeTexts.endElevation = L"9.875";
+    pipeTexts.slope = L"0.00453";
+    pipe_ = drawing.addPipe({1.0, 0.0, 0.0}, {65.0, 0.0, 0.0}, pipeTexts);
+    EXPECT_FALSE(disagrees());
+    setSlope(L"0.00454");
+    EXPECT_NEAR(finding("slope-disagrees").measured.value_or(0.0), 0.02028, 1e-9);
+    setSlope(L"0.00319");
+    EXPECT_FALSE(disagrees());
+    EXPECT_NEAR(report().systems.front().length, 32.0, 1e-9);
+}
+
 TEST_F(SlopesTest, ALoosePipeIsWeighedByItsOwnLength) {
     PipeTexts texts = soundPipe();
     texts.endElevation = L"8";
