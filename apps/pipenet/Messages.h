@@ -87,6 +87,8 @@ inline constexpr Message kClosed{
     416,
     "no network from {}: the network of '{}' closes on itself: two of its {} segments, at pipes "
     "{} and {}, end at one place near {:.6g}, {:.6g}; check the pipes there, or open the loop"};
+inline constexpr Message kStoppedByFinding{417, "{} [{}, while {}]"};
+inline constexpr Message kStopped{418, "{} [while {}]"};
 inline constexpr Message kSameEnds{
     405, "no path in a network from {}: start and end are the same entity; check --end"};
 inline constexpr Message kEndWithoutSystem{

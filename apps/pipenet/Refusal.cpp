@@ -5,6 +5,7 @@
 #include "NetworkTable.h"
 #include "records/XdataKeys.h"
 #include "SettingsCheck.h"
+#include "StoppedSearch.h"
 #include "Systems.h"
 
 #include <algorithm>
@@ -149,6 +150,19 @@ std::string pressureCause(const SearchRequest& request) {
                   handleText(tried.segs[pair.second].pipeIds[0]), place.x, place.y);
 }
 
+/// The sentence of the finding that stopped the search, or else the one that `cause` gives, and the
+/// step that failed.
+template<class Cause>
+std::string stopText(const SearchRequest& request, Cause cause) {
+    const StoppedSearch stopped = stoppedSearch(request.start, request.end, request.point);
+    if (stopped.step.empty()) {
+        return cause();
+    }
+    return stopped.finding ? textOf(kStoppedByFinding, stopped.finding->sentence,
+                                    stopped.finding->code, stopped.step)
+                           : textOf(kStopped, cause(), stopped.step);
+}
+
 /// Paths go by the text of wells, of the root as well.
 std::string targetCause(const GravitySearchObject& network, const AcDbObjectId& start,
                         const AcDbObjectId& target) {
@@ -195,9 +209,9 @@ std::string refusalOf(const Drawing& drawing, const SearchRequest& request,
     }
     switch (PelGetDirectionSytle(system)) {
     case kGravityFlow:
-        return gravityCause(request);
+        return stopText(request, [&] { return gravityCause(request); });
     case kPressureFlow:
-        return pressureCause(request);
+        return stopText(request, [&] { return pressureCause(request); });
     default:
         return textOf(kUnknownSystem, start, utf8(system), pipeSystemsFile());
     }

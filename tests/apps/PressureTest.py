@@ -1,6 +1,7 @@
 """Pressure networks: the tree of runs, one run, and networks that close on themselves."""
 import json
 import os
+import re
 import unittest
 
 from PipenetProcess import EXAMPLES, PipenetTest, SmallDrawing
@@ -87,8 +88,29 @@ class PressureTest(PipenetTest):
             small.pipe(handle, start, end, system="给水")
         run = self.run_program("search", self.write(small), "--start", "B1", "--format", "json")
         self.assertEqual((run.status, run.out), (1, '{"result":0,"kind":null}\n'))
-        self.assertRegex(run.err, r"^pipenet: [^\n]*closes on itself: two of its 5 segments, "
-                         r"[^\n]* end at one place near 20, 0; check[^\n]*\n$")
+        # The ring without the pipe that leads to it, from either side; it is closed at one of its corners.
+        found = re.fullmatch(r"pipenet: the network closes on itself: (.*) lead back to the joint at "
+                             r"(.*), and the search refuses it as a whole; [^\n]* "
+                             r"\[cycle, while loop test\]\n", run.err)
+        self.assertIsNotNone(found, run.err)
+        self.assertEqual(sorted(found[1].split(", ")), ["pipe B2", "pipe B3", "pipe B4", "pipe B5"])
+        self.assertIn(found[2], ("10, 0", "10, 10", "20, 10", "20, 0"))
+
+    def test_run_that_is_turned_round(self):
+        # Picked at its far end, the first pipe is walked against its drawing and runs straight on.
+        small = SmallDrawing()
+        small.pipe("B1", (10.0, 0.0), (0.0, 0.0), system="给水")
+        small.pipe("B2", (20.0, 0.0), (20.0, 10.0), system="给水")
+        small.pipe("B3", (20.0, 0.0), (10.0, 0.0), system="给水")
+        small.pipe("B4", (10.0, 0.0), (10.0, 10.0), system="给水")
+        small.pipe("B5", (20.0, 10.0), (30.0, 10.0), system="给水")
+        small.pipe("B6", (30.0, 20.0), (30.0, 10.0), system="给水")
+        small.pipe("B7", (30.0, 30.0), (30.0, 20.0), system="给水")
+        run = self.run_program("search", self.write(small), "--start", "B1", "--format", "json")
+        self.assertEqual((run.status, run.out), (1, '{"result":0,"kind":null}\n'))
+        self.assertRegex(run.err, r"^pipenet: pipe B6 is drawn against the way in which a search from "
+                         r"pipe B1 comes to it, and goes straight on in pipe B7: [^\n]* "
+                         r"\[turned-run, while loop test\]\n$")
 
     def test_search_from_a_well(self):
         small = lone_pipe()

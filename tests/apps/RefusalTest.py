@@ -8,8 +8,18 @@ class RefusalTest(PipenetTest):
     def refused(self, small, words, *arguments, out='{"result":0,"kind":null}\n'):
         run = self.run_program("search", self.write(small), "--format", "json", *arguments)
         self.assertEqual((run.status, run.out), (1, out))
-        self.assertRegex(run.err, r"^pipenet: [^\n]*check[^\n]*\n$")
+        self.assertRegex(run.err, r"^pipenet: [^\n]*\n$")
         self.assertIn(words, run.err)
+        return run.err
+
+    def stopped(self, small, code, step, words, *arguments):
+        """A finding of the drawing stopped the search, and its own sentence says so."""
+        said = self.refused(small, words, *arguments)
+        self.assertTrue(said.endswith(f" [{code}, while {step}]\n"), said)
+
+    def without_finding(self, small, step, words, *arguments):
+        said = self.refused(small, words, *arguments)
+        self.assertRegex(said, r"check[^\n]* \[while " + step + r"\]\n$")
 
     def test_unknown_system_counts_as_success_without_a_network(self):
         small = SmallDrawing()
@@ -33,39 +43,68 @@ class RefusalTest(PipenetTest):
         small.drawing.line("99", "0", (0.0, 0.0), (5.0, 5.0))
         for end, words in (("A1", "start and end are the same entity"),
                            ("A4", "the start belongs to system '污水' and the end to '雨水'"),
-                           ("99", "the end carries no system name"),
-                           ("A5", "the network (3 wells and tanks) does not reach the end")):
-            self.refused(small, words, "--start", "A1", "--end", end)
+                           ("99", "the end carries no system name")):
+            self.without_finding(small, "validation", words, "--start", "A1", "--end", end)
 
     def test_end_within_the_root(self):
         small = chain()
         small.well("A6", (-0.8, 0.0))
-        self.refused(small, "the end overlaps the root", "--start", "A1", "--end", "A6")
+        self.without_finding(small, "end path", "the end overlaps the root", "--start", "A1", "--end",
+                             "A6")
+
+    def test_end_that_is_not_reached(self):
+        small = chain()
+        small.well("A7", (80.0, 15.0))
+        small.pipe("B7", (80.0, 0.5), (80.0, 14.5))
+        self.without_finding(small, "end path",
+                             "the network (3 wells and tanks) does not reach the end", "--start", "A1",
+                             "--end", "A7")
+
+    def test_end_that_no_pipe_comes_to(self):
+        self.stopped(chain(), "well-without-pipe", "end path", "no pipe of the system ends at well A5",
+                     "--start", "A1", "--end", "A5")
 
     def test_loop(self):
         small = chain()
         # Straight from A3 back to A1, its ends half a metre from the centres: 25 m, so 0.4 and 0.3.
         small.pipe("B3", (19.6, 14.7), (0.4, 0.3))
-        self.refused(small, "close a loop", "--start", "A1")
+        self.stopped(small, "cycle", "walk", "the network closes on itself: well ", "--start", "A1")
 
     def test_well_alone(self):
-        self.refused(chain(), "no pipe of the system '污水' leads from it", "--start", "A5")
+        self.stopped(chain(), "well-without-pipe", "end path", "no pipe of the system ends at well A5",
+                     "--start", "A5")
+
+    def test_gap_at_the_start(self):
+        small = SmallDrawing()
+        small.well("A1", (0.0, 0.0))
+        small.well("A2", (40.0, 0.0))
+        small.pipe("B1", (0.5, 0.0), (20.0, 0.0))
+        small.pipe("B2", (20.75, 0.0), (39.5, 0.0))
+        self.stopped(small, "gap-at-joint", "end path", "are in line and 0.75 m apart", "--start", "B1")
+
+    def test_fault_at_a_pipe_that_hangs_together_with_the_start(self):
+        small = SmallDrawing()
+        small.well("A1", (0.0, 0.0), system="雨水")
+        small.pipe("B1", (-30.0, 0.0), (-20.0, 0.0))
+        small.pipe("B2", (-20.0, 0.0), (-10.0, 0.0))
+        small.pipe("B3", (-10.0, 0.0), (-0.25, 0.0))
+        self.stopped(small, "end-in-foreign-well", "root", "pipe B3 ends in well A1", "--start", "B2")
 
     def test_pipe_without_ends(self):
         small = chain()
         small.pipe("B9", (0.0, 90.0), (9.0, 90.0))
-        self.refused(small, "neither end of the pipe leads to a well or tank", "--start", "B9")
+        self.stopped(small, "dead-end", "root", "pipe B9 ends where nothing is", "--start", "B9")
 
     def test_pipe_too_short_to_take_part(self):
         small = chain()
         small.pipe("B9", (0.5, 0.0), (0.5, 1.0))
-        self.refused(small, "the pipe measures 1 in drawing units", "--start", "B9")
+        self.stopped(small, "pipe-too-short", "root", "pipe B9 is 1 m long", "--start", "B9")
 
     def test_tank_that_is_not_collected(self):
         small = chain()
         small.drawing.insert("C1", "管", TANK, (60.0, 0.0), (6.0, 3.0), 0.0,
                              [("池体系统", "污水")])
-        self.refused(small, "a tank carries 池体 beside 池体系统", "--start", "C1")
+        self.without_finding(small, "root", "a tank carries 池体 beside 池体系统", "--start", "C1")
 
     def test_table_says_so_too(self):
         run = self.run_program("search", self.write(chain()), "--start", "A5")

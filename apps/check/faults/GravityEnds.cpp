@@ -51,8 +51,27 @@ void GravityEnds::report() {
 
 /// A chain that comes out here finds neither an end nor a way on.
 bool GravityEnds::isOpen(const End& end) const {
-    return search_.WellAt(end.place) < 0 && search_.TankAt(end.place) < 0 &&
-           search_.WaysOut(end.pipe, end.isStart ? 1 : 0).empty();
+    if (search_.WellAt(end.place) >= 0 || search_.TankAt(end.place) >= 0) {
+        return false;
+    }
+    const std::vector<tkvlt::ChainBranch> ways = search_.WaysOut(end.pipe, end.isStart ? 1 : 0);
+    return std::all_of(ways.begin(), ways.end(),
+                       [&](const tkvlt::ChainBranch& way) { return turnsBack(end, way); });
+}
+
+/// Pipes in line lie in one another's way from either end. Whoever comes from such a pipe can leave
+/// this one at this end alone, so it lies behind and is no way on from here.
+bool GravityEnds::turnsBack(const End& end, const tkvlt::ChainBranch& way) const {
+    const int outThroughStart = end.isStart ? 1 : 0;
+    bool comesOutHere = false;
+    for (const tkvlt::ChainBranch& back :
+         search_.WaysOut(way.pipe, way.outThroughStart != 0 ? 0 : 1)) {
+        if (back.pipe == end.pipe && back.outThroughStart != outThroughStart) {
+            return false;
+        }
+        comesOutHere = comesOutHere || back.pipe == end.pipe;
+    }
+    return comesOutHere;
 }
 
 void GravityEnds::reportEnd(const End& end) {

@@ -2,6 +2,7 @@
 
 #include "faults/GravityTargets.h"
 #include "faults/ShortPipes.h"
+#include "gravity/ChainFrame.h"
 #include "networks/GravityDrawing.h"
 #include "SystemUnderCheck.h"
 
@@ -29,6 +30,7 @@ private:
     using Pair = std::pair<int, int>;
 
     bool isOpen(const End& end) const;
+    bool turnsBack(const End& end, const tkvlt::ChainBranch& way) const;
     void reportEnd(const End& end);
     bool reportForeignWell(const End& end);
     bool reportAngle(const End& end);

@@ -61,9 +61,7 @@ std::optional<NearTarget> GravityTargets::nearest(int pipe, const AcGePoint3d& e
             keepTank(i, end, best);
         }
         for (const int i : tkvlt::Collected(endTree_, box)) {
-            if (const int other = pipes_[static_cast<std::size_t>(i / 2)]; other != pipe) {
-                keepPipe(other, end, best);
-            }
+            keepPipe(pipe, pipes_[static_cast<std::size_t>(i / 2)], end, best);
         }
         if (!(look < farthest)) {
             break;
@@ -88,12 +86,19 @@ void GravityTargets::keepTank(int tank, const AcGePoint3d& end,
                best);
 }
 
-void GravityTargets::keepPipe(int pipe, const AcGePoint3d& end,
+/// A pipe that joins the other end of this one is no target: it lies behind.
+void GravityTargets::keepPipe(int pipe, int other, const AcGePoint3d& end,
                               std::optional<NearTarget>& best) const {
-    const _Pipe& other = search_.pipePool[pipe];
-    keepBetter({NearTarget::Kind::pipe, pipe, other.id, tkvlt::NearestEnd(other, end).distance,
-                search_.snapDist},
-               best);
+    const _Pipe& own = search_.pipePool[pipe];
+    const _Pipe& record = search_.pipePool[other];
+    const tkvlt::NearEnd near = tkvlt::NearestEnd(record, end);
+    const AcGePoint3d& nearPoint = near.isStart ? record.startPoint : record.endPoint;
+    const bool isBehind = tkvlt::NearestEnd(own, nearPoint).distance < search_.snapDist &&
+                          !(near.distance < search_.snapDist);
+    if (other != pipe && !isBehind) {
+        keepBetter({NearTarget::Kind::pipe, other, record.id, near.distance, search_.snapDist},
+                   best);
+    }
 }
 
 } // namespace pipenet

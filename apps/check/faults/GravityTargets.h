@@ -32,7 +32,8 @@ public:
 private:
     void keepWell(int well, const AcGePoint3d& end, std::optional<NearTarget>& best) const;
     void keepTank(int tank, const AcGePoint3d& end, std::optional<NearTarget>& best) const;
-    void keepPipe(int pipe, const AcGePoint3d& end, std::optional<NearTarget>& best) const;
+    void keepPipe(int pipe, int other, const AcGePoint3d& end,
+                  std::optional<NearTarget>& best) const;
 
     const tkvlt::GravityNetworkSearch& search_;
     const std::vector<int>& wells_;

@@ -88,6 +88,15 @@ void findCycles(SystemUnderCheck& under) {
     }
 }
 
+std::string turnedRunSentence(const std::vector<AcDbObjectId>& pipes, const AcDbObjectId& root) {
+    return fmt::format(
+        "{} is drawn against the way in which a search from {} comes to it, and goes "
+        "straight on in {}: the search turns the run round and does not find what "
+        "lies behind; draw the pipe the other way, or begin at another end of the "
+        "network",
+        nameOf(pipes[0]), nameOf(root), nameOf(pipes[1]));
+}
+
 void findTurnedRuns(SystemUnderCheck& under, const std::vector<AcDbObjectId>& firstPipes) {
     const std::unordered_set<AcDbObjectId> turned(firstPipes.begin(), firstPipes.end());
     std::unordered_set<int> inRings;
@@ -106,13 +115,8 @@ void findTurnedRuns(SystemUnderCheck& under, const std::vector<AcDbObjectId>& fi
         finding.network = network;
         finding.entities = run.pipes;
         finding.place = run.start;
-        finding.sentence = fmt::format(
-            "{} is drawn against the way in which a search from {} comes to it, and goes straight "
-            "on in {}: the search turns the run round and does not find what lies behind; draw the "
-            "pipe the other way, or begin at another end of the network",
-            nameOf(run.pipes[0]),
-            nameOf(under.report.networks[static_cast<std::size_t>(network)].root),
-            nameOf(run.pipes[1]));
+        finding.sentence = turnedRunSentence(
+            run.pipes, under.report.networks[static_cast<std::size_t>(network)].root);
     }
 }
 

@@ -11,6 +11,9 @@ void findCycles(SystemUnderCheck& under);
 /// pipe is drawn against the way in which the search comes to it.
 void findTurnedRuns(SystemUnderCheck& under, const std::vector<AcDbObjectId>& firstPipes);
 
+/// What to say of a run of at least two pipes that a search from `root` turns round.
+std::string turnedRunSentence(const std::vector<AcDbObjectId>& pipes, const AcDbObjectId& root);
+
 /// "merged-wells" for every node that several wells became.
 void findMergedWells(SystemUnderCheck& under);
 

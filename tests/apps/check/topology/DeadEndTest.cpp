@@ -81,6 +81,26 @@ TEST_F(DeadEndTest, NothingIsNear) {
     EXPECT_FALSE(finding.limit);
 }
 
+/// Pipes in line touch one another's sides too, which is no way on from the far end.
+TEST_F(DeadEndTest, LastOfPipesInLine) {
+    layTo({0.0, 0.0, 0.0});
+    drawing.addPipe({0.0, 0.0, 0.0}, {50.0, 0.0, 0.0});
+    const AcDbObjectId last = drawing.addPipe({50.0, 0.0, 0.0}, {200.0, 0.0, 0.0});
+    const Finding finding = only("dead-end", Severity::warning);
+    // Neither its own neighbour, 150 m off, nor anything else.
+    EXPECT_EQ(finding.entities, Ids{last});
+    EXPECT_TRUE(module_tests::samePoint(finding.place, {200.0, 0.0, 0.0}));
+    EXPECT_EQ(report.loose.size(), 4U);
+}
+
+/// The last two metres of the one lie on the first two of the other.
+TEST_F(DeadEndTest, LastOfPipesThatOverlap) {
+    layTo({0.0, 0.0, 0.0});
+    const AcDbObjectId last = drawing.addPipe({-2.0, 0.0, 0.0}, {200.0, 0.0, 0.0});
+    const Finding finding = only("dead-end", Severity::warning);
+    EXPECT_EQ(finding.entities[0], last);
+}
+
 TEST_F(DeadEndTest, EndInAWellOfAnotherSystem) {
     const AcDbObjectId pipe = layTo({0.0, 0.25, 0.0});
     const AcDbObjectId well = drawing.addWell({0.0, 0.0, 0.0}, {.system = kStorm});
