@@ -47,6 +47,21 @@ class Browser:
         page.wait(lambda: page.interactive_after() is not None)
         return page
 
+    def busy_after_opening(self, path):
+        """Milliseconds of processor time that the page took until it could be used. Other programs
+        that keep the machine busy do not lengthen it."""
+        self.driver.get("about:blank")
+        self.driver.execute_cdp_cmd("Performance.enable", {"timeDomain": "threadTicks"})
+        before = self.busy_seconds()
+        self.open(path)
+        spent = self.busy_seconds() - before
+        self.driver.execute_cdp_cmd("Performance.disable", {})
+        return 1000.0 * spent
+
+    def busy_seconds(self):
+        metrics = self.driver.execute_cdp_cmd("Performance.getMetrics", {})["metrics"]
+        return next(m["value"] for m in metrics if m["name"] == "TaskDuration")
+
     def complaints(self):
         """What the browser had to complain of since the last page was opened. That pixels are read
         one by one is the doing of the tests."""

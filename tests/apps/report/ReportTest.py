@@ -469,13 +469,13 @@ class UnusualTest(ReportTest):
 class LargeDrawingTest(ReportTest):
     def test_ten_thousand_pipes(self):
         path = self.report(self.write(large_drawing(), "large.dxf"))
-        opened = []
-        for _ in range(3):
-            page = self.browser.open(path)
-            opened.append(page.interactive_after())
-        print(f"interactive after {', '.join(f'{ms:.0f}' for ms in opened)} ms")
+        busy = self.browser.busy_after_opening(path)
+        page = self.browser.open(path)
+        ready = page.interactive_after()
+        print(f"interactive after {ready:.0f} ms; {busy:.0f} ms of processor time")
         self.assertEqual(len(page.data["pipes"]), ROWS * COLUMNS)
-        self.assertLess(min(opened), 2000.0)
+        self.assertGreater(busy, 1.0)
+        self.assertLess(busy, 2000.0)
         page.settle()
         page.find("#search").send_keys("W99-99", Keys.ENTER)
         self.assert_in_middle(page, (30.0 * 99, 40.0 * 99))
