@@ -140,12 +140,13 @@ Replay replayPressure(const AcDbObjectId& start, const AcGePoint3d& point) {
     return replay;
 }
 
-/// What can keep a search from a network.
-bool canStop(const Finding& finding) {
+/// What can keep a search from a network. A missing text keeps an entity out of the collection, so
+/// that a search finds no root; at any later step it is a fault that stops nothing.
+bool canStop(const Finding& finding, const std::string& step) {
     static const std::unordered_set<std::string> codes{
         "pipe-too-short",      "dead-end",   "gap-at-joint", "angle-at-joint",
-        "end-in-foreign-well", "no-network", "missing-key",  "well-without-pipe"};
-    return codes.count(finding.code) != 0;
+        "end-in-foreign-well", "no-network", "well-without-pipe"};
+    return codes.count(finding.code) != 0 || (step == "root" && finding.code == "missing-key");
 }
 
 std::ptrdiff_t shared(const Finding& finding, const Ids& ids) {
@@ -204,7 +205,8 @@ StoppedSearch stoppedSearch(const AcDbObjectId& start, const AcDbObjectId& end,
     const bool isRing = !replay.ring.empty();
     stopped.finding =
         isRing ? closest(report, replay.ring, [](const Finding& f) { return f.code == "cycle"; })
-               : closest(report, replay.near, canStop);
+               : closest(report, replay.near,
+                         [&](const Finding& f) { return canStop(f, replay.step); });
     return stopped;
 }
 

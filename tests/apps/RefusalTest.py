@@ -104,7 +104,7 @@ class RefusalTest(PipenetTest):
         small = chain()
         small.drawing.insert("C1", "管", TANK, (60.0, 0.0), (6.0, 3.0), 0.0,
                              [("池体系统", "污水")])
-        self.without_finding(small, "root", "a tank carries 池体 beside 池体系统", "--start", "C1")
+        self.stopped(small, "missing-key", "root", "entity C1 carries 池体系统 but not 池体", "--start", "C1")
 
     def test_table_says_so_too(self):
         run = self.run_program("search", self.write(chain()), "--start", "A5")
