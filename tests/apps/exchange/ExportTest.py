@@ -184,7 +184,8 @@ class SewerExportTest(ExchangeTest):
     def test_a_search_that_is_refused_writes_nothing(self):
         run, target = self.export(self.write(chain()), "csv", "--start", "A5")
         self.assertEqual((run.status, run.out), (1, "Nothing exported\n"))
-        self.assertIn("no network from well A5", run.err)
+        self.assertIn("ends at well A5", run.err)
+        self.assertIn("[well-without-pipe, ", run.err)
         self.assertFalse(os.path.exists(target))
 
     def test_the_file_is_replaced_or_left_as_it_was(self):
