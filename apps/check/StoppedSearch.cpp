@@ -144,7 +144,7 @@ Replay replayPressure(const AcDbObjectId& start, const AcGePoint3d& point) {
 /// that a search finds no root; at any later step it is a fault that stops nothing.
 bool canStop(const Finding& finding, const std::string& step) {
     static const std::unordered_set<std::string> codes{
-        "pipe-too-short",      "dead-end",   "gap-at-joint", "angle-at-joint",
+        "pipe-too-short",      "dead-end",   "gap-at-joint",     "angle-at-joint",
         "end-in-foreign-well", "no-network", "well-without-pipe"};
     return codes.count(finding.code) != 0 || (step == "root" && finding.code == "missing-key");
 }
