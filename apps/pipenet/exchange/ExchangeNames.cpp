@@ -27,7 +27,7 @@ public:
         return isLegalName(number, longest_) && found != counts_.end() && found->second == 1;
     }
 
-    std::string free(const std::string& wanted) {
+    std::string unused(const std::string& wanted) {
         std::string name = wanted;
         for (int i = 2; isOwn(name) || !taken_.insert(capitals(name)).second; ++i) {
             name = wanted + "_" + std::to_string(i);
@@ -58,12 +58,12 @@ void nameNetwork(ExchangeNetwork& network, std::size_t longest) {
     for (ExchangeNode& node : network.nodes) {
         const std::string other =
             node.entity.isNull() ? "J" + std::to_string(++joints) : handleText(node.entity);
-        node.name = nodes.isOwn(node.number) ? node.number : nodes.free(other);
+        node.name = nodes.isOwn(node.number) ? node.number : nodes.unused(other);
     }
     NamePool links(network.links, longest);
     for (ExchangeLink& link : network.links) {
         link.name =
-            links.isOwn(link.number) ? link.number : links.free(handleText(link.pipes.front()));
+            links.isOwn(link.number) ? link.number : links.unused(handleText(link.pipes.front()));
     }
 }
 
