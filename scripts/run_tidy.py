@@ -14,10 +14,12 @@ import re
 import shlex
 import subprocess
 import sys
+import tempfile
 
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 INCLUDE = re.compile(rb'^\s*#\s*include\s*["<]([^">]+)[">]', re.MULTILINE)
 PARALLEL = 2
+TOGETHER = 16
 
 
 class Sources:
@@ -73,48 +75,144 @@ def key_of(entry, sources, common):
     return path, digest.hexdigest()
 
 
+def options_of(entry):
+    """What the compiler is told about the file, apart from the file and the object's name."""
+    arguments = (entry.get("arguments") or shlex.split(entry["command"]))[1:]
+    options, position = [], 0
+    while position < len(arguments):
+        if arguments[position] == "-o":
+            position += 1
+        elif arguments[position] not in ("-c", entry["file"]):
+            options.append(arguments[position])
+        position += 1
+    return tuple(options)
+
+
+class Wanted:
+    """Files to look at that share a folder and the compiler's options, with the keys of their present state."""
+
+    def __init__(self, directory, folder, options):
+        self.directory, self.folder, self.options = directory, folder, options
+        self.keys = {}
+
+
 def wanted_files(build):
-    """Every file that ships, by the compilation database, with the key of its present state.
+    """Every file that ships, by the compilation database, in groups that can be looked at together.
 
     Tests are left out: the macros of the test library expand into what the checks are against.
     """
     with open(os.path.join(build, "compile_commands.json"), encoding="utf-8") as file:
         entries = json.load(file)
     common = subprocess.run(["clang-tidy", "--version"], check=True, capture_output=True).stdout
-    with open(os.path.join(ROOT, ".clang-tidy"), "rb") as file:
-        common += file.read()
+    for name in (os.path.join(ROOT, ".clang-tidy"), os.path.abspath(__file__)):
+        with open(name, "rb") as file:
+            common += file.read()
     sources = Sources()
-    build_prefix = os.path.realpath(build) + os.sep
-    keyed = (key_of(entry, sources, common) for entry in entries)
-    left_out = (build_prefix, os.path.join(ROOT, "tests") + os.sep)
-    return {path: key for path, key in keyed if not path.startswith(left_out)}
+    left_out = (os.path.realpath(build) + os.sep, os.path.join(ROOT, "tests") + os.sep)
+    groups, known = {}, set()
+    for entry in entries:
+        path, key = key_of(entry, sources, common)
+        if path in known or path.startswith(left_out):
+            continue
+        known.add(path)
+        place = (entry["directory"], os.path.dirname(path), options_of(entry))
+        groups.setdefault(place, Wanted(*place)).keys[path] = key
+    return [groups[place] for place in sorted(groups)]
 
 
-def tidy(build, path):
-    result = subprocess.run(["clang-tidy", "--quiet", "-p", build, path], capture_output=True,
-                            text=True, errors="replace")
-    return result.returncode == 0, result.stdout, result.stderr
+class Joined:
+    """Sources written one behind the other, so that what they include is read and matched once for all of them.
+
+    They stand in one main file and not behind includes: some checks look at nothing else.
+    """
+
+    def __init__(self, paths):
+        self.starts, lines, included = [], [], set()
+        for path in paths:
+            with open(path, encoding="utf-8") as file:
+                own = file.read().split("\n")
+            self.starts.append((len(lines), path))
+            # An include of an earlier file goes: it would be reported as a duplicate.
+            names = [line for line in own if INCLUDE.match(line.encode())]
+            lines += ["" if line in included else line for line in own]
+            included.update(names)
+        self.text = "\n".join(lines)
+
+    def place(self, line):
+        """Where a line of the joined text stands in the sources: path and line, both as an editor counts."""
+        start, path = max(entry for entry in self.starts if entry[0] < line)
+        return path, line - start
+
+
+class Tidy:
+    """clang-tidy over joined sources; `scratch` takes the joined text."""
+
+    def __init__(self, scratch):
+        self.scratch = scratch
+
+    def look(self, wanted, paths):
+        """Yields (paths, clean, report) for the paths, in as few parts as can be compiled together."""
+        clean, report = self.run(wanted, paths)
+        if len(paths) > 1 and "clang-diagnostic-error" in report:
+            middle = len(paths) // 2
+            yield from self.look(wanted, paths[:middle])
+            yield from self.look(wanted, paths[middle:])
+        else:
+            yield paths, clean, report
+
+    def run(self, wanted, paths):
+        joined = Joined(paths)
+        # The name says to the checks of headers' names and to a reader what the file is; the folder makes it one's own.
+        with tempfile.TemporaryDirectory(dir=self.scratch) as folder:
+            name = os.path.join(folder, os.path.basename(paths[0]))
+            with open(name, "w", encoding="utf-8") as file:
+                file.write(joined.text)
+            result = subprocess.run(
+                ["clang-tidy", "--quiet", f"--config-file={ROOT}/.clang-tidy", name, "--",
+                 *wanted.options, "-iquote", wanted.folder],
+                cwd=wanted.directory, capture_output=True, text=True, errors="replace")
+        return result.returncode == 0, located(result.stdout, name, joined) + result.stderr
+
+
+def located(report, name, joined):
+    """The report with the places of the sources instead of those of the joined text."""
+    def place(match):
+        path, line = joined.place(int(match.group(1)))
+        return f"{os.path.relpath(path, ROOT)}:{line}:"
+    return re.sub(re.escape(name) + r":(\d+):", place, report)
+
+
+def batches(groups, cache):
+    for wanted in groups:
+        todo = [path for path, key in sorted(wanted.keys.items())
+                if not os.path.exists(os.path.join(cache, key))]
+        for start in range(0, len(todo), TOGETHER):
+            yield wanted, todo[start:start + TOGETHER]
 
 
 def main():
     build, cache = sys.argv[1:3]
     os.makedirs(cache, exist_ok=True)
-    wanted = wanted_files(build)
-    if not wanted:
+    groups = wanted_files(build)
+    if not groups:
         sys.exit("run_tidy: the compilation database names no file of the project")
-    todo = [path for path, key in sorted(wanted.items())
-            if not os.path.exists(os.path.join(cache, key))]
-    print(f"{len(wanted)} files, {len(todo)} to look at", flush=True)
+    todo = list(batches(groups, cache))
+    print(f"{sum(len(wanted.keys) for wanted in groups)} files, {sum(len(paths) for _, paths in todo)} to look at",
+          flush=True)
     clean = True
-    with concurrent.futures.ThreadPoolExecutor(PARALLEL) as pool:
-        results = pool.map(lambda path: (path, tidy(build, path)), todo)
-        for path, (good, output, errors) in results:
-            if good:
-                open(os.path.join(cache, wanted[path]), "w", encoding="utf-8").close()
-            else:
-                clean = False
-                print(f"{os.path.relpath(path, ROOT)}:\n{output}{errors}", flush=True)
-    for name in set(os.listdir(cache)) - set(wanted.values()):
+    with tempfile.TemporaryDirectory() as scratch, \
+            concurrent.futures.ThreadPoolExecutor(PARALLEL) as pool:
+        tidy = Tidy(scratch)
+        results = pool.map(lambda batch: (batch[0], list(tidy.look(*batch))), todo)
+        for wanted, parts in results:
+            for paths, good, report in parts:
+                for path in paths if good else ():
+                    open(os.path.join(cache, wanted.keys[path]), "w", encoding="utf-8").close()
+                if not good:
+                    clean = False
+                    names = ", ".join(os.path.relpath(path, ROOT) for path in paths)
+                    print(f"{names}:\n{report}", flush=True)
+    for name in set(os.listdir(cache)) - {key for wanted in groups for key in wanted.keys.values()}:
         os.remove(os.path.join(cache, name))
     sys.exit(0 if clean else 1)
 
