@@ -2,7 +2,7 @@
 
 namespace tkvlt {
 
-NearEnd NearestEnd(const _Pipe& pipe, const AcGePoint3d& point) {
+NearEnd NearestEnd(const PipeSite& pipe, const AcGePoint3d& point) {
     constexpr double farAway = 1e20;
     NearEnd near{farAway, true};
     const double fromStart = pipe.startPoint.distanceTo(point);

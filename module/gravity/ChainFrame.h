@@ -4,7 +4,7 @@
 #include <optional>
 #include <vector>
 
-#include "records/Pipe.h"
+#include "records/PlanSites.h"
 
 namespace tkvlt {
 
@@ -37,6 +37,6 @@ struct NearEnd {
     bool isStart;
 };
 
-NearEnd NearestEnd(const _Pipe& pipe, const AcGePoint3d& point);
+NearEnd NearestEnd(const PipeSite& pipe, const AcGePoint3d& point);
 
 } // namespace tkvlt

@@ -22,6 +22,7 @@ enum TargetKind { kTankTarget = 0, kWellTarget = 1 };
 class ChainOutlook;
 struct ChainBranch;
 struct ChainFrame;
+struct PipeEnds;
 
 /// What one trace of a single pipe found.
 struct ChainOutcome {
@@ -128,9 +129,10 @@ private:
     enum class Trace { kNoTarget, kTarget, kGivenUp };
     enum class WalkStep { kDescended, kScanEnded, kCycle };
 
-    void AddPipe(const AcDbObjectId& id, ReadEntity& entity);
-    void AddWell(const AcDbObjectId& id, ReadEntity& entity, SquareWells& squareWells);
+    void AddPipe(const AcDbObjectId& id, ReadEntity& entity, const CString& system);
     int ValidateEndEntity();
+    void MakeRoomForResult();
+    void GiveSpareRoomBack();
 
     int FindPipe(const AcDbObjectId& id) const;
     bool FindRoot(int& index, int& kind);
@@ -141,7 +143,7 @@ private:
     void MergeWell(int well, int poolWell, double distance, double radius);
     bool IsNode(const AcDbObjectId& id) const;
     std::vector<int> PipesNear(const Well& node) const;
-    bool TouchesNode(const _Pipe& pipe, const Well& node, int& nearEndIsStart,
+    bool TouchesNode(const PipeSite& pipe, const Well& node, int& nearEndIsStart,
                      AcGePoint3d& seed) const;
     WalkStep FollowNextPipe(int well, int& reached);
 
@@ -156,7 +158,7 @@ private:
     bool NextBranch(ChainFrame& level, ChainBranch& branch) const;
     void BeginNextStage(ChainFrame& level) const;
     bool CanFollow(const ChainFrame& level, int pipe) const;
-    bool MayContinue(const _Pipe& current, const _Pipe& next) const;
+    bool MayContinue(const PipeSite& current, const PipeSite& next) const;
     bool JoinsEndToEnd(const ChainFrame& level, int pipe, ChainBranch& branch) const;
     bool EntersSide(ChainFrame& level, int pipe, ChainBranch& branch) const;
     bool ContinuesOverlap(const ChainFrame& level, int pipe, ChainBranch& branch) const;
@@ -164,7 +166,17 @@ private:
                         ChainBranch& branch) const;
 
     void TakeChainPipes(GravitySeg& seg);
+    const PipeSite& Site(int pipe) const { return pipeSites_[static_cast<std::size_t>(pipe)]; }
+    const WellSite& SiteOfWell(int well) const {
+        return wellSites_[static_cast<std::size_t>(well)];
+    }
+    double PipeLength(int pipe) const;
+    double PipeLength(int pipe, const AcGePoint3d& from, const AcGePoint3d& to) const;
+    void AnnotateOnPipe(int pipe, const PipeEnds& ends, double distance, AcGePoint3d& point,
+                        AcGeVector3d& vector) const;
     const _Block& TargetBlock(int kind, int index) const;
+    const AcDbObjectId& TargetId(int kind, int index) const;
+    int AddNode(int kind, int index);
     int FindEndWell();
     int FinishOneSided(GravitySeg& seg, int pipe, const ChainOutcome& first,
                        const ChainOutcome& second);
@@ -185,6 +197,7 @@ double WellReach(const WellSite& well);
 
 /// `radius`, or for a square well its reach to the corner.
 double RadiusToCorner(const _Block& block, double radius);
+double RadiusToCorner(const WellSite& well, double radius);
 
 /// One millimetre of the real network, in drawing units.
 double ExtentsMargin();

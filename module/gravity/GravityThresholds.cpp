@@ -20,6 +20,10 @@ double RadiusToCorner(const _Block& block, double radius) {
     return ToCorner(block.isSquareWell, radius);
 }
 
+double RadiusToCorner(const WellSite& well, double radius) {
+    return ToCorner(well.isSquareWell, radius);
+}
+
 double WellReach(const _Block& well) {
     return ToCorner(well.isSquareWell, well.radius * kRimSlack);
 }

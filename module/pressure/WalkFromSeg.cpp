@@ -79,7 +79,7 @@ int PressureNetworkSearch::WalkFromSeg(int k) {
 double PressureNetworkSearch::WellRadiusAt(const AcGePoint3d& point, const CString& system) const {
     const double reach = candidates_->LargestWellRadius() + kInWellMargin;
     for (const int i : candidates_->WellsIn(PlanBox::Around(point, reach))) {
-        const _Block& well = wellPool[i];
+        const WellSite& well = SiteOfWell(i);
         if (well.systemName.Compare(system) == 0 &&
             well.position.distanceTo(point) <= well.radius + kInWellMargin) {
             return well.radius;
@@ -97,13 +97,14 @@ void PressureNetworkSearch::AdoptPipesInReach(int k) {
         if (nearest.distance - wellRadius > reach) {
             continue;
         }
-        PressureSeg child;
+        const int added = static_cast<int>(segs.GetSize());
+        segs.SetSize(added + 1);
+        PressureSeg& child = segs.ElementAt(added);
         AdoptPipe(child, i);
         child.reversed = nearest.isEnd ? 1 : 0;
         child.parent = k;
         ReadSegAttributes(child);
-        segs.ElementAt(k).children.Add(static_cast<int>(segs.GetSize()));
-        segs.Add(child);
+        segs.ElementAt(k).children.Add(added);
         pipePool.Remove(i);
     }
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <algorithm>
-#include <unordered_map>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -44,19 +44,67 @@ inline std::vector<int> Collected(const BoxTree& tree, const PlanBox& box) {
     return items;
 }
 
-/// Pool indices by the id of the entity.
-using IdIndex = std::unordered_multimap<AcDbObjectId, int>;
-
-/// What an index holds under `id`, in increasing order.
-inline std::vector<int> Matches(const IdIndex& index, const AcDbObjectId& id) {
-    std::vector<int> matches;
-    const auto [begin, end] = index.equal_range(id);
-    for (auto match = begin; match != end; ++match) {
-        matches.push_back(match->second);
+/// Indices by the id of an entity, of which one may have several.
+class IdIndex {
+public:
+    void Add(const AcDbObjectId& id, int index) {
+        if (2 * (count_ + 1) > places_.size()) {
+            Lengthen();
+        }
+        Enter({id, index});
     }
-    SortUnique(matches);
-    return matches;
-}
+
+    /// What was added under `id`, in increasing order.
+    std::vector<int> Matches(const AcDbObjectId& id) const {
+        std::vector<int> matches;
+        if (places_.empty()) {
+            return matches;
+        }
+        for (std::size_t at = PlaceOf(id); places_[at].index >= 0; at = Next(at)) {
+            if (places_[at].id == id) {
+                matches.push_back(places_[at].index);
+            }
+        }
+        SortUnique(matches);
+        return matches;
+    }
+
+private:
+    struct Place {
+        AcDbObjectId id;
+        int index = -1; // free when negative
+    };
+
+    // The upper half of the hash is the better mixed one.
+    std::size_t PlaceOf(const AcDbObjectId& id) const {
+        return (std::hash<AcDbObjectId>{}(id) >> 32) & (places_.size() - 1);
+    }
+    std::size_t Next(std::size_t at) const { return (at + 1) & (places_.size() - 1); }
+
+    void Enter(const Place& place) {
+        std::size_t at = PlaceOf(place.id);
+        while (places_[at].index >= 0) {
+            at = Next(at);
+        }
+        places_[at] = place;
+        ++count_;
+    }
+
+    void Lengthen() {
+        constexpr std::size_t fewestPlaces = 64;
+        const std::vector<Place> old = std::move(places_);
+        places_.assign(old.empty() ? fewestPlaces : 2 * old.size(), {});
+        count_ = 0;
+        for (const Place& place : old) {
+            if (place.index >= 0) {
+                Enter(place);
+            }
+        }
+    }
+
+    std::vector<Place> places_; // the length is a power of two
+    std::size_t count_ = 0;
+};
 
 /// Finds the entries of a pool by their entity. A search asks once or twice, which a scan answers;
 /// a list of pipes asks often, and then the ids are sorted.
