@@ -61,19 +61,32 @@ Acad::ErrorStatus AcDbBlockReference::setBlockTableRecord(AcDbObjectId block) {
 }
 
 AcGeMatrix3d AcDbBlockReference::blockTransform() const {
-    AcGeMatrix3d toOrigin;
-    if (const auto* block = host_db::peek<AcDbBlockTableRecord>(block_)) {
-        toOrigin.setToTranslation(AcGePoint3d() - block->origin());
+    AcGeMatrix3d matrix;
+    matrix.setToTranslation(position_.asVector());
+    // What changes nothing is left out: most references stand upright, unturned and unscaled.
+    if (normal_.x != 0.0 || normal_.y != 0.0 || normal_.z != 1.0) {
+        matrix = matrix * AcGeMatrix3d::planeToWorld(normal_);
     }
-    AcGeMatrix3d scale;
-    scale.entry[0][0] = scale_.sx;
-    scale.entry[1][1] = scale_.sy;
-    scale.entry[2][2] = scale_.sz;
-    AcGeMatrix3d turn;
-    turn.setToRotation(rotation_, {0.0, 0.0, 1.0});
-    AcGeMatrix3d move;
-    move.setToTranslation(position_.asVector());
-    return move * AcGeMatrix3d::planeToWorld(normal_) * turn * scale * toOrigin;
+    if (rotation_ != 0.0) {
+        AcGeMatrix3d turn;
+        turn.setToRotation(rotation_, {0.0, 0.0, 1.0});
+        matrix = matrix * turn;
+    }
+    if (scale_.sx != 1.0 || scale_.sy != 1.0 || scale_.sz != 1.0) {
+        AcGeMatrix3d scale;
+        scale.entry[0][0] = scale_.sx;
+        scale.entry[1][1] = scale_.sy;
+        scale.entry[2][2] = scale_.sz;
+        matrix = matrix * scale;
+    }
+    const auto* block = host_db::peek<AcDbBlockTableRecord>(block_);
+    const AcGeVector3d toOrigin =
+        block != nullptr ? AcGePoint3d() - block->origin() : AcGeVector3d(0.0, 0.0, 0.0);
+    if (toOrigin.x != 0.0 || toOrigin.y != 0.0 || toOrigin.z != 0.0) {
+        AcGeMatrix3d move;
+        matrix = matrix * move.setToTranslation(toOrigin);
+    }
+    return matrix;
 }
 
 Acad::ErrorStatus AcDbBlockReference::geomExtentsBestFit(AcDbExtents& extents,

@@ -18,6 +18,12 @@ AcGeMatrix3d cellShift(const AcDbBlockReference& reference, int column, int row)
     return matrix.setToTranslation(AcGeMatrix3d::planeToWorld(reference.normal()) * (turn * shift));
 }
 
+bool changesNothing(const AcGeMatrix3d& matrix) {
+    AcGeTol exactly;
+    exactly.setEqualPoint(0.0);
+    return matrix.isEqualTo(AcGeMatrix3d::kIdentity, exactly);
+}
+
 } // namespace
 
 bool BlockWalk::isTooMuch() const {
@@ -42,7 +48,9 @@ void BlockWalk::pushCell(const AcDbBlockReference& reference, const AcGeMatrix3d
                          int column, int row) {
     const bool isFirst = column == 0 && row == 0;
     const AcGeMatrix3d cell = isFirst ? transform : transform * cellShift(reference, column, row);
-    work_.push_back({reference.blockTableRecord(), cell * reference.blockTransform(), false});
+    const AcGeMatrix3d shown = reference.blockTransform();
+    work_.push_back(
+        {reference.blockTableRecord(), changesNothing(cell) ? shown : cell * shown, false});
 }
 
 void BlockWalk::push(const AcDbBlockReference& reference, const AcGeMatrix3d& transform) {

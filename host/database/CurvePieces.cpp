@@ -192,6 +192,14 @@ void addExtents(const ArcPiece& piece, const AcGeMatrix3d& transform, AcDbExtent
     box.addPoint(transform * piece.end);
     const AcGeVector3d u = transform * piece.u;
     const AcGeVector3d v = transform * piece.v;
+    if (piece.to - piece.from >= 2.0 * std::numbers::pi) {
+        // A whole ellipse reaches as far to both sides.
+        const AcGePoint3d center = transform * piece.center;
+        const AcGeVector3d reach(std::hypot(u.x, v.x), std::hypot(u.y, v.y), std::hypot(u.z, v.z));
+        box.addPoint(center + reach);
+        box.addPoint(center - reach);
+        return;
+    }
     // Along each axis the ellipse turns where its derivative vanishes, at one angle and half a
     // turn on.
     const double turns[] = {std::atan2(v.x, u.x), std::atan2(v.y, u.y), std::atan2(v.z, u.z)};

@@ -13,8 +13,9 @@ XdataApplications::XdataApplications() {
 std::uint32_t XdataApplications::find(const wchar_t* name) const {
     if (name != nullptr) {
         // Whoever asks once mostly asks for the same names again, in the same spelling.
+        const std::wstring_view spelling(name);
         for (const Asked& asked : asked_) {
-            if (asked.name == name) {
+            if (asked.name == spelling) {
                 return asked.number;
             }
         }

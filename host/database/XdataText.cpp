@@ -43,7 +43,8 @@ bool firstXdataString(const AcDbObject& object, const wchar_t* application, CStr
         return false;
     }
     const std::uint32_t number = database->applications().find(application);
-    if (number != XdataApplications::kNone && object.hasXdataOf(number)) {
+    if (number != XdataApplications::kNone &&
+        database->applications().contains(object.applicationSet(), number)) {
         hasApp = database->source()->firstXdataString(object.sourceRange(), application, text);
     }
     return hasApp;

@@ -12,14 +12,13 @@ namespace {
 
 constexpr int firstXdataCode = 1000;
 constexpr int lastXdataCode = 1071;
-constexpr int applicationCode = 1001;
 
-/// The next group of extended data; false where the data ends. `step` is how the cursor goes on.
-bool nextXdata(TagCursor& cursor, DxfTag& tag, bool (TagCursor::*step)(DxfTag&)) {
+/// The next group of extended data; false where the data ends.
+bool nextXdata(TagCursor& cursor, DxfTag& tag) {
     constexpr int comment = 999;
-    bool found = (cursor.*step)(tag);
+    bool found = cursor.next(tag);
     while (found && tag.code == comment) {
-        found = (cursor.*step)(tag);
+        found = cursor.next(tag);
     }
     return found && tag.code >= firstXdataCode && tag.code <= lastXdataCode;
 }
@@ -28,23 +27,25 @@ bool nextXdata(TagCursor& cursor, DxfTag& tag, bool (TagCursor::*step)(DxfTag&))
 
 DxfDrawingSource::DxfDrawingSource(std::shared_ptr<const DxfSource> file,
                                    std::shared_ptr<const TextDecoder> decoder)
-    : file_(std::move(file)), decoder_(std::move(decoder)) {}
+    : file_(std::move(file)), decoder_(std::move(decoder)), sections_(*file_), texts_(*decoder_) {}
 
 TagCursor DxfDrawingSource::cursorOver(const SourceRange& range) const {
     return {*file_, range.begin + range.xdataOffset, range.end, range.firstLine};
 }
 
-CString DxfDrawingSource::decoded(std::string_view bytes) const {
-    return CString(std::wstring_view(decoder_->decode(bytes)));
-}
-
 void DxfDrawingSource::setApplicationNames(const ApplicationNames& names) {
     numberOfBytes_.clear();
     numberOfName_.clear();
+    onlySpelling_.clear();
     for (const auto& [bytes, name] : names) {
-        const auto next = static_cast<std::uint32_t>(numberOfName_.size());
-        const std::uint32_t number =
-            numberOfName_.try_emplace(host_db::nameKey(name.c_str()), next).first->second;
+        const auto next = static_cast<std::uint32_t>(onlySpelling_.size());
+        const auto [entry, isNew] = numberOfName_.try_emplace(host_db::nameKey(name.c_str()), next);
+        const std::uint32_t number = entry->second;
+        if (isNew) {
+            onlySpelling_.push_back(bytes);
+        } else {
+            onlySpelling_[number] = {};
+        }
         numberOfName_.try_emplace(name, number);
         numberOfBytes_.emplace(bytes, number);
     }
@@ -74,10 +75,26 @@ resbuf* DxfDrawingSource::readXdata(const SourceRange& range) const {
     ItemCollector items(*decoder_, noReferences);
     TagCursor cursor = cursorOver(range);
     DxfTag tag;
-    while (nextXdata(cursor, tag, &TagCursor::next)) {
+    while (nextXdata(cursor, tag)) {
         items.add(tag);
     }
     return host_db::chainOf(items.take());
+}
+
+/// The first section of an application in the data that `sections_` has turned to.
+const XdataSection* DxfDrawingSource::findSection(const wchar_t* application) const {
+    const std::uint32_t number = applicationNumber(application);
+    const std::string_view spelling =
+        number < onlySpelling_.size() ? onlySpelling_[number] : std::string_view();
+    for (std::size_t i = 0; const XdataSection* section = sections_.at(i); ++i) {
+        const bool isFound = spelling.empty()
+                                 ? isApplication(section->application, application, number)
+                                 : section->application == spelling;
+        if (isFound) {
+            return section;
+        }
+    }
+    return nullptr;
 }
 
 bool DxfDrawingSource::firstXdataString(const SourceRange& range, const wchar_t* application,
@@ -85,25 +102,13 @@ bool DxfDrawingSource::firstXdataString(const SourceRange& range, const wchar_t*
     if (range.xdataOffset == 0) {
         return false;
     }
-    const std::uint32_t number = applicationNumber(application);
-    TagCursor cursor = cursorOver(range);
-    DxfTag tag;
-    bool inside = false;
-    while (nextXdata(cursor, tag, &TagCursor::nextUnparsed)) {
-        if (tag.code == applicationCode) {
-            if (inside) {
-                break;
-            }
-            inside = isApplication(tag.text, application, number);
-        } else if (inside && tag.code == firstXdataCode) {
-            text = decoded(tag.text);
-            return true;
-        }
+    sections_.turnTo(range);
+    const XdataSection* const section = findSection(application);
+    if (section == nullptr) {
+        return false;
     }
-    if (inside) {
-        text.Empty();
-    }
-    return inside;
+    text = section->hasText ? texts_.of(section->text) : CString();
+    return true;
 }
 
 } // namespace host_dxf

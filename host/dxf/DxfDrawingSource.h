@@ -5,7 +5,9 @@
 #include "dxf/DxfSource.h"
 #include "dxf/FileOutline.h"
 #include "dxf/ItemCollector.h"
+#include "dxf/RecentTexts.h"
 #include "dxf/TextDecoder.h"
+#include "dxf/XdataSections.h"
 
 #include <cstdint>
 #include <functional>
@@ -14,6 +16,7 @@
 #include <string_view>
 #include <unordered_map>
 #include <utility>
+#include <vector>
 
 namespace host_dxf {
 
@@ -37,7 +40,8 @@ public:
     void setOutline(FileOutline outline) { outline_ = std::move(outline); }
 
     /// The decoded names of the file's applications by their bytes in the file, so that looking for
-    /// an application decodes no name. A name that is missing here is decoded each time.
+    /// an application decodes no name: those of all objects with extended data. Without any, names
+    /// are decoded each time.
     using ApplicationNames = std::unordered_map<std::string_view, std::wstring>;
     void setApplicationNames(const ApplicationNames& names);
 
@@ -52,10 +56,10 @@ private:
     };
 
     TagCursor cursorOver(const SourceRange& range) const;
-    CString decoded(std::string_view bytes) const;
     std::uint32_t applicationNumber(const wchar_t* application) const;
     bool isApplication(std::string_view bytes, const wchar_t* application,
                        std::uint32_t number) const;
+    const XdataSection* findSection(const wchar_t* application) const;
 
     std::shared_ptr<const DxfSource> file_;
     std::shared_ptr<const TextDecoder> decoder_;
@@ -64,6 +68,10 @@ private:
     std::unordered_map<std::string_view, std::uint32_t> numberOfBytes_;
     /// By the names as the file spells them, and in the form that all cases share.
     std::unordered_map<std::wstring, std::uint32_t, TextHash, std::equal_to<>> numberOfName_;
+    /// By number, the bytes of an application that the file spells in one way; else empty.
+    std::vector<std::string_view> onlySpelling_;
+    mutable XdataSections sections_; ///< of the object that was asked last
+    mutable RecentTexts texts_;
 };
 
 } // namespace host_dxf

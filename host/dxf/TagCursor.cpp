@@ -2,6 +2,7 @@
 
 #include "dxf/Numbers.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -25,6 +26,23 @@ double littleEndianReal(std::string_view bytes) {
     double value = 0.0;
     std::memcpy(&value, &bits, sizeof value);
     return value;
+}
+
+/// The number of a code in the usual spelling, blanks and one to four digits; -1 for any other.
+int plainCode(std::string_view line) {
+    constexpr std::size_t mostDigits = 4;
+    const std::size_t first = std::min(line.find_first_not_of(' '), line.size());
+    if (first == line.size() || line.size() - first > mostDigits) {
+        return -1;
+    }
+    int code = 0;
+    for (const char digit : line.substr(first)) {
+        if (digit < '0' || digit > '9') {
+            return -1;
+        }
+        code = code * 10 + (digit - '0');
+    }
+    return code;
 }
 
 std::string groupName(int code) {
@@ -53,6 +71,24 @@ bool TagCursor::next(DxfTag& tag) {
 
 bool TagCursor::nextUnparsed(DxfTag& tag) {
     return source_->isText() ? nextText(tag) : nextBinary(tag);
+}
+
+bool TagCursor::nextXdataText(DxfTag& tag) {
+    constexpr std::size_t digits = 4;
+    const std::string_view rest = bytes_.substr(offset_, digits + 2);
+    if (!source_->isText() || rest.size() < digits + 2 || !rest.starts_with("100") ||
+        (rest[digits - 1] != '0' && rest[digits - 1] != '1')) {
+        return false;
+    }
+    const std::size_t lineEnd = rest[digits] == '\r' ? digits + 1 : digits;
+    if (rest[lineEnd] != '\n' || offset_ + lineEnd + 1 >= bytes_.size()) {
+        return false;
+    }
+    offset_ += lineEnd + 1;
+    ++line_;
+    tag.code = rest[digits - 1] == '0' ? 1000 : 1001;
+    tag.text = takeLine();
+    return true;
 }
 
 FilePosition TagCursor::position() const {
@@ -91,11 +127,14 @@ bool TagCursor::nextText(DxfTag& tag) {
         return false;
     }
     const std::string_view codeLine = takeLine();
-    if (codeLine.find_first_not_of(" \t\x1a") == std::string_view::npos && onlyBlanksLeft()) {
-        offset_ = bytes_.size();
-        return false;
+    tag.code = plainCode(codeLine);
+    if (tag.code < 0) {
+        if (codeLine.find_first_not_of(" \t\x1a") == std::string_view::npos && onlyBlanksLeft()) {
+            offset_ = bytes_.size();
+            return false;
+        }
+        tag.code = parseCode(codeLine);
     }
-    tag.code = parseCode(codeLine);
     tag.kind = valueKind(tag.code);
     tag.begin = begin;
     tag.line = static_cast<std::uint32_t>(line_ - 1);

@@ -2,11 +2,11 @@
 
 namespace tkvlt {
 
-NearEnd NearestEnd(const _Pipe& pipe, const AcGePoint3d& point) {
+NearEnd NearestEnd(const AcGePoint3d& start, const AcGePoint3d& end, const AcGePoint3d& point) {
     constexpr double farAway = 1e20;
     NearEnd near{farAway, true};
-    const double fromStart = pipe.startPoint.distanceTo(point);
-    const double fromEnd = pipe.endPoint.distanceTo(point);
+    const double fromStart = start.distanceTo(point);
+    const double fromEnd = end.distanceTo(point);
     if (fromStart < near.distance) {
         near = {fromStart, true};
     }

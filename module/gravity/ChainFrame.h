@@ -4,7 +4,7 @@
 #include <optional>
 #include <vector>
 
-#include "records/Pipe.h"
+#include "platform.h"
 
 namespace tkvlt {
 
@@ -37,6 +37,12 @@ struct NearEnd {
     bool isStart;
 };
 
-NearEnd NearestEnd(const _Pipe& pipe, const AcGePoint3d& point);
+NearEnd NearestEnd(const AcGePoint3d& start, const AcGePoint3d& end, const AcGePoint3d& point);
+
+/// The same for a pipe's site or record.
+template<class Pipe>
+NearEnd NearestEnd(const Pipe& pipe, const AcGePoint3d& point) {
+    return NearestEnd(pipe.startPoint, pipe.endPoint, point);
+}
 
 } // namespace tkvlt

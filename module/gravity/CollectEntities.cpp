@@ -16,13 +16,9 @@ void ReadPipe(_Pipe& pipe, const AcDbObjectId& id) {
     pipe = _Pipe(id, XdataText(id, xdata::kPipeSystem));
 }
 
-void ReadWell(_Block& well, const AcDbObjectId& id) {
-    well = _Block(id, CString(), XdataText(id, xdata::kWellSystem));
-}
-
-bool Carries(const ReadEntity& entity, const wchar_t* application) {
-    CString text;
-    return GetXdata(entity.get(), application, text) != 0;
+/// Whether the entity carries the key; `text` is written then.
+bool Carries(const ReadEntity& entity, const wchar_t* key, CString& text) {
+    return ReadXdata(entity.get(), key, text) != 0;
 }
 
 } // namespace
@@ -31,20 +27,22 @@ int GravityNetworkSearch::CollectEntities() {
     const NetworkSelection selection{xdata::kWellSystem, xdata::kPipeSystem, xdata::kTank};
     SquareWells squareWells;
     const Adesk::Int32 length = selection.Length();
+    pipeSites_.reserve(static_cast<std::size_t>(length));
     for (Adesk::Int32 index = 0; index < length; ++index) {
         const AcDbObjectId id = selection.At(index);
         ReadEntity entity(id);
         if (!entity) {
             continue; // nothing can be read of it, so it carries nothing
         }
-        if (Carries(entity, xdata::kPipeSystem)) {
-            AddPipe(id, entity);
-        } else if (Carries(entity, xdata::kWellSystem)) {
-            AddWell(id, entity, squareWells);
-        } else if (Carries(entity, xdata::kTank)) {
+        CString text;
+        if (Carries(entity, xdata::kPipeSystem, text)) {
+            AddPipe(id, entity, text);
+        } else if (Carries(entity, xdata::kWellSystem, text)) {
+            wellSites_.push_back(AddWellTo(wellPool, id, entity, text, squareWells, ReadsLater()));
+        } else if (Carries(entity, xdata::kTank, text)) {
             // A tank belongs to no system, so that pipes of every system may end at it.
             entity.Close();
-            tankPool.Add(_Block(id, CString(), CString()));
+            tankPool.Add(std::make_unique<_Block>(id, CString(), CString()));
         }
     }
     candidates_ = MakeCandidateSource(*this, candidateMode_);
@@ -56,37 +54,21 @@ int GravityNetworkSearch::CollectEntitiesOnly() {
     return 1;
 }
 
-void GravityNetworkSearch::AddPipe(const AcDbObjectId& id, ReadEntity& entity) {
+void GravityNetworkSearch::AddPipe(const AcDbObjectId& id, ReadEntity& entity,
+                                   const CString& system) {
     PipeSite site;
+    site.systemName = system;
     if (ReadsLater() && entity.IsStraightAndLonger(kLongestIgnoredPipe, site)) {
         pipePool.AddUnread(id, ReadPipe);
-        pipeSites_.push_back(site);
+        pipeSites_.push_back(std::move(site));
         return;
     }
     entity.Close();
-    _Pipe pipe;
-    ReadPipe(pipe, id);
-    if (pipe.GetLength() > kLongestIgnoredPipe) {
-        pipePool.Add(pipe);
-        pipeSites_.push_back({pipe.startPoint, pipe.endPoint, pipe.isArc});
+    auto pipe = std::make_unique<_Pipe>(id, system);
+    if (pipe->GetLength() > kLongestIgnoredPipe) {
+        pipeSites_.push_back({pipe->startPoint, pipe->endPoint, system, pipe->isArc});
+        pipePool.Add(std::move(pipe));
     }
-}
-
-void GravityNetworkSearch::AddWell(const AcDbObjectId& id, ReadEntity& entity,
-                                   SquareWells& squareWells) {
-    WellSite site;
-    AcDbObjectId definition;
-    if (ReadsLater() && entity.IsWellBlock(site, definition)) {
-        site.isSquareWell = squareWells.Has(definition);
-        wellPool.AddUnread(id, ReadWell);
-    } else {
-        entity.Close();
-        _Block well;
-        ReadWell(well, id);
-        wellPool.Add(well);
-        site = {well.position, well.radius, well.isSquareWell};
-    }
-    wellSites_.push_back(site);
 }
 
 } // namespace tkvlt

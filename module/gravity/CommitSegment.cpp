@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "gravity/GravityNetworkSearch.h"
-#include "gravity/MakeNode.h"
 #include "records/ClosedAtEnd.h"
 #include "records/XdataKeys.h"
 
@@ -62,11 +61,12 @@ void ReadSegmentValues(GravitySeg& seg, const AcDbObjectId& pipe) {
 }
 
 int GravityNetworkSearch::CommitSegment(int well) {
-    Well node = MakeNode(TargetBlock(targetKind, targetIndex), targetKind);
-    const int reached = static_cast<int>(result->wells.Add(node));
-    candidates_->NodeAdded(reached);
+    const int reached = AddNode(targetKind, targetIndex);
+    const Well& node = result->wells.ElementAt(reached);
 
-    GravitySeg seg;
+    const int added = static_cast<int>(result->segs.GetSize());
+    result->segs.SetSize(added + 1);
+    GravitySeg& seg = result->segs.ElementAt(added);
     seg.startWell = well;
     seg.endWell = reached;
     seg.startEntity = result->wells.ElementAt(well).nodeEntity;
@@ -81,7 +81,6 @@ int GravityNetworkSearch::CommitSegment(int well) {
         seg.systemName = systemName;
         ReadSegmentValues(seg, seg.pipeIds.at(0));
     }
-    const int added = static_cast<int>(result->segs.Add(seg));
     result->wells.ElementAt(well).outSegs.Add(added);
     result->wells.ElementAt(reached).inSeg = added;
     return reached;
@@ -95,8 +94,10 @@ void GravityNetworkSearch::TakeChainPipes(GravitySeg& seg) {
         taken.push_back(chainPipes.GetAt(i));
     }
     std::sort(taken.begin(), taken.end());
+    // Exactly so many, for a network has as many of these lists as segments.
+    seg.pipeIds.setPhysicalLength(static_cast<int>(taken.size()));
     for (const int pipe : taken) {
-        seg.pipeIds.append(pipePool[pipe].id);
+        seg.pipeIds.append(pipePool.IdOf(pipe));
         pipePool.Remove(pipe);
     }
 }

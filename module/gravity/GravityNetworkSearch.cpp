@@ -1,5 +1,7 @@
 #include "gravity/GravityNetworkSearch.h"
 
+#include <algorithm>
+
 #include "records/XdataKeys.h"
 
 namespace tkvlt {
@@ -47,10 +49,10 @@ int GravityNetworkSearch::Run() {
     if (CollectEntities() == 0) {
         return 0;
     }
-    if (PlaceRootWell() == 0) {
-        return 0;
-    }
-    if (WalkFromWell(0) == 0 || abortFlag != 0) {
+    MakeRoomForResult();
+    const int walked = PlaceRootWell() != 0 ? WalkFromWell(0) : 0;
+    GiveSpareRoomBack();
+    if (walked == 0 || abortFlag != 0) {
         return 0;
     }
     if (TraceEndPath() == 0) {
@@ -58,6 +60,26 @@ int GravityNetworkSearch::Run() {
     }
     OrderSegHeights();
     return 1;
+}
+
+/// A node is a well of the system or a tank, so the arrays need not grow, which moves what they
+/// hold. Room that is never written to costs nothing.
+void GravityNetworkSearch::MakeRoomForResult() {
+    const auto ofSystem =
+        std::count_if(wellSites_.begin(), wellSites_.end(),
+                      [&](const auto& well) { return well.systemName.Compare(systemName) == 0; });
+    const auto most = static_cast<INT_PTR>(ofSystem) + tankPool.Size();
+    result->wells.SetSize(result->wells.GetSize(), most);
+    // A tree has one edge less than it has nodes.
+    result->segs.SetSize(result->segs.GetSize(), std::max<INT_PTR>(most - 1, 0));
+}
+
+void GravityNetworkSearch::GiveSpareRoomBack() {
+    constexpr INT_PTR asUsual = 0;
+    result->wells.SetSize(result->wells.GetSize(), asUsual);
+    result->wells.FreeExtra();
+    result->segs.SetSize(result->segs.GetSize(), asUsual);
+    result->segs.FreeExtra();
 }
 
 int GravityNetworkSearch::ValidateEnds() {

@@ -22,6 +22,7 @@ enum TargetKind { kTankTarget = 0, kWellTarget = 1 };
 class ChainOutlook;
 struct ChainBranch;
 struct ChainFrame;
+struct PipeEnds;
 
 /// What one step of a walk did.
 enum class WalkStep { kDescended, kScanEnded, kCycle };
@@ -71,6 +72,10 @@ public:
     /// Where the pipes and the wells lay when they were collected, by pool index.
     const std::vector<PipeSite>& PipeSites() const { return pipeSites_; }
     const std::vector<WellSite>& WellSites() const { return wellSites_; }
+    const PipeSite& Site(int pipe) const { return pipeSites_[static_cast<std::size_t>(pipe)]; }
+    const WellSite& SiteOfWell(int well) const {
+        return wellSites_[static_cast<std::size_t>(well)];
+    }
     /// Leaves exactly one node in an empty result.
     int PlaceRootWell();
     /// Grows the tree out of node `well`, depth first. 1 when the scan of the pipes ran to its end.
@@ -128,11 +133,11 @@ public:
     /// How a chain may go on from the free end of `pipe`, in the order in which it is tried.
     std::vector<ChainBranch> WaysOut(int pipe, int outThroughStart) const;
     /// The direction rule: whether a chain may go on from the one pipe to the other.
-    bool MayContinue(const _Pipe& current, const _Pipe& next) const;
+    bool MayContinue(const PipeSite& current, const PipeSite& next) const;
     /// Pipes that may touch the node.
     std::vector<int> PipesNear(const Well& node) const;
     /// Whether a walk leaves the node through the pipe, and with which of its ends there.
-    bool TouchesNode(const _Pipe& pipe, const Well& node, int& nearEndIsStart,
+    bool TouchesNode(const PipeSite& pipe, const Well& node, int& nearEndIsStart,
                      AcGePoint3d& seed) const;
     const CandidateSource& Candidates() const { return *candidates_; }
 
@@ -164,9 +169,11 @@ private:
 
     enum class ChainEnd { kOpen, kTarget, kKnownNode };
     enum class Trace { kNoTarget, kTarget, kGivenUp };
-    void AddPipe(const AcDbObjectId& id, ReadEntity& entity);
-    void AddWell(const AcDbObjectId& id, ReadEntity& entity, SquareWells& squareWells);
+
+    void AddPipe(const AcDbObjectId& id, ReadEntity& entity, const CString& system);
     int ValidateEndEntity();
+    void MakeRoomForResult();
+    void GiveSpareRoomBack();
 
     int FindPipe(const AcDbObjectId& id) const;
     bool FindRoot(int& index, int& kind);
@@ -196,7 +203,13 @@ private:
                         ChainBranch& branch) const;
 
     void TakeChainPipes(GravitySeg& seg);
+    double PipeLength(int pipe) const;
+    double PipeLength(int pipe, const AcGePoint3d& from, const AcGePoint3d& to) const;
+    void AnnotateOnPipe(int pipe, const PipeEnds& ends, double distance, AcGePoint3d& point,
+                        AcGeVector3d& vector) const;
     const _Block& TargetBlock(int kind, int index) const;
+    const AcDbObjectId& TargetId(int kind, int index) const;
+    int AddNode(int kind, int index);
     int FindEndWell();
     int FinishOneSided(GravitySeg& seg, int pipe, const ChainOutcome& first,
                        const ChainOutcome& second);
@@ -218,16 +231,16 @@ inline constexpr double kLargestTurn = 0.3141592653589793;
 void ReadSegmentValues(GravitySeg& seg, const AcDbObjectId& pipe);
 
 /// True when a chain that comes to `freeEnd` ends at the well.
-bool HoldsEnd(const _Block& well, const AcGePoint3d& freeEnd);
+bool HoldsEnd(const WellSite& well, const AcGePoint3d& freeEnd);
 /// How near a pipe end must be to a node's point for a walk to leave the node through it.
 double TouchReach(const Well& node);
 
 /// How near a pipe end must be to a well's position to end a chain there, drawing units.
-double WellReach(const _Block& well);
 double WellReach(const WellSite& well);
 
 /// `radius`, or for a square well its reach to the corner.
 double RadiusToCorner(const _Block& block, double radius);
+double RadiusToCorner(const WellSite& well, double radius);
 
 /// One millimetre of the real network, in drawing units.
 double ExtentsMargin();

@@ -20,15 +20,15 @@ double RadiusToCorner(const _Block& block, double radius) {
     return ToCorner(block.isSquareWell, radius);
 }
 
-double WellReach(const _Block& well) {
-    return ToCorner(well.isSquareWell, well.radius * kRimSlack);
+double RadiusToCorner(const WellSite& well, double radius) {
+    return ToCorner(well.isSquareWell, radius);
 }
 
 double WellReach(const WellSite& well) {
-    return ToCorner(well.isSquareWell, well.radius * kRimSlack);
+    return RadiusToCorner(well, well.radius * kRimSlack);
 }
 
-bool HoldsEnd(const _Block& well, const AcGePoint3d& freeEnd) {
+bool HoldsEnd(const WellSite& well, const AcGePoint3d& freeEnd) {
     return well.position.distanceTo(freeEnd) < WellReach(well);
 }
 

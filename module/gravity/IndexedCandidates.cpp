@@ -10,10 +10,10 @@
 namespace tkvlt {
 
 IndexedCandidates::IndexedCandidates(const GravityNetworkSearch& search) : search_(search) {
-    IndexPipes();
     IndexWells();
+    IndexPipes();
     IndexTanks();
-    nodes_ = BoxGrid(LargestWellReach());
+    nodes_ = PointGrid(UsualQuery(), {});
     if (search_.result != nullptr) {
         for (int node = 0; node < static_cast<int>(search_.result->wells.GetSize()); ++node) {
             NodeAdded(node);
@@ -22,13 +22,13 @@ IndexedCandidates::IndexedCandidates(const GravityNetworkSearch& search) : searc
 }
 
 void IndexedCandidates::IndexPipes() {
-    std::vector<PlanBox> ends;
+    std::vector<AcGePoint3d> ends;
     ends.reserve(2 * search_.PipeSites().size());
     for (const PipeSite& site : search_.PipeSites()) {
-        ends.push_back(PlanBox::Of(site.startPoint));
-        ends.push_back(PlanBox::Of(site.endPoint));
+        ends.push_back(site.startPoint);
+        ends.push_back(site.endPoint);
     }
-    pipeEnds_ = BoxTree(ends);
+    pipeEnds_ = PointGrid(std::max(UsualQuery(), 2.0 * search_.snapDist), ends);
 }
 
 /// Only chains that find no pipe at their end ask for what crosses them.
@@ -53,7 +53,7 @@ void IndexedCandidates::IndexCurves() const {
 }
 
 void IndexedCandidates::IndexWells() {
-    std::vector<PlanBox> positions;
+    std::vector<AcGePoint3d> positions;
     positions.reserve(search_.WellSites().size());
     for (const WellSite& site : search_.WellSites()) {
         const double reach = WellReach(site);
@@ -61,9 +61,15 @@ void IndexedCandidates::IndexWells() {
             largestReach_ = reach;
             largestWell_ = static_cast<int>(positions.size());
         }
-        positions.push_back(PlanBox::Of(site.position));
+        positions.push_back(site.position);
     }
-    wells_ = BoxTree(positions);
+    wells_ = PointGrid(UsualQuery(), positions);
+}
+
+/// The side of the square in which a node of the largest well looks for the pipes that touch it.
+double IndexedCandidates::UsualQuery() const {
+    constexpr double radiiOfReach = 2.0;
+    return 2.0 * radiiOfReach * largestReach_;
 }
 
 /// The largest wells first, for when the largest has been merged away.
@@ -91,7 +97,8 @@ void IndexedCandidates::IndexTanks() {
 }
 
 std::vector<int> IndexedCandidates::PipesWithEndIn(const PlanBox& box) const {
-    std::vector<int> ends = Collected(pipeEnds_, box);
+    std::vector<int> ends;
+    pipeEnds_.Collect(box, ends);
     for (int& end : ends) {
         end /= 2;
     }
@@ -106,7 +113,9 @@ std::vector<int> IndexedCandidates::PipesReachingInto(const PlanBox& box) const 
 }
 
 std::vector<int> IndexedCandidates::WellsIn(const PlanBox& box) const {
-    return PresentInOrder(Collected(wells_, box), search_.wellPool);
+    std::vector<int> wells;
+    wells_.Collect(box, wells);
+    return PresentInOrder(std::move(wells), search_.wellPool);
 }
 
 std::vector<int> IndexedCandidates::TanksReachingInto(const PlanBox& box) const {
@@ -121,7 +130,7 @@ std::vector<int> IndexedCandidates::NodesIn(const PlanBox& box) const {
 }
 
 std::vector<int> IndexedCandidates::NodesOf(const AcDbObjectId& id) const {
-    return Matches(nodeIds_, id);
+    return nodeIds_.Matches(id);
 }
 
 std::vector<int> IndexedCandidates::PipesOf(const AcDbObjectId& id) const {
@@ -160,26 +169,26 @@ void IndexedCandidates::BegunAnew() {
         largestWell_ = wellsByReach_.front();
         largestReach_ = WellReach(search_.WellSites()[static_cast<std::size_t>(largestWell_)]);
     }
-    nodes_ = BoxGrid(LargestWellReach());
-    nodeIds_.clear();
+    nodes_ = PointGrid(UsualQuery(), {});
+    nodeIds_ = IdIndex();
 }
 
 void IndexedCandidates::NodeAdded(int node) {
     const Well& well = search_.result->wells.GetAt(node);
-    nodes_.Add(node, PlanBox::Of(well.nodePoint));
-    nodeIds_.emplace(well.nodeEntity, node);
+    nodes_.Add(node, well.nodePoint);
+    nodeIds_.Add(well.nodeEntity, node);
     for (int i = 0; i < well.mergedEntities.length(); ++i) {
-        nodeIds_.emplace(well.mergedEntities.at(i), node);
+        nodeIds_.Add(well.mergedEntities.at(i), node);
     }
 }
 
 void IndexedCandidates::NodeMoved(int node, const AcGePoint3d& oldPoint) {
-    nodes_.Remove(node, PlanBox::Of(oldPoint));
-    nodes_.Add(node, PlanBox::Of(search_.result->wells.GetAt(node).nodePoint));
+    nodes_.Remove(node, oldPoint);
+    nodes_.Add(node, search_.result->wells.GetAt(node).nodePoint);
 }
 
 void IndexedCandidates::NodeMerged(int node, const AcDbObjectId& id) {
-    nodeIds_.emplace(id, node);
+    nodeIds_.Add(id, node);
 }
 
 } // namespace tkvlt

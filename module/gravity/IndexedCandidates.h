@@ -3,15 +3,16 @@
 #include <limits>
 
 #include "gravity/CandidateSource.h"
-#include "records/BoxGrid.h"
 #include "records/BoxTree.h"
 #include "records/Candidates.h"
+#include "records/IdIndex.h"
+#include "records/PointGrid.h"
 
 namespace tkvlt {
 
-/// Finds candidates through trees over the pools as they were collected and a grid over the nodes.
+/// Finds candidates through grids over the points and trees over the boxes of what was collected.
 ///
-/// The pools of a gravity search only shrink, so the trees are built once and what has been taken
+/// The pools of a gravity search only shrink, so these are built once and what has been taken
 /// is passed over.
 class IndexedCandidates final : public CandidateSource {
 public:
@@ -36,17 +37,18 @@ private:
     void IndexPipes();
     void IndexCurves() const;
     void IndexWells();
+    double UsualQuery() const;
     void SortWellsByReach() const;
     void IndexTanks();
 
     const GravityNetworkSearch& search_;
-    BoxTree pipeEnds_;           // items 2i and 2i + 1 are the start and the end of pipe i
+    PointGrid pipeEnds_;         // items 2i and 2i + 1 are the start and the end of pipe i
     mutable BoxTree pipeCurves_; // made when it is first asked
     mutable bool hasCurves_ = false;
     mutable double slack_ = 0.0; // by which pipes may miss one another and still meet
-    BoxTree wells_;
+    PointGrid wells_;
     BoxTree tanks_;
-    BoxGrid nodes_;
+    PointGrid nodes_;
     EntryIndex pipeIds_;
     EntryIndex wellIds_;
     EntryIndex tankIds_;

@@ -7,15 +7,19 @@ namespace tkvlt {
 
 Well MakeNode(const _Block& block, int kind) {
     Well node;
-    node.isWell = kind != kTankTarget ? 1 : 0;
     node._Block::operator=(block);
-    node.nodeEntity = block.id;
-    node.nodePoint = block.position;
-    if (node.isWell != 0) {
-        node.nodeRadius = block.radius;
-        ReadXdata(block.id, xdata::kWellNumber, node.number);
-    }
+    BecomeNode(node, kind);
     return node;
+}
+
+void BecomeNode(Well& node, int kind) {
+    node.isWell = kind != kTankTarget ? 1 : 0;
+    node.nodeEntity = node.id;
+    node.nodePoint = node.position;
+    if (node.isWell != 0) {
+        node.nodeRadius = node.radius;
+        ReadXdata(node.id, xdata::kWellNumber, node.number);
+    }
 }
 
 } // namespace tkvlt

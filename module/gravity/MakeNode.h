@@ -8,4 +8,7 @@ namespace tkvlt {
 /// @param kind a `TargetKind`.
 Well MakeNode(const _Block& block, int kind);
 
+/// The same for a node that has the block's own fields already.
+void BecomeNode(Well& node, int kind);
+
 } // namespace tkvlt

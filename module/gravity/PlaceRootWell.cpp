@@ -12,7 +12,7 @@ template<class Record>
 int FirstOf(const std::vector<int>& indices, const RecordPool<Record>& pool,
             const AcDbObjectId& id) {
     for (const int index : indices) {
-        if (pool[index].id == id) {
+        if (pool.IdOf(index) == id) {
             return index;
         }
     }
@@ -31,9 +31,7 @@ int GravityNetworkSearch::PlaceRootWell() {
     if (!FindRoot(index, kind)) {
         return 0;
     }
-    Well root = MakeNode(TargetBlock(kind, index), kind);
-    result->wells.Add(root);
-    candidates_->NodeAdded(static_cast<int>(result->wells.GetSize()) - 1);
+    AddNode(kind, index);
     result->rootWell = 0;
     return 1;
 }
@@ -57,11 +55,11 @@ bool GravityNetworkSearch::FindRoot(int& index, int& kind) {
 
 bool GravityNetworkSearch::FindRootBeyondPipe(int pipe, int& index, int& kind) {
     ResetChain(pipe);
-    TraceChain(pipe, 1, pipePool[pipe].endPoint);
+    TraceChain(pipe, 1, Site(pipe).endPoint);
     const int startIndex = targetIndex;
     const int startKindOfTarget = targetKind;
     ResetChain(pipe);
-    TraceChain(pipe, 0, pipePool[pipe].startPoint);
+    TraceChain(pipe, 0, Site(pipe).startPoint);
     const int endIndex = targetIndex;
     const int endKindOfTarget = targetKind;
     if (startIndex < 0 && endIndex < 0) {
@@ -78,6 +76,25 @@ bool GravityNetworkSearch::FindRootBeyondPipe(int pipe, int& index, int& kind) {
     index = takeEnd ? endIndex : startIndex;
     kind = takeEnd ? endKindOfTarget : startKindOfTarget;
     return true;
+}
+
+/// Appends the node of a target to the result and gives its index.
+int GravityNetworkSearch::AddNode(int kind, int index) {
+    const int added = static_cast<int>(result->wells.GetSize());
+    result->wells.SetSize(added + 1);
+    Well& node = result->wells.ElementAt(added);
+    if (kind != kTankTarget && !wellPool.IsRead(index)) {
+        ReadWellAt(SiteOfWell(index), wellPool.IdOf(index), node);
+    } else {
+        node._Block::operator=(TargetBlock(kind, index));
+    }
+    BecomeNode(node, kind);
+    candidates_->NodeAdded(added);
+    return added;
+}
+
+const AcDbObjectId& GravityNetworkSearch::TargetId(int kind, int index) const {
+    return kind != kTankTarget ? wellPool.IdOf(index) : tankPool.IdOf(index);
 }
 
 const _Block& GravityNetworkSearch::TargetBlock(int kind, int index) const {

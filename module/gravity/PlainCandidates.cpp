@@ -54,7 +54,7 @@ std::vector<int> PlainCandidates::TanksOf(const AcDbObjectId& /*id*/) const {
 double PlainCandidates::LargestWellReach() const {
     double largest = -std::numeric_limits<double>::infinity();
     for (const int i : AllPresent(search_.wellPool)) {
-        const double reach = WellReach(search_.wellPool[i]);
+        const double reach = WellReach(search_.SiteOfWell(i));
         if (reach > largest) {
             largest = reach;
         }

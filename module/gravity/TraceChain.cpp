@@ -16,6 +16,7 @@
 #include "gravity/ChainOutlook.h"
 #include "gravity/GravityNetworkSearch.h"
 #include "records/PipeBox.h"
+#include "records/PipeLength.h"
 
 namespace tkvlt {
 
@@ -72,15 +73,26 @@ int GravityNetworkSearch::ResetChain(int pipe) {
 
 int GravityNetworkSearch::AddChainLink(int pipe, int nextPipe, AcGePoint3d from, AcGePoint3d to) {
     if (lengthMode == 0) {
-        chainLength += pipePool[pipe].GetLength();
+        chainLength += PipeLength(pipe);
     } else if (lengthMode == 1) {
-        chainLength += pipePool[pipe].GetLength(from, to);
+        chainLength += PipeLength(pipe, from, to);
     }
     if (nextPipe >= 0) {
         pipeMarks.SetAt(nextPipe, 1);
         chainPipes.Add(nextPipe);
     }
     return 1;
+}
+
+double GravityNetworkSearch::PipeLength(int pipe) const {
+    return PipeLength(pipe, Site(pipe).startPoint, Site(pipe).endPoint);
+}
+
+double GravityNetworkSearch::PipeLength(int pipe, const AcGePoint3d& from,
+                                        const AcGePoint3d& to) const {
+    const PipeSite& site = Site(pipe);
+    return site.isArc != 0 ? LengthAlong(pipePool[pipe].arc, from, to)
+                           : LengthAlong(site.Chord(), from, to);
 }
 
 int GravityNetworkSearch::UndoChainLink(int pipe, double savedLength) {
@@ -151,7 +163,7 @@ void GravityNetworkSearch::TakeChainBack(std::vector<ChainFrame>& levels) {
 
 ChainFrame GravityNetworkSearch::EnterPipe(const ChainBranch& branch) const {
     ChainFrame level;
-    const _Pipe& pipe = pipePool[branch.pipe];
+    const PipeSite& pipe = Site(branch.pipe);
     level.pipe = branch.pipe;
     level.seed = branch.joint;
     level.freeEnd = branch.outThroughStart != 0 ? pipe.startPoint : pipe.endPoint;
@@ -166,7 +178,7 @@ GravityNetworkSearch::ChainEnd GravityNetworkSearch::EndOfChain(const ChainFrame
     }
     if (const int well = WellAt(level.freeEnd); well >= 0) {
         targetIndex = well;
-        AddChainLink(level.pipe, -1, level.seed, wellPool[well].position);
+        AddChainLink(level.pipe, -1, level.seed, SiteOfWell(well).position);
         targetKind = kWellTarget;
         return ChainEnd::kTarget;
     }
@@ -212,7 +224,7 @@ void GravityNetworkSearch::NoteClosedChain(int node, const AcGePoint3d& freeEnd)
 int GravityNetworkSearch::WellAt(const AcGePoint3d& freeEnd) const {
     for (const int i :
          candidates_->WellsIn(PlanBox::Around(freeEnd, candidates_->LargestWellReach()))) {
-        const _Block& well = wellPool[i];
+        const WellSite& well = SiteOfWell(i);
         if (well.systemName.Compare(systemName) == 0 && HoldsEnd(well, freeEnd)) {
             return i;
         }
@@ -281,20 +293,21 @@ void GravityNetworkSearch::BeginNextStage(ChainFrame& level) const {
 
 bool GravityNetworkSearch::CanFollow(const ChainFrame& level, int pipe) const {
     const bool isClosed = level.throughChain ? pipe == level.pipe : pipeMarks.GetAt(pipe) != 0;
-    return !isClosed && pipePool[pipe].systemName.Compare(systemName) == 0;
+    return !isClosed && Site(pipe).systemName.Compare(systemName) == 0;
 }
 
 /// An arc may turn anywhere; a straight pipe goes on in its own direction, an
 /// arc behind it being judged by its chord.
-bool GravityNetworkSearch::MayContinue(const _Pipe& current, const _Pipe& next) const {
-    return current.isArc != 0 || current.line.isParallelTo(next.line, ParallelTolerance()) != 0;
+bool GravityNetworkSearch::MayContinue(const PipeSite& current, const PipeSite& next) const {
+    return current.isArc != 0 ||
+           current.Chord().isParallelTo(next.Chord(), ParallelTolerance()) != 0;
 }
 
 bool GravityNetworkSearch::JoinsEndToEnd(const ChainFrame& level, int pipe,
                                          ChainBranch& branch) const {
-    const _Pipe& next = pipePool[pipe];
+    const PipeSite& next = Site(pipe);
     const NearEnd near = NearestEnd(next, level.freeEnd);
-    if (!(near.distance < snapDist) || !MayContinue(pipePool[level.pipe], next)) {
+    if (!(near.distance < snapDist) || !MayContinue(Site(level.pipe), next)) {
         return false;
     }
     branch = {pipe, near.isStart ? 0 : 1, near.isStart ? next.startPoint : next.endPoint};
@@ -302,11 +315,12 @@ bool GravityNetworkSearch::JoinsEndToEnd(const ChainFrame& level, int pipe,
 }
 
 bool GravityNetworkSearch::EntersSide(ChainFrame& level, int pipe, ChainBranch& branch) const {
-    const _Pipe& current = pipePool[level.pipe];
-    const _Pipe& next = pipePool[pipe];
-    if (NearestEnd(next, level.freeEnd).distance < snapDist || !MayContinue(current, next)) {
+    if (NearestEnd(Site(pipe), level.freeEnd).distance < snapDist ||
+        !MayContinue(Site(level.pipe), Site(pipe))) {
         return false;
     }
+    const _Pipe& current = pipePool[level.pipe];
+    const _Pipe& next = pipePool[pipe];
     int count = 0;
     AcGePoint3d crossing;
     if (current.isArc != 0 || next.isArc != 0) {

@@ -85,12 +85,12 @@ void GravityNetworkSearch::MergeOverlappingWells(int well) {
         const double widest = std::max(candidates_->LargestWellReach(), 0.0);
         const double farthest = widest + node.nodeRadius + JointGap();
         for (const int i : candidates_->WellsIn(PlanBox::Around(node.nodePoint, farthest))) {
-            if (i < next || wellPool[i].systemName.Compare(systemName) != 0 ||
-                IsNode(wellPool[i].id)) {
+            const WellSite& site = SiteOfWell(i);
+            if (i < next || site.systemName.Compare(systemName) != 0 || IsNode(wellPool.IdOf(i))) {
                 continue;
             }
-            const double distance = node.nodePoint.distanceTo(wellPool[i].position);
-            const double radius = RadiusToCorner(wellPool[i], wellPool[i].radius);
+            const double distance = node.nodePoint.distanceTo(site.position);
+            const double radius = RadiusToCorner(site, site.radius);
             if (!(distance > radius + node.nodeRadius + JointGap())) {
                 MergeWell(well, i, distance, radius);
                 // The node has moved and grown; wells behind this one are judged by that, and those
@@ -106,12 +106,12 @@ void GravityNetworkSearch::MergeOverlappingWells(int well) {
 void GravityNetworkSearch::MergeWell(int well, int poolWell, double distance, double radius) {
     Well& node = result->wells.ElementAt(well);
     const AcGePoint3d oldPoint = node.nodePoint;
-    node.nodePoint = oldPoint + (wellPool[poolWell].position - oldPoint) * 0.5;
+    node.nodePoint = oldPoint + (SiteOfWell(poolWell).position - oldPoint) * 0.5;
     node.nodeRadius = (distance + node.nodeRadius + radius) * 0.5;
-    node.mergedEntities.append(wellPool[poolWell].id);
+    node.mergedEntities.append(wellPool.IdOf(poolWell));
     wellPool.Remove(poolWell);
     candidates_->NodeMoved(well, oldPoint);
-    candidates_->NodeMerged(well, wellPool[poolWell].id);
+    candidates_->NodeMerged(well, wellPool.IdOf(poolWell));
 }
 
 bool GravityNetworkSearch::IsNode(const AcDbObjectId& id) const {
@@ -133,7 +133,7 @@ std::vector<int> GravityNetworkSearch::PipesNear(const Well& node) const {
     return candidates_->PipesWithEndIn(PlanBox::Around(node.nodePoint, TouchReach(node)));
 }
 
-bool GravityNetworkSearch::TouchesNode(const _Pipe& pipe, const Well& node, int& nearEndIsStart,
+bool GravityNetworkSearch::TouchesNode(const PipeSite& pipe, const Well& node, int& nearEndIsStart,
                                        AcGePoint3d& seed) const {
     if (node.isWell == 0) {
         const int startInside = PointInExtents(pipe.startPoint, node.extents, 1);
@@ -153,8 +153,8 @@ WalkStep GravityNetworkSearch::FollowNextPipe(int well, int& reached) {
     for (const int i : pipes) {
         int nearEndIsStart = 0;
         AcGePoint3d seed;
-        if (pipePool[i].systemName.Compare(systemName) != 0 ||
-            !TouchesNode(pipePool[i], result->wells.ElementAt(well), nearEndIsStart, seed)) {
+        if (Site(i).systemName.Compare(systemName) != 0 ||
+            !TouchesNode(Site(i), result->wells.ElementAt(well), nearEndIsStart, seed)) {
             continue;
         }
         ResetChain(i);
@@ -177,7 +177,7 @@ int GravityNetworkSearch::IsTargetNew() {
 }
 
 int GravityNetworkSearch::KnownNodeOfTarget() const {
-    const AcDbObjectId target = TargetBlock(targetKind, targetIndex).id;
+    const AcDbObjectId target = TargetId(targetKind, targetIndex);
     for (const int i : candidates_->NodesOf(target)) {
         const Well& node = result->wells.ElementAt(i);
         if (node.nodeEntity == target || node.mergedEntities.contains(target)) {

@@ -24,7 +24,7 @@ PlanBox CurveBox(const PressureSeg& seg) {
     return box;
 }
 
-bool LiesOn(const PressureSeg& seg, const _Block& well) {
+bool LiesOn(const PressureSeg& seg, const WellSite& well) {
     if (seg.isArc == 0) {
         return seg.line.distanceTo(well.position) <= well.radius + kStraightMargin;
     }
@@ -34,18 +34,21 @@ bool LiesOn(const PressureSeg& seg, const _Block& well) {
 } // namespace
 
 int PressureNetworkSearch::AttachWells() {
-    KeepMetersAndValves();
+    const std::vector<CString> names = KeepMetersAndValves();
     for (int s = 0; s < static_cast<int>(segs.GetSize()); ++s) {
         PressureSeg& seg = segs.ElementAt(s);
         for (const int w : WellsOn(seg)) {
-            const _Block& well = wellPool[w];
-            if (well.note.Compare(kMeterWellBlock) == 0) {
-                seg.InsertMeterWell(well.position, well.id);
+            const WellSite& well = SiteOfWell(w);
+            if (names[static_cast<std::size_t>(w)].Compare(kMeterWellBlock) == 0) {
+                seg.InsertMeterWell(well.position, wellPool.IdOf(w));
             } else {
-                seg.InsertValveWell(well.position, well.id);
+                seg.InsertValveWell(well.position, wellPool.IdOf(w));
             }
             wellPool.Remove(w);
         }
+    }
+    for (const int w : AllPresent(wellPool)) {
+        wellPool[w].note = names[static_cast<std::size_t>(w)];
     }
     return 1;
 }
@@ -54,20 +57,23 @@ std::vector<int> PressureNetworkSearch::WellsOn(const PressureSeg& seg) const {
     const double reach = candidates_->LargestWellRadius() + kStraightMargin;
     std::vector<int> wells = candidates_->WellsIn(CurveBox(seg).Widened(reach));
     wells.erase(std::remove_if(wells.begin(), wells.end(),
-                               [&](int well) { return !LiesOn(seg, wellPool[well]); }),
+                               [&](int well) { return !LiesOn(seg, SiteOfWell(well)); }),
                 wells.end());
     return wells;
 }
 
-/// The kind of a well is the name of its block definition. Wells of any other name leave the pool.
-void PressureNetworkSearch::KeepMetersAndValves() {
+/// The kind of a well is the name of its block definition. Wells of any other name leave the pool;
+/// the names of all are given back by pool index.
+std::vector<CString> PressureNetworkSearch::KeepMetersAndValves() {
+    std::vector<CString> names(static_cast<std::size_t>(wellPool.Size()));
     for (int i = 0; i < wellPool.Size(); ++i) {
-        _Block& well = wellPool[i];
-        GetBlockRefName(well.id, well.note);
-        if (well.note.Compare(kMeterWellBlock) != 0 && well.note.Compare(kValveWellBlock) != 0) {
+        CString& name = names[static_cast<std::size_t>(i)];
+        GetBlockRefName(wellPool.IdOf(i), name);
+        if (name.Compare(kMeterWellBlock) != 0 && name.Compare(kValveWellBlock) != 0) {
             wellPool.Remove(i);
         }
     }
+    return names;
 }
 
 } // namespace tkvlt

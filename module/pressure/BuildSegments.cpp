@@ -59,7 +59,7 @@ int PressureNetworkSearch::FindRootPiece() const {
     double best = 1e24;
     int index = -1;
     for (int i = 0; i < pipePool.Size(); ++i) {
-        if (!pipePool.Has(i) || pipePool[i].id != pickedId) {
+        if (!pipePool.Has(i) || pipePool.IdOf(i) != pickedId) {
             continue;
         }
         const double distance = DistanceToCurve(pipePool[i], pickedPoint);

@@ -9,18 +9,22 @@
 #include "records/BoxGrid.h"
 #include "records/Candidates.h"
 #include "records/PipeBox.h"
+#include "records/PointGrid.h"
 
 namespace tkvlt {
 
 namespace {
 
-double LargestRadius(const RecordPool<_Block>& wells) {
+/// Segments that end less than one drawing unit apart are looked for.
+constexpr double kLoopQuery = 2.0;
+
+double LargestRadius(const std::vector<WellSite>& wells) {
     double largest = 0.0;
-    for (const int i : AllPresent(wells)) {
+    for (const WellSite& well : wells) {
         // A radius that is not a number can pass nowhere, but then every distance must be looked
         // at.
-        largest = std::isnan(wells[i].radius) ? std::numeric_limits<double>::infinity()
-                                              : std::max(largest, wells[i].radius);
+        largest = std::isnan(well.radius) ? std::numeric_limits<double>::infinity()
+                                          : std::max(largest, well.radius);
     }
     return largest;
 }
@@ -42,7 +46,7 @@ public:
     std::vector<int> WellsIn(const PlanBox& /*box*/) const override {
         return AllPresent(search_.wellPool);
     }
-    double LargestWellRadius() const override { return LargestRadius(search_.wellPool); }
+    double LargestWellRadius() const override { return LargestRadius(search_.WellSites()); }
     void SegsBuilt() override {}
     std::vector<int> SegsEndingIn(const PlanBox& /*box*/) const override {
         std::vector<int> all(static_cast<std::size_t>(search_.segs.GetSize()));
@@ -58,7 +62,7 @@ private:
 class IndexedPressureCandidates final : public PressureCandidates {
 public:
     explicit IndexedPressureCandidates(const PressureNetworkSearch& search)
-        : search_(search), largestRadius_(LargestRadius(search.wellPool)),
+        : search_(search), largestRadius_(LargestRadius(search.WellSites())),
           slack_(RoundingSlack(search.pipePool)), drawnPipes_(search.pipePool.Size()) {
         std::vector<PlanBox> curves;
         curves.reserve(static_cast<std::size_t>(search_.pipePool.Size()));
@@ -66,12 +70,12 @@ public:
             curves.push_back(PipeBox(search_.pipePool[i]));
         }
         pipeCurves_ = BoxTree(curves);
-        std::vector<PlanBox> positions;
-        positions.reserve(static_cast<std::size_t>(search_.wellPool.Size()));
-        for (int i = 0; i < search_.wellPool.Size(); ++i) {
-            positions.push_back(PlanBox::Of(search_.wellPool[i].position));
+        std::vector<AcGePoint3d> positions;
+        positions.reserve(search_.WellSites().size());
+        for (const WellSite& well : search_.WellSites()) {
+            positions.push_back(well.position);
         }
-        wells_ = BoxTree(positions);
+        wells_ = PointGrid(2.0 * largestRadius_, positions);
     }
 
     std::vector<int> PipesReachingInto(const PlanBox& box) const override {
@@ -90,17 +94,18 @@ public:
     }
 
     void PipesPrepared() override {
-        std::vector<PlanBox> ends;
+        std::vector<AcGePoint3d> ends;
         ends.reserve(2 * static_cast<std::size_t>(search_.pipePool.Size()));
         for (int i = 0; i < search_.pipePool.Size(); ++i) {
-            ends.push_back(PlanBox::Of(search_.pipePool[i].startPoint));
-            ends.push_back(PlanBox::Of(search_.pipePool[i].endPoint));
+            ends.push_back(search_.pipePool[i].startPoint);
+            ends.push_back(search_.pipePool[i].endPoint);
         }
-        pipeEnds_ = BoxTree(ends);
+        pipeEnds_ = PointGrid(2.0 * largestRadius_, ends);
     }
 
     std::vector<int> PipesWithEndIn(const PlanBox& box) const override {
-        std::vector<int> pipes = Collected(pipeEnds_, box);
+        std::vector<int> pipes;
+        pipeEnds_.Collect(box, pipes);
         for (int& pipe : pipes) {
             pipe /= 2; // two ends a pipe
         }
@@ -108,22 +113,25 @@ public:
     }
 
     std::vector<int> WellsIn(const PlanBox& box) const override {
-        return PresentInOrder(Collected(wells_, box), search_.wellPool);
+        std::vector<int> wells;
+        wells_.Collect(box, wells);
+        return PresentInOrder(std::move(wells), search_.wellPool);
     }
 
     double LargestWellRadius() const override { return largestRadius_; }
 
     void SegsBuilt() override {
-        std::vector<PlanBox> points;
+        std::vector<AcGePoint3d> points;
         points.reserve(static_cast<std::size_t>(search_.segs.GetSize()));
         for (int i = 0; i < static_cast<int>(search_.segs.GetSize()); ++i) {
-            points.push_back(PlanBox::Of(search_.segs.ElementAt(i).GetSearchPoint()));
+            points.push_back(search_.segs.ElementAt(i).GetSearchPoint());
         }
-        searchPoints_ = BoxTree(points);
+        searchPoints_ = PointGrid(kLoopQuery, points);
     }
 
     std::vector<int> SegsEndingIn(const PlanBox& box) const override {
-        std::vector<int> indices = Collected(searchPoints_, box);
+        std::vector<int> indices;
+        searchPoints_.Collect(box, indices);
         SortUnique(indices);
         return indices;
     }
@@ -135,9 +143,9 @@ private:
     int drawnPipes_;       // what lies behind them in the pool are pieces
     BoxTree pipeCurves_;
     BoxGrid pieces_{50.0};
-    BoxTree pipeEnds_;
-    BoxTree wells_;
-    BoxTree searchPoints_;
+    PointGrid pipeEnds_;
+    PointGrid wells_;
+    PointGrid searchPoints_;
 };
 
 } // namespace

@@ -45,27 +45,34 @@ int PressureNetworkSearch::CollectEntities() {
 }
 
 void PressureNetworkSearch::AddToPool(const AcDbObjectId& id) {
+    ReadEntity entity(id);
+    if (!entity) {
+        return; // nothing can be read of it, so it carries nothing
+    }
     CString value;
-    if (ReadXdata(id, xdata::kPipeSystem, value) != 0) {
+    if (ReadXdata(entity.get(), xdata::kPipeSystem, value) != 0) {
+        entity.Close();
         if (value.Compare(systemName) == 0) {
-            _Pipe pipe(id, value);
-            if (pipe.GetLength() > kLongestIgnoredPipe) {
-                pipePool.Add(pipe);
+            auto pipe = std::make_unique<_Pipe>(id, value);
+            if (pipe->GetLength() > kLongestIgnoredPipe) {
+                pipePool.Add(std::move(pipe));
             }
         }
-    } else if (ReadXdata(id, xdata::kWellSystem, value) != 0) {
-        wellPool.Add(_Block(id, CString(), value));
-    } else if (ReadXdata(id, xdata::kTank, value) != 0) {
+    } else if (ReadXdata(entity.get(), xdata::kWellSystem, value) != 0) {
+        const bool readsLater = candidateMode_ == CandidateMode::kIndexed;
+        wellSites_.push_back(AddWellTo(wellPool, id, entity, value, squareWells_, readsLater));
+    } else if (ReadXdata(entity.get(), xdata::kTank, value) != 0) {
         return; // a tank takes no part in a pressure network
-    } else if (ReadXdata(id, xdata::kTemporaryOutflow, value) != 0 &&
+    } else if (ReadXdata(entity.get(), xdata::kTemporaryOutflow, value) != 0 &&
                value.Compare(kOutflowIsTemporary) == 0) {
-        outflowPool.Add(_Block(id, CString(), CString()));
+        entity.Close();
+        outflowPool.Add(std::make_unique<_Block>(id, CString(), CString()));
     }
 }
 
 int PressureNetworkSearch::FindPickedPipe() {
     for (int i = 0; i < pipePool.Size(); ++i) {
-        if (pipePool[i].id == pickedId) {
+        if (pipePool.IdOf(i) == pickedId) {
             return 1;
         }
     }

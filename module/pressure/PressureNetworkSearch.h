@@ -9,6 +9,7 @@
 #include "records/Block.h"
 #include "records/Candidates.h"
 #include "records/Pipe.h"
+#include "records/PlanSites.h"
 #include "records/RecordPool.h"
 
 namespace tkvlt {
@@ -37,6 +38,9 @@ public:
                           CandidateMode mode = CandidateModeFromEnvironment());
 
     // Each operation returns nonzero for success.
+
+    /// Where the wells lay when they were collected, by pool index.
+    const std::vector<WellSite>& WellSites() const { return wellSites_; }
 
     /// The whole search; stops at the first step that fails, without undoing anything.
     int Run();
@@ -94,6 +98,9 @@ private:
     };
 
     void AddToPool(const AcDbObjectId& id);
+    const WellSite& SiteOfWell(int well) const {
+        return wellSites_[static_cast<std::size_t>(well)];
+    }
 
     void SplitCrossings();
     bool SplitAll(CutLimits limits);
@@ -114,9 +121,11 @@ private:
     bool MergeOnlyChild(int k);
     bool Continue(const PressureSeg& seg, const PressureSeg& child) const;
 
-    void KeepMetersAndValves();
+    std::vector<CString> KeepMetersAndValves();
 
     CandidateMode candidateMode_;
+    std::vector<WellSite> wellSites_; // of the well pool, as collected
+    SquareWells squareWells_;
     std::unique_ptr<PressureCandidates> candidates_;
 };
 

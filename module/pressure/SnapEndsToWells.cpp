@@ -59,7 +59,7 @@ void PressureNetworkSearch::SnapPipe(_Pipe& pipe) {
     std::vector<int> wells = WellsAtEnds(pipe);
     for (std::size_t n = 0; n < wells.size() && !(startDone && endDone); ++n) {
         const int w = wells[n];
-        const _Block& well = wellPool[w];
+        const WellSite& well = SiteOfWell(w);
         if (well.systemName.Compare(systemName) != 0) {
             continue;
         }

@@ -79,7 +79,7 @@ int PressureNetworkSearch::WalkFromSeg(int k) {
 int PressureNetworkSearch::WellHolding(const AcGePoint3d& point, const CString& system) const {
     const double reach = candidates_->LargestWellRadius() + kInWellMargin;
     for (const int i : candidates_->WellsIn(PlanBox::Around(point, reach))) {
-        const _Block& well = wellPool[i];
+        const WellSite& well = SiteOfWell(i);
         if (well.systemName.Compare(system) == 0 &&
             well.position.distanceTo(point) <= well.radius + kInWellMargin) {
             return i;
@@ -91,7 +91,7 @@ int PressureNetworkSearch::WellHolding(const AcGePoint3d& point, const CString& 
 /// The radius of the first well of the system that holds `point`; 0.0 outside any.
 double PressureNetworkSearch::WellRadiusAt(const AcGePoint3d& point, const CString& system) const {
     const int well = WellHolding(point, system);
-    return well < 0 ? 0.0 : wellPool[well].radius;
+    return well < 0 ? 0.0 : SiteOfWell(well).radius;
 }
 
 double PressureNetworkSearch::PipeReach() const {
@@ -121,13 +121,14 @@ void PressureNetworkSearch::AdoptPipesInReach(int k) {
     const AcGePoint3d searchPoint = segs.ElementAt(k).GetSearchPoint();
     for (const int i : PipesInReach(searchPoint, segs.ElementAt(k).systemName)) {
         const NearestEnd nearest = NearestEndOf(pipePool[i], searchPoint);
-        PressureSeg child;
+        const int added = static_cast<int>(segs.GetSize());
+        segs.SetSize(added + 1);
+        PressureSeg& child = segs.ElementAt(added);
         AdoptPipe(child, i);
         child.reversed = nearest.isEnd ? 1 : 0;
         child.parent = k;
         ReadSegAttributes(child);
-        segs.ElementAt(k).children.Add(static_cast<int>(segs.GetSize()));
-        segs.Add(child);
+        segs.ElementAt(k).children.Add(added);
         pipePool.Remove(i);
     }
 }

@@ -1,6 +1,7 @@
 #include "records/Block.h"
 
 #include "records/ClosedAtEnd.h"
+#include "records/ReadBlockReference.h"
 #include "records/WellShape.h"
 #include "records/XdataKeys.h"
 
@@ -17,8 +18,9 @@ double ReadWellRadius(const AcDbObjectId& id) {
     return tkvlt::WellRadius(diameter);
 }
 
-/// Fills the record from the block reference and returns its definition's id, null on failure.
-AcDbObjectId ReadBlockReference(_Block& block) {
+} // namespace
+
+AcDbObjectId tkvlt::ReadBlockReference(_Block& block) {
     AcDbObject* object = nullptr;
     if (acdbOpenAcDbObject(object, block.id, AcDb::kForRead, AcDbBlockReference::desc(), false) !=
         Acad::eOk) {
@@ -37,8 +39,6 @@ AcDbObjectId ReadBlockReference(_Block& block) {
     return definition;
 }
 
-} // namespace
-
 _Block::_Block() : radius(DefaultRadius()) {}
 
 _Block::_Block(_Block& other)
@@ -48,7 +48,7 @@ _Block::_Block(_Block& other)
 
 _Block::_Block(AcDbObjectId id, CString note, CString systemName)
     : _Entity(id, systemName), note(note), radius(ReadWellRadius(id)) {
-    isSquareWell = tkvlt::IsSquareWellDefinition(ReadBlockReference(*this));
+    isSquareWell = tkvlt::IsSquareWellDefinition(tkvlt::ReadBlockReference(*this));
 }
 
 _Block& _Block::operator=(const _Block& other) {

@@ -1,6 +1,7 @@
 #include "records/BoxTree.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -98,10 +99,14 @@ void BoxTree::Collect(const PlanBox& box, std::vector<int>& items) const {
         std::size_t level;
         std::size_t begin;
     };
-    std::vector<Visit> open{{levels_.size() - 1, 0}};
-    while (!open.empty()) {
-        const Visit visit = open.back();
-        open.pop_back();
+    // Of each level at most the children of one node stand open, and there are fewer levels than
+    // this for any number that an int can count.
+    constexpr std::size_t mostLevels = 9;
+    std::array<Visit, mostLevels * kFanOut> open;
+    std::size_t openCount = 0;
+    open[openCount++] = {levels_.size() - 1, 0};
+    while (openCount > 0) {
+        const Visit visit = open[--openCount];
         const std::vector<PlanBox>& level = levels_[visit.level];
         const std::size_t end = std::min(visit.begin + kFanOut, level.size());
         for (std::size_t i = visit.begin; i < end; ++i) {
@@ -111,7 +116,7 @@ void BoxTree::Collect(const PlanBox& box, std::vector<int>& items) const {
             if (visit.level == 0) {
                 items.push_back(items_[i]);
             } else {
-                open.push_back({visit.level - 1, i * kFanOut});
+                open[openCount++] = {visit.level - 1, i * kFanOut};
             }
         }
     }

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <algorithm>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
 #include "records/BoxTree.h"
 #include "records/RecordPool.h"
+#include "records/SortUnique.h"
 
 namespace tkvlt {
 
@@ -20,11 +20,6 @@ std::vector<int> AllPresent(const RecordPool<Record>& pool) {
         }
     }
     return indices;
-}
-
-inline void SortUnique(std::vector<int>& indices) {
-    std::sort(indices.begin(), indices.end());
-    indices.erase(std::unique(indices.begin(), indices.end()), indices.end());
 }
 
 /// Those of `indices` that are still present, each once, in pool order.
@@ -42,20 +37,6 @@ inline std::vector<int> Collected(const BoxTree& tree, const PlanBox& box) {
     std::vector<int> items;
     tree.Collect(box, items);
     return items;
-}
-
-/// Pool indices by the id of the entity.
-using IdIndex = std::unordered_multimap<AcDbObjectId, int>;
-
-/// What an index holds under `id`, in increasing order.
-inline std::vector<int> Matches(const IdIndex& index, const AcDbObjectId& id) {
-    std::vector<int> matches;
-    const auto [begin, end] = index.equal_range(id);
-    for (auto match = begin; match != end; ++match) {
-        matches.push_back(match->second);
-    }
-    SortUnique(matches);
-    return matches;
 }
 
 /// Finds the entries of a pool by their entity. A search asks once or twice, which a scan answers;

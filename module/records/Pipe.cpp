@@ -1,8 +1,7 @@
 #include "records/Pipe.h"
 
 #include "records/ClosedAtEnd.h"
-
-#include <cmath>
+#include "records/PipeLength.h"
 
 namespace {
 
@@ -77,10 +76,5 @@ double _Pipe::GetLength() {
 double _Pipe::GetLength(AcGePoint3d p1, AcGePoint3d p2) {
     const AcGeCurve3d& curve =
         isArc != 0 ? static_cast<const AcGeCurve3d&>(arc) : static_cast<const AcGeCurve3d&>(line);
-    const AcGePoint3d c1 = curve.closestPointTo(p1);
-    const AcGePoint3d c2 = curve.closestPointTo(p2);
-    const double tolerance = AcGeContext::gTol.equalPoint();
-    const double length1 = curve.length(0.0, curve.paramOf(c1), tolerance);
-    const double length2 = curve.length(0.0, curve.paramOf(c2), tolerance);
-    return std::fabs(length2 - length1) + c1.distanceTo(p1) + c2.distanceTo(p2);
+    return tkvlt::LengthAlong(curve, p1, p2);
 }

@@ -1,6 +1,6 @@
 #include "records/PlanSites.h"
 
-#include "records/WellShape.h"
+#include "records/ReadBlockReference.h"
 #include "records/XdataKeys.h"
 
 namespace tkvlt {
@@ -12,7 +12,35 @@ bool BeginsWithAnArc(AcDbCurve* curve) {
            static_cast<AcDbPolyline*>(curve)->segType(0) == AcDbPolyline::kArc;
 }
 
+void ReadWell(_Block& well, const AcDbObjectId& id) {
+    well = _Block(id, CString(), XdataText(id, xdata::kWellSystem));
+}
+
 } // namespace
+
+void ReadWellAt(const WellSite& site, const AcDbObjectId& id, _Block& well) {
+    well.id = id;
+    well.systemName = site.systemName;
+    well.radius = site.radius;
+    well.isSquareWell = site.isSquareWell;
+    ReadBlockReference(well);
+}
+
+WellSite AddWellTo(RecordPool<_Block>& pool, const AcDbObjectId& id, ReadEntity& entity,
+                   const CString& system, SquareWells& squareWells, bool readsLater) {
+    WellSite site;
+    AcDbObjectId definition;
+    if (readsLater && entity.IsWellBlock(site, definition)) {
+        site.systemName = system;
+        site.isSquareWell = squareWells.Has(definition);
+        pool.AddUnread(id, ReadWell);
+        return site;
+    }
+    entity.Close();
+    const int added = pool.Add(std::make_unique<_Block>(id, CString(), system));
+    const _Block& well = pool[added];
+    return {well.position, well.systemName, well.radius, well.isSquareWell};
+}
 
 ReadEntity::ReadEntity(const AcDbObjectId& id) {
     if (acdbOpenAcDbObject(object_, id, AcDb::kForRead, false) != Acad::eOk) {

@@ -1,19 +1,28 @@
 #pragma once
 
 #include "platform.h"
+#include "records/Block.h"
+#include "records/RecordPool.h"
+#include "records/WellShape.h"
 
 namespace tkvlt {
 
-/// Where a pipe lies: what a search must know of every pipe of the drawing.
+/// Where a pipe lies: what a search must know of every pipe of the drawing. Names and meanings are
+/// those of its record.
 struct PipeSite {
     AcGePoint3d startPoint;
     AcGePoint3d endPoint;
+    CString systemName;
     int isArc = 0; ///< the curve leaves the straight line, and only the record knows where to
+
+    /// What the record keeps as its line.
+    AcGeLineSeg3d Chord() const { return {startPoint, endPoint}; }
 };
 
 /// Where a well lies and how wide it is.
 struct WellSite {
     AcGePoint3d position;
+    CString systemName;
     double radius = 0.0; ///< drawing units
     int isSquareWell = 0;
 };
@@ -34,12 +43,20 @@ public:
     /// True for a straight curve that is certainly longer than `length`; `site` is written then.
     /// False leaves the question to the pipe's record.
     bool IsStraightAndLonger(double length, PipeSite& site) const;
-    /// True for a block reference; all of `site` but the shape is written then, and its definition.
-    /// False leaves the question to the well's record.
+    /// True for a block reference; all of `site` but the shape and the system is written then, and
+    /// its definition. False leaves the question to the well's record.
     bool IsWellBlock(WellSite& site, AcDbObjectId& definition) const;
 
 private:
     AcDbObject* object_ = nullptr;
 };
+
+/// Fills the record of the well `id`, a block reference, of which the rest is known from its site.
+void ReadWellAt(const WellSite& site, const AcDbObjectId& id, _Block& well);
+
+/// Appends the well `id` of a system to the pool and tells where it lies. The record of a block is
+/// read when it is first looked at, if `readsLater`; that of anything else now.
+WellSite AddWellTo(RecordPool<_Block>& pool, const AcDbObjectId& id, ReadEntity& entity,
+                   const CString& system, SquareWells& squareWells, bool readsLater);
 
 } // namespace tkvlt

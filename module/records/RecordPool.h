@@ -27,7 +27,7 @@ public:
 
     bool IsEmpty() const { return count_ == 0; }
 
-    bool Has(int index) const { return entries_[static_cast<std::size_t>(index)].present; }
+    bool Has(int index) const { return present_[static_cast<std::size_t>(index)] != 0; }
 
     /// The entity behind an entry, known without reading the record.
     const AcDbObjectId& IdOf(int index) const {
@@ -38,54 +38,60 @@ public:
     Record& operator[](int index) { return Read(index); }
     const Record& operator[](int index) const { return Read(index); }
 
+    /// Whether the entry's record has been read.
+    bool IsRead(int index) const {
+        return entries_[static_cast<std::size_t>(index)].record != nullptr;
+    }
+
     /// Appends a copy and returns its index.
     int Add(const Record& record) {
-        const int index = Append(record.id);
         auto copy = std::make_unique<Record>();
         *copy = record;
-        entries_.back().record = std::move(copy);
+        return Add(std::move(copy));
+    }
+
+    /// Appends a record and returns its index.
+    int Add(std::unique_ptr<Record> record) {
+        const int index = Append(record->id);
+        entries_.back().record = std::move(record);
         return index;
     }
 
     /// Appends an entry that `read` fills from the drawing when it is first looked at, and returns
-    /// its index.
+    /// its index. One pool has one reader.
     int AddUnread(const AcDbObjectId& id, Reader read) {
-        const int index = Append(id);
-        entries_.back().read = read;
-        return index;
+        read_ = read;
+        return Append(id);
     }
 
     /// Takes the entry away. It must be present.
     void Remove(int index) {
-        entries_[static_cast<std::size_t>(index)].present = false;
+        present_[static_cast<std::size_t>(index)] = 0;
         --count_;
     }
 
     /// Puts an entry back that was taken away.
     void PutBack(int index) {
-        entries_[static_cast<std::size_t>(index)].present = true;
+        present_[static_cast<std::size_t>(index)] = 1;
         ++count_;
     }
 
     /// Makes the pool what it was when it had its first `size` entries and none had been taken.
     void RestoreFirst(int size) {
         entries_.resize(static_cast<std::size_t>(size));
-        for (Entry& entry : entries_) {
-            entry.present = true;
-        }
+        present_.assign(static_cast<std::size_t>(size), 1);
         count_ = size;
     }
 
 private:
     struct Entry {
         AcDbObjectId id;
-        Reader read = nullptr;
         mutable std::unique_ptr<Record> record; // where it was read it stays, for it has references
-        bool present = true;
     };
 
     int Append(const AcDbObjectId& id) {
         entries_.emplace_back().id = id;
+        present_.push_back(1);
         ++count_;
         return Size() - 1;
     }
@@ -94,13 +100,15 @@ private:
         const Entry& entry = entries_[static_cast<std::size_t>(index)];
         if (!entry.record) {
             auto record = std::make_unique<Record>();
-            entry.read(*record, entry.id);
+            read_(*record, entry.id);
             entry.record = std::move(record);
         }
         return *entry.record;
     }
 
+    Reader read_ = nullptr;
     std::vector<Entry> entries_;
+    std::vector<char> present_; // apart from the entries, for it is asked far more often
     int count_ = 0;
 };
 

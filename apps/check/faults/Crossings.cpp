@@ -53,7 +53,7 @@ private:
              search_.Candidates().PipesReachingInto(tkvlt::PipeBox(search_.pipePool[first]))) {
             const _Pipe& other = search_.pipePool[second];
             if (second <= first || other.systemName.Compare(search_.systemName) != 0 ||
-                search_.MayContinue(search_.pipePool[first], other)) {
+                search_.MayContinue(search_.Site(first), search_.Site(second))) {
                 continue;
             }
             const _Pipe flatOther = inPlan(other);

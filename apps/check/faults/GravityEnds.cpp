@@ -94,13 +94,13 @@ void GravityEnds::reportEnd(const End& end) {
 bool GravityEnds::reportForeignWell(const End& end) {
     const double farthest = search_.Candidates().LargestWellReach();
     for (const int i : search_.Candidates().WellsIn(tkvlt::PlanBox::Around(end.place, farthest))) {
-        const _Block& well = search_.wellPool[i];
-        if (!tkvlt::HoldsEnd(well, end.place)) {
+        if (!tkvlt::HoldsEnd(search_.SiteOfWell(i), end.place)) {
             continue;
         }
+        const AcDbObjectId& well = search_.wellPool.IdOf(i);
         Finding& finding = add("end-in-foreign-well", Severity::error, end);
-        finding.entities.push_back(well.id);
-        finding.sentence = foreignWellSentence(pipeAt(end.pipe).id, well.id);
+        finding.entities.push_back(well);
+        finding.sentence = foreignWellSentence(pipeAt(end.pipe).id, well);
         return true;
     }
     return false;
@@ -113,7 +113,7 @@ bool GravityEnds::reportAngle(const End& end) {
              tkvlt::PlanBox::Around(end.place, search_.snapDist))) {
         AcGePoint3d place;
         if (other == end.pipe || !meets(end, other, place) ||
-            search_.MayContinue(pipeAt(end.pipe), pipeAt(other))) {
+            search_.MayContinue(search_.Site(end.pipe), search_.Site(other))) {
             continue;
         }
         if (isReportedPair(end, other)) {
@@ -157,7 +157,7 @@ bool GravityEnds::isReportedPair(const End& end, int other) {
 /// Two open ends in line that all but join.
 bool GravityEnds::reportGap(const End& end, const NearTarget& target) {
     if (target.kind != NearTarget::Kind::pipe || target.distance > kNearMiss * target.reach ||
-        !search_.MayContinue(pipeAt(end.pipe), pipeAt(target.index))) {
+        !search_.MayContinue(search_.Site(end.pipe), search_.Site(target.index))) {
         return false;
     }
     const tkvlt::NearEnd near = tkvlt::NearestEnd(pipeAt(target.index), end.place);

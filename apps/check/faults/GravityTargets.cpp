@@ -33,13 +33,13 @@ GravityTargets::GravityTargets(GravityDrawing& drawing)
       pipes_(drawing.pipesOf(search_.systemName)) {
     std::vector<tkvlt::PlanBox> boxes;
     for (const int well : wells_) {
-        boxes.push_back(tkvlt::PlanBox::Of(search_.wellPool[well].position));
+        boxes.push_back(tkvlt::PlanBox::Of(search_.SiteOfWell(well).position));
     }
     wellTree_ = tkvlt::BoxTree(boxes);
     boxes.clear();
     for (const int pipe : pipes_) {
-        boxes.push_back(tkvlt::PlanBox::Of(search_.pipePool[pipe].startPoint));
-        boxes.push_back(tkvlt::PlanBox::Of(search_.pipePool[pipe].endPoint));
+        boxes.push_back(tkvlt::PlanBox::Of(search_.Site(pipe).startPoint));
+        boxes.push_back(tkvlt::PlanBox::Of(search_.Site(pipe).endPoint));
     }
     endTree_ = tkvlt::BoxTree(boxes);
 }
@@ -72,9 +72,9 @@ std::optional<NearTarget> GravityTargets::nearest(int pipe, const AcGePoint3d& e
 
 void GravityTargets::keepWell(int well, const AcGePoint3d& end,
                               std::optional<NearTarget>& best) const {
-    const _Block& block = search_.wellPool[well];
-    keepBetter({NearTarget::Kind::well, well, block.id, block.position.distanceTo(end),
-                tkvlt::WellReach(block)},
+    const tkvlt::WellSite& site = search_.SiteOfWell(well);
+    keepBetter({NearTarget::Kind::well, well, search_.wellPool.IdOf(well),
+                site.position.distanceTo(end), tkvlt::WellReach(site)},
                best);
 }
 
@@ -89,14 +89,15 @@ void GravityTargets::keepTank(int tank, const AcGePoint3d& end,
 /// A pipe that joins the other end of this one is no target: it lies behind.
 void GravityTargets::keepPipe(int pipe, int other, const AcGePoint3d& end,
                               std::optional<NearTarget>& best) const {
-    const _Pipe& own = search_.pipePool[pipe];
-    const _Pipe& record = search_.pipePool[other];
-    const tkvlt::NearEnd near = tkvlt::NearestEnd(record, end);
-    const AcGePoint3d& nearPoint = near.isStart ? record.startPoint : record.endPoint;
+    const tkvlt::PipeSite& own = search_.Site(pipe);
+    const tkvlt::PipeSite& site = search_.Site(other);
+    const tkvlt::NearEnd near = tkvlt::NearestEnd(site, end);
+    const AcGePoint3d& nearPoint = near.isStart ? site.startPoint : site.endPoint;
     const bool isBehind = tkvlt::NearestEnd(own, nearPoint).distance < search_.snapDist &&
                           !(near.distance < search_.snapDist);
     if (other != pipe && !isBehind) {
-        keepBetter({NearTarget::Kind::pipe, other, record.id, near.distance, search_.snapDist},
+        keepBetter({NearTarget::Kind::pipe, other, search_.pipePool.IdOf(other), near.distance,
+                    search_.snapDist},
                    best);
     }
 }

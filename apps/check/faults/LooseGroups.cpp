@@ -105,13 +105,13 @@ private:
     Ids neighboursOfPipe(int pipe) const {
         Ids ids;
         for (const int outThroughStart : {1, 0}) {
-            const _Pipe& record = search_.pipePool[pipe];
-            const AcGePoint3d& end = outThroughStart != 0 ? record.startPoint : record.endPoint;
+            const tkvlt::PipeSite& site = search_.Site(pipe);
+            const AcGePoint3d& end = outThroughStart != 0 ? site.startPoint : site.endPoint;
             if (const int well = search_.WellAt(end); well >= 0) {
-                ids.push_back(search_.wellPool[well].id);
+                ids.push_back(search_.wellPool.IdOf(well));
             }
             for (const tkvlt::ChainBranch& way : search_.WaysOut(pipe, outThroughStart)) {
-                ids.push_back(search_.pipePool[way.pipe].id);
+                ids.push_back(search_.pipePool.IdOf(way.pipe));
             }
         }
         return ids;
@@ -123,9 +123,9 @@ private:
         for (const int pipe : search_.PipesNear(node)) {
             int nearEndIsStart = 0;
             AcGePoint3d seed;
-            if (search_.pipePool[pipe].systemName.Compare(search_.systemName) == 0 &&
-                search_.TouchesNode(search_.pipePool[pipe], node, nearEndIsStart, seed)) {
-                ids.push_back(search_.pipePool[pipe].id);
+            if (search_.Site(pipe).systemName.Compare(search_.systemName) == 0 &&
+                search_.TouchesNode(search_.Site(pipe), node, nearEndIsStart, seed)) {
+                ids.push_back(search_.pipePool.IdOf(pipe));
             }
         }
         return ids;
@@ -138,13 +138,13 @@ private:
         return std::any_of(pipes.begin(), pipes.end(), [&](int pipe) {
             int nearEndIsStart = 0;
             AcGePoint3d seed;
-            return search_.TouchesNode(search_.pipePool[pipe], node, nearEndIsStart, seed);
+            return search_.TouchesNode(search_.Site(pipe), node, nearEndIsStart, seed);
         });
     }
 
     AcGePoint3d placeOf(const CheckedEntity& entity) const {
         if (const int pipe = drawing_.pipeIndex(entity.id); pipe >= 0) {
-            return search_.pipePool[pipe].startPoint;
+            return search_.Site(pipe).startPoint;
         }
         return _Block(entity.id, CString(), CString()).position;
     }

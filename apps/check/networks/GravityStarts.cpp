@@ -32,10 +32,10 @@ Touching touchingOf(const tkvlt::GravityNetworkSearch& search, const Well& node)
     for (const int i : search.PipesNear(node)) {
         int nearEndIsStart = 0;
         AcGePoint3d seed;
-        if (search.pipePool[i].systemName.Compare(search.systemName) == 0 &&
-            search.TouchesNode(search.pipePool[i], node, nearEndIsStart, seed)) {
+        if (search.Site(i).systemName.Compare(search.systemName) == 0 &&
+            search.TouchesNode(search.Site(i), node, nearEndIsStart, seed)) {
             ++touching.pipes;
-            tellFlow(search.pipePool[i].id, nearEndIsStart != 0, touching);
+            tellFlow(search.pipePool.IdOf(i), nearEndIsStart != 0, touching);
         }
     }
     return touching;

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "dxf/TextDecoder.h"
+#include "platform/CString.h"
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+namespace host_dxf {
+
+/// Decodes texts of a file and remembers the latest ones: a drawing says the same few names, sizes
+/// and materials over and over, and the same bytes then give one text that all who ask share.
+class RecentTexts {
+public:
+    /// `decoder` outlives this.
+    explicit RecentTexts(const TextDecoder& decoder) : decoder_(decoder) {}
+
+    /// `bytes` lie in the file, which outlives this.
+    CString of(std::string_view bytes);
+
+private:
+    struct Known {
+        std::string_view bytes;
+        CString text;
+    };
+    static constexpr std::size_t kPlaces = 1024;
+
+    const TextDecoder& decoder_;
+    /// By a number made of the bytes; of two texts in one place the later stays.
+    std::array<Known, kPlaces> known_;
+};
+
+} // namespace host_dxf
