@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "gravity/GravityNetworkSearch.h"
+#include "records/MedianReach.h"
 #include "records/PipeBox.h"
 
 namespace tkvlt {
@@ -13,7 +15,7 @@ IndexedCandidates::IndexedCandidates(const GravityNetworkSearch& search) : searc
     IndexWells();
     IndexPipes();
     IndexTanks();
-    nodes_ = PointGrid(UsualQuery(), {});
+    nodes_ = PointGrid(usualQuery_, {});
     if (search_.result != nullptr) {
         for (int node = 0; node < static_cast<int>(search_.result->wells.GetSize()); ++node) {
             NodeAdded(node);
@@ -28,7 +30,7 @@ void IndexedCandidates::IndexPipes() {
         ends.push_back(site.startPoint);
         ends.push_back(site.endPoint);
     }
-    pipeEnds_ = PointGrid(std::max(UsualQuery(), 2.0 * search_.snapDist), ends);
+    pipeEnds_ = PointGrid(std::max(usualQuery_, 2.0 * search_.snapDist), ends);
 }
 
 /// Only chains that find no pipe at their end ask for what crosses them.
@@ -54,7 +56,9 @@ void IndexedCandidates::IndexCurves() const {
 
 void IndexedCandidates::IndexWells() {
     std::vector<AcGePoint3d> positions;
+    std::vector<double> reaches;
     positions.reserve(search_.WellSites().size());
+    reaches.reserve(search_.WellSites().size());
     for (const WellSite& site : search_.WellSites()) {
         const double reach = WellReach(site);
         if (reach > largestReach_) {
@@ -62,14 +66,11 @@ void IndexedCandidates::IndexWells() {
             largestWell_ = static_cast<int>(positions.size());
         }
         positions.push_back(site.position);
+        reaches.push_back(reach);
     }
-    wells_ = PointGrid(UsualQuery(), positions);
-}
-
-/// The side of the square in which a node of the largest well looks for the pipes that touch it.
-double IndexedCandidates::UsualQuery() const {
-    constexpr double radiiOfReach = 2.0;
-    return 2.0 * radiiOfReach * largestReach_;
+    constexpr double radiiOfTouch = 2.0;
+    usualQuery_ = 2.0 * radiiOfTouch * MedianReach(std::move(reaches));
+    wells_ = PointGrid(usualQuery_, positions);
 }
 
 /// The largest wells first, for when the largest has been merged away.
@@ -169,7 +170,7 @@ void IndexedCandidates::BegunAnew() {
         largestWell_ = wellsByReach_.front();
         largestReach_ = WellReach(search_.WellSites()[static_cast<std::size_t>(largestWell_)]);
     }
-    nodes_ = PointGrid(UsualQuery(), {});
+    nodes_ = PointGrid(usualQuery_, {});
     nodeIds_ = IdIndex();
 }
 

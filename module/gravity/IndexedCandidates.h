@@ -37,11 +37,11 @@ private:
     void IndexPipes();
     void IndexCurves() const;
     void IndexWells();
-    double UsualQuery() const;
     void SortWellsByReach() const;
     void IndexTanks();
 
     const GravityNetworkSearch& search_;
+    double usualQuery_ = 0.0;    // side of the square in which most wells look for their pipes
     PointGrid pipeEnds_;         // items 2i and 2i + 1 are the start and the end of pipe i
     mutable BoxTree pipeCurves_; // made when it is first asked
     mutable bool hasCurves_ = false;

@@ -4,19 +4,18 @@
 #include <cmath>
 #include <limits>
 #include <numeric>
+#include <utility>
 
 #include "pressure/PressureNetworkSearch.h"
 #include "records/BoxGrid.h"
 #include "records/Candidates.h"
+#include "records/MedianReach.h"
 #include "records/PipeBox.h"
 #include "records/PointGrid.h"
 
 namespace tkvlt {
 
 namespace {
-
-/// Segments that end less than one drawing unit apart are looked for.
-constexpr double kLoopQuery = 2.0;
 
 double LargestRadius(const std::vector<WellSite>& wells) {
     double largest = 0.0;
@@ -71,11 +70,15 @@ public:
         }
         pipeCurves_ = BoxTree(curves);
         std::vector<AcGePoint3d> positions;
+        std::vector<double> radii;
         positions.reserve(search_.WellSites().size());
+        radii.reserve(search_.WellSites().size());
         for (const WellSite& well : search_.WellSites()) {
             positions.push_back(well.position);
+            radii.push_back(well.radius);
         }
-        wells_ = PointGrid(2.0 * largestRadius_, positions);
+        usualQuery_ = 2.0 * MedianReach(std::move(radii));
+        wells_ = PointGrid(usualQuery_, positions);
     }
 
     std::vector<int> PipesReachingInto(const PlanBox& box) const override {
@@ -100,7 +103,7 @@ public:
             ends.push_back(search_.pipePool[i].startPoint);
             ends.push_back(search_.pipePool[i].endPoint);
         }
-        pipeEnds_ = PointGrid(2.0 * largestRadius_, ends);
+        pipeEnds_ = PointGrid(usualQuery_, ends);
     }
 
     std::vector<int> PipesWithEndIn(const PlanBox& box) const override {
@@ -126,7 +129,7 @@ public:
         for (int i = 0; i < static_cast<int>(search_.segs.GetSize()); ++i) {
             points.push_back(search_.segs.ElementAt(i).GetSearchPoint());
         }
-        searchPoints_ = PointGrid(kLoopQuery, points);
+        searchPoints_ = PointGrid(2.0 * kOnePlace, points);
     }
 
     std::vector<int> SegsEndingIn(const PlanBox& box) const override {
@@ -138,9 +141,10 @@ public:
 
 private:
     const PressureNetworkSearch& search_;
-    double largestRadius_; // wells only leave, so it stays a bound
-    double slack_;         // by which pipes may miss one another and still meet
-    int drawnPipes_;       // what lies behind them in the pool are pieces
+    double largestRadius_;    // wells only leave, so it stays a bound
+    double usualQuery_ = 0.0; // side of the square that most wells take up
+    double slack_;            // by which pipes may miss one another and still meet
+    int drawnPipes_;          // what lies behind them in the pool are pieces
     BoxTree pipeCurves_;
     BoxGrid pieces_{50.0};
     PointGrid pipeEnds_;

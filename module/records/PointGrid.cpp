@@ -99,7 +99,7 @@ void PointGrid::Remove(int item, const AcGePoint3d& point) {
     int* link = &first_[PlaceOf(point)];
     while (*link >= 0) {
         Entry& entry = entries_[static_cast<std::size_t>(*link)];
-        if (entry.item == item) {
+        if (entry.item == item && entry.x == point.x && entry.y == point.y) {
             *link = entry.next;
             entry.item = -1;
             return;

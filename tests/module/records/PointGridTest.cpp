@@ -1,0 +1,314 @@
+#include "records/PointGrid.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <random>
+#include <utility>
+#include <vector>
+
+namespace module_tests {
+namespace {
+
+using tkvlt::PlanBox;
+using tkvlt::PointGrid;
+
+constexpr double kBoundless = std::numeric_limits<double>::infinity();
+constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
+
+/// What the grid says lies in the box, each item once.
+std::vector<int> found(const PointGrid& grid, const PlanBox& box) {
+    std::vector<int> items;
+    grid.Collect(box, items);
+    std::sort(items.begin(), items.end());
+    items.erase(std::unique(items.begin(), items.end()), items.end());
+    return items;
+}
+
+/// Points that are looked at one by one.
+class PlainPoints {
+public:
+    void add(int item, const AcGePoint3d& point) { points_.emplace_back(item, point); }
+
+    void remove(std::size_t place) {
+        points_.erase(points_.begin() + static_cast<std::ptrdiff_t>(place));
+    }
+
+    const std::vector<std::pair<int, AcGePoint3d>>& all() const { return points_; }
+
+    std::vector<int> in(const PlanBox& box) const {
+        std::vector<int> items;
+        for (const auto& [item, point] : points_) {
+            const bool isLeft = point.x < box.minX;
+            const bool isRight = point.x > box.maxX;
+            const bool isBelow = point.y < box.minY;
+            const bool isAbove = point.y > box.maxY;
+            if (!isLeft && !isRight && !isBelow && !isAbove) {
+                items.push_back(item);
+            }
+        }
+        std::sort(items.begin(), items.end());
+        return items;
+    }
+
+private:
+    std::vector<std::pair<int, AcGePoint3d>> points_;
+};
+
+double between(std::mt19937& random, double low, double high) {
+    return std::uniform_real_distribution<double>(low, high)(random);
+}
+
+std::size_t upTo(std::mt19937& random, std::size_t count) {
+    return std::uniform_int_distribution<std::size_t>(0, count - 1)(random);
+}
+
+/// A square around a middle, of a side between a hair's breadth and a good part of the spread.
+PlanBox someBox(std::mt19937& random, const AcGePoint3d& middle, double spread) {
+    const double width = spread * std::pow(10.0, between(random, -6.0, 0.3));
+    const double height = spread * std::pow(10.0, between(random, -6.0, 0.3));
+    return {middle.x - width, middle.y - height, middle.x + width, middle.y + height};
+}
+
+TEST(PointGrid, BoundsOfTheBoxAreIncluded) {
+    const PointGrid grid(1.0, {{0, 0, 0}, {1, 0, 0}, {2, 0, 0}, {3, 0, 0}, {2, 1, 0}, {2, -1, 0}});
+    EXPECT_EQ(found(grid, {1, 0, 2, 0}), (std::vector<int>{1, 2}));
+    EXPECT_EQ(found(grid, {1, 0, 2, 1}), (std::vector<int>{1, 2, 4}));
+    EXPECT_EQ(found(grid, {2, 0, 2, 0}), (std::vector<int>{2}));
+    EXPECT_EQ(found(grid, {1.5, -1, 2.5, -0.5}), (std::vector<int>{5}));
+    EXPECT_EQ(found(grid, {4, 0, 9, 9}), (std::vector<int>{}));
+}
+
+TEST(PointGrid, HeightTakesNoPart) {
+    const PointGrid grid(1.0, {{1, 2, -1e9}, {1, 2, 0}, {1, 2, 1e9}});
+    EXPECT_EQ(found(grid, {1, 2, 1, 2}), (std::vector<int>{0, 1, 2}));
+}
+
+TEST(PointGrid, WithoutPointsThereIsNothing) {
+    EXPECT_TRUE(found(PointGrid(), {-kBoundless, -kBoundless, kBoundless, kBoundless}).empty());
+    EXPECT_TRUE(found(PointGrid(1.0, {}), {0, 0, 1, 1}).empty());
+}
+
+TEST(PointGrid, WhatIsThereAlreadyStaysInTheList) {
+    const PointGrid grid(1.0, {{0, 0, 0}});
+    std::vector<int> items{7};
+    grid.Collect({-1, -1, 1, 1}, items);
+    EXPECT_EQ(items, (std::vector<int>{7, 0}));
+}
+
+TEST(PointGrid, ABoxTurnedInsideOutHoldsNothing) {
+    const PointGrid grid(1.0, {{0, 0, 0}, {5, 5, 0}, {100, 100, 0}});
+    EXPECT_TRUE(found(grid, {6, -1, -1, 6}).empty());
+    EXPECT_TRUE(found(grid, {-1, 200, 200, -1}).empty());
+}
+
+// Points on, just below and just above every border that cells of a side of 4, 8 or 64 have: each
+// box around one of them tells it from its neighbours.
+TEST(PointGrid, PointsAtTheBordersOfCellsAreFound) {
+    std::vector<double> coordinates;
+    for (int number = -72; number <= 72; number += 4) {
+        const double border = number;
+        coordinates.insert(coordinates.end(),
+                           {std::nextafter(border, -1e9), border, std::nextafter(border, 1e9)});
+    }
+    std::vector<AcGePoint3d> points;
+    for (const double x : coordinates) {
+        for (const double y : {-64.0, -8.0, 0.0, 8.0}) {
+            points.emplace_back(x, y, 0.0);
+        }
+    }
+    for (const double usualQuery : {0.125, 0.5, 1.0, 8.0}) {
+        const PointGrid grid(usualQuery, points);
+        for (std::size_t i = 0; i < points.size(); ++i) {
+            EXPECT_EQ(found(grid, PlanBox::Of(points[i])), std::vector<int>{static_cast<int>(i)});
+        }
+        // From a border to the next and from just inside it: 4 to 8 has the three of 4 less the
+        // one below, and of 8 the one below and that on it.
+        EXPECT_EQ(found(grid, {4.0, 0.0, 8.0, 0.0}).size(), 4U);
+        EXPECT_EQ(
+            found(grid, {std::nextafter(4.0, 9.0), 0.0, std::nextafter(8.0, 0.0), 0.0}).size(), 2U);
+        // Two of -8, three each of -4, 0 and 4, two of 8, in three rows.
+        EXPECT_EQ(found(grid, {-8.0, -8.0, 8.0, 8.0}).size(), 39U);
+    }
+}
+
+// A millimetre apart ten thousand kilometres from the origin. Columns and rows 9.5 to 12.5 are
+// three of each.
+TEST(PointGrid, NeighboursFarFromTheOriginAreToldApart) {
+    std::vector<AcGePoint3d> points;
+    for (int row = 0; row < 40; ++row) {
+        for (int column = 0; column < 40; ++column) {
+            points.emplace_back(1e7 + 1e-3 * column, -2e7 + 1e-3 * row, 0.0);
+        }
+    }
+    for (const double usualQuery : {1e-4, 1e-3, 1.0, 1e6}) {
+        const PointGrid grid(usualQuery, points);
+        const auto nine = found(grid, {1e7 + 9.5e-3, -2e7 + 9.5e-3, 1e7 + 12.5e-3, -2e7 + 12.5e-3});
+        EXPECT_EQ(nine, (std::vector<int>{10 * 40 + 10, 10 * 40 + 11, 10 * 40 + 12, //
+                                          11 * 40 + 10, 11 * 40 + 11, 11 * 40 + 12, //
+                                          12 * 40 + 10, 12 * 40 + 11, 12 * 40 + 12}));
+    }
+}
+
+TEST(PointGrid, OnePlaceMayHoldManyItems) {
+    PointGrid grid(1.0, {{3, 4, 0}, {3, 4, 0}, {3, 4, 0}});
+    grid.Add(9, {3, 4, 0});
+    EXPECT_EQ(found(grid, {3, 4, 3, 4}), (std::vector<int>{0, 1, 2, 9}));
+    grid.Remove(1, {3, 4, 0});
+    EXPECT_EQ(found(grid, {3, 4, 3, 4}), (std::vector<int>{0, 2, 9}));
+}
+
+TEST(PointGrid, AnItemMayHaveTwoPointsOfWhichOneIsRemoved) {
+    PointGrid grid(1.0, {});
+    grid.Add(5, {0, 0, 0});
+    grid.Add(5, {1000, 0, 0});
+    grid.Remove(5, {0, 0, 0});
+    EXPECT_TRUE(found(grid, {-1, -1, 1, 1}).empty());
+    EXPECT_EQ(found(grid, {999, -1, 1001, 1}), std::vector<int>{5});
+}
+
+TEST(PointGrid, RemovingWhatIsNotThereChangesNothing) {
+    PointGrid grid(1.0, {{0, 0, 0}});
+    grid.Remove(1, {0, 0, 0});
+    EXPECT_EQ(found(grid, {0, 0, 0, 0}), std::vector<int>{0});
+    grid.Remove(0, {0, 0, 0});
+    grid.Remove(0, {0, 0, 0});
+    EXPECT_TRUE(found(grid, {-1, -1, 1, 1}).empty());
+}
+
+TEST(PointGrid, AnItemThatMovedIsFoundAtItsNewPlaceOnly) {
+    PointGrid grid(1.0, {{0, 0, 0}, {50, 0, 0}});
+    grid.Remove(0, {0, 0, 0});
+    grid.Add(0, {49, 0, 0});
+    EXPECT_TRUE(found(grid, {-1, -1, 1, 1}).empty());
+    EXPECT_EQ(found(grid, {48, -1, 51, 1}), (std::vector<int>{0, 1}));
+}
+
+TEST(PointGrid, APointThatIsNoNumberIsFoundNowhereAndHidesNoOther) {
+    PointGrid grid(1.0, {{kNoNumber, 0, 0}, {0, kNoNumber, 0}, {0, 0, kNoNumber}});
+    grid.Add(3, {kNoNumber, kNoNumber, 0});
+    EXPECT_EQ(found(grid, {0, 0, 0, 0}), std::vector<int>{2});
+    EXPECT_EQ(found(grid, {-kBoundless, -kBoundless, kBoundless, kBoundless}), std::vector<int>{2});
+    grid.Remove(3, {kNoNumber, kNoNumber, 0});
+    EXPECT_EQ(found(grid, {0, 0, 0, 0}), std::vector<int>{2});
+}
+
+TEST(PointGrid, ABoxThatIsNoNumberHoldsNothing) {
+    const PointGrid grid(1.0, {{0, 0, 0}, {1, 1, 0}});
+    EXPECT_TRUE(found(grid, {kNoNumber, -9, 9, 9}).empty());
+    EXPECT_TRUE(found(grid, {-9, -9, 9, kNoNumber}).empty());
+}
+
+TEST(PointGrid, HugeCoordinatesAreToldApart) {
+    const PointGrid grid(1e-3, {{1e300, 0, 0},
+                                {-1e300, 0, 0},
+                                {1e18, 1e18, 0},
+                                {2e18, 1e18, 0},
+                                {kBoundless, 0, 0},
+                                {0, 0, 0}});
+    EXPECT_EQ(found(grid, {1e299, -1, 1e301, 1}), std::vector<int>{0});
+    EXPECT_EQ(found(grid, {-1e301, -1, -1e299, 1}), std::vector<int>{1});
+    EXPECT_EQ(found(grid, {1e18, 1e18, 1e18, 1e18}), std::vector<int>{2});
+    EXPECT_EQ(found(grid, {1.5e18, 0, 3e18, 2e18}), std::vector<int>{3});
+    EXPECT_EQ(found(grid, {1e301, -1, kBoundless, 1}), std::vector<int>{4});
+    EXPECT_EQ(found(grid, {-1, -1, 1, 1}), std::vector<int>{5});
+    EXPECT_EQ(found(grid, {-kBoundless, -kBoundless, kBoundless, kBoundless}),
+              (std::vector<int>{0, 1, 2, 3, 4, 5}));
+}
+
+TEST(PointGrid, AnySideOfAUsualQueryGivesTheSame) {
+    const std::vector<AcGePoint3d> points{{0, 0, 0}, {10, 0, 0}, {0, 10, 0}, {-10, -10, 0}};
+    for (const double usualQuery :
+         {1e-300, 1e-9, 1.0, 1e9, 1e300, 0.0, -1.0, kBoundless, -kBoundless, kNoNumber}) {
+        const PointGrid grid(usualQuery, points);
+        EXPECT_EQ(found(grid, {-10, -10, 0, 0}), (std::vector<int>{0, 3})) << usualQuery;
+        EXPECT_EQ(found(grid, {-1, -1, 11, 11}), (std::vector<int>{0, 1, 2})) << usualQuery;
+    }
+}
+
+/// Points of one drawing: how far they spread and about where.
+struct Spread {
+    AcGePoint3d middle;
+    double width;
+};
+
+const Spread kSpreads[] = {{{0, 0, 0}, 100.0},   {{5e5, 3e6, 0}, 2000.0}, {{1e7, -1e7, 0}, 1e-2},
+                           {{-3e6, 7, 0}, 1e-3}, {{0, 0, 0}, 1e12},       {{1e7, 1e7, 0}, 1e5}};
+
+class PointGridBesideAScan : public ::testing::TestWithParam<int> {
+protected:
+    std::mt19937 random{static_cast<std::mt19937::result_type>(GetParam())};
+    const Spread spread = kSpreads[static_cast<std::size_t>(GetParam()) % std::size(kSpreads)];
+    const double usualQuery = spread.width * std::pow(10.0, between(random, -4.0, 1.0));
+
+    AcGePoint3d somePoint() {
+        return {spread.middle.x + between(random, -spread.width, spread.width),
+                spread.middle.y + between(random, -spread.width, spread.width), 0.0};
+    }
+
+    void expectSame(const PointGrid& grid, const PlainPoints& plain) {
+        for (int i = 0; i < 60; ++i) {
+            const bool atAPoint = !plain.all().empty() && i % 2 == 0;
+            const AcGePoint3d middle =
+                atAPoint ? plain.all()[upTo(random, plain.all().size())].second : somePoint();
+            const PlanBox box = someBox(random, middle, spread.width);
+            EXPECT_EQ(found(grid, box), plain.in(box));
+            const PlanBox place = PlanBox::Of(middle);
+            EXPECT_EQ(found(grid, place), plain.in(place));
+        }
+    }
+};
+INSTANTIATE_TEST_SUITE_P(Seeds, PointGridBesideAScan, ::testing::Range(0, 30));
+
+TEST_P(PointGridBesideAScan, PointsKnownFromTheStart) {
+    PlainPoints plain;
+    std::vector<AcGePoint3d> points;
+    for (int item = 0; item < 400; ++item) {
+        // Every fifth lies where another does.
+        const AcGePoint3d point = item % 5 == 4 ? points[upTo(random, points.size())] : somePoint();
+        points.push_back(point);
+        plain.add(item, point);
+    }
+    expectSame(PointGrid(usualQuery, points), plain);
+}
+
+TEST_P(PointGridBesideAScan, PointsThatComeAndGo) {
+    PlainPoints plain;
+    PointGrid grid(usualQuery, {});
+    for (int item = 0; item < 400; ++item) {
+        const AcGePoint3d point = somePoint();
+        grid.Add(item, point);
+        plain.add(item, point);
+        if (item % 3 == 2) {
+            const std::size_t place = upTo(random, plain.all().size());
+            const auto [gone, at] = plain.all()[place];
+            grid.Remove(gone, at);
+            plain.remove(place);
+        }
+        if (item % 100 == 50) {
+            expectSame(grid, plain);
+        }
+    }
+    expectSame(grid, plain);
+}
+
+TEST_P(PointGridBesideAScan, PointsAddedToThoseFromTheStart) {
+    PlainPoints plain;
+    std::vector<AcGePoint3d> points;
+    for (int item = 0; item < 100; ++item) {
+        points.push_back(somePoint());
+        plain.add(item, points.back());
+    }
+    PointGrid grid(usualQuery, points);
+    for (int item = 100; item < 300; ++item) {
+        const AcGePoint3d point = somePoint();
+        grid.Add(item, point);
+        plain.add(item, point);
+    }
+    expectSame(grid, plain);
+}
+
+} // namespace
+} // namespace module_tests
