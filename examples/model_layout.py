@@ -112,14 +112,15 @@ class Layout:
         return path if math.dist(path[0], path[-1]) > 1.0 + 1e-6 else None
 
     def _rim(self, node, outside):
-        """Where a sewer from a point outside ends: at a well's rim, or just inside a tank's wall."""
+        """Where a sewer from outside ends: at a well's rim, or just inside a tank's wall."""
         centre = self.points[node]
         if node in self.radii:
             return towards(centre, outside, self.radii[node])
         length, width = self.tanks[node]
         into = min(INTO_TANK, 0.2 * width)
         dx, dy = abs(outside[0] - centre[0]), abs(outside[1] - centre[1])
-        share = min((length - into) / dx if dx else math.inf, (width - into) / dy if dy else math.inf)
+        share = min((length - into) / dx if dx else math.inf,
+                    (width - into) / dy if dy else math.inf)
         return towards(centre, outside, share * math.hypot(dx, dy))
 
     def heights(self, name):

@@ -1,8 +1,8 @@
 """What a hydraulic model says of its nodes and links: the reader behind the truths and the tests.
 
 Drainage models (SWMM) and water supply models (EPANET) come in the same text form: sections of rows
-of words. The program has another reader, written apart from this one, so the two can be held against
-each other. Everything is in metres and millimetres.
+of words. The program has another reader, written apart from this one, so the two can be held
+against each other. Everything is in metres and millimetres.
 """
 import math
 

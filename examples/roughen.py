@@ -19,8 +19,8 @@ out. Standard library only; the same input gives the same bytes.
   onwards for pipes, 4001 onwards for texts; further up where tables and objects of the drawing
   stand there.
 
-The truth is reckoned from the model and from what is done here. The drawing must agree with it as it
-comes, else nothing is written.
+The truth is reckoned from the model and from what is done here. The drawing must agree with it as
+it comes, else nothing is written.
 """
 import argparse
 import math
@@ -40,7 +40,7 @@ GAP = 0.2
 SHARPEST_BEND, SHORTEST_LEG = math.radians(15.0), 3.0
 OWN_TEXTS = ("管段编号", "管段长度", "管件", "井底标高", "地面标高", "水位")
 PIECE = 12.0  # a straight pipe is cut only where each piece stays about this long
-CLEAR = 2.0  # nothing is cut where another pipe lies so near that it would be taken for the next piece
+CLEAR = 2.0  # nothing is cut where another pipe is so near: it might be taken for the next piece
 
 
 def agree(what, drawn, reckoned):
@@ -77,7 +77,9 @@ def with_gaps(path):
 
 
 def between(start, end, share):
-    """The point at a share of the way from start to end."""
+    """The point at a share of the way from start to end, the ends themselves as they are."""
+    if share in (0.0, 1.0):
+        return end if share else start
     return (start[0] + (end[0] - start[0]) * share, start[1] + (end[1] - start[1]) * share)
 
 
@@ -112,10 +114,12 @@ class Cut:
 
     def pieces(self, path):
         """The pieces of the link, each a list of points."""
-        if len(path) == 2:
-            shares = [k / self.count for k in range(1, self.count)]
-            return with_gaps([path[0], *(between(*path, share) for share in shares), path[1]])
-        return with_gaps(path) if self.at_bends else [path]
+        if self.count == 1:
+            return with_gaps(path) if self.at_bends else [path]
+        gap = GAP / math.dist(*path)
+        ends = [k / self.count for k in range(self.count + 1)]
+        return [[between(*path, begin + gap if begin else 0.0), between(*path, end)]
+                for begin, end in zip(ends, ends[1:])]
 
 
 class Imported:
@@ -142,7 +146,8 @@ class Roughener:
         self.imported, self.layout, self.truth = imported, layout, layout.truth
         self.system = SYSTEMS[self.truth.is_sewer]
         self.book, self.chance, self.seed = TruthBook(name), Chance(seed), seed
-        self.entities, self.handles = [], {}  # handles: of the pieces of each link, from its first end
+        self.entities = []
+        self.handles = {}  # of the pieces of each link, from its first end
         self.valves = {}
         first = imported.drawing.last_other_handle() // 0x1000 * 0x1000 + 0x1001
         self.next_node, self.next_pipe, self.next_label = first, first + 0x1000, first + 0x3000

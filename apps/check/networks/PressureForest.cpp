@@ -292,7 +292,7 @@ Closing PressureForest::passingAt(const Joint& joint, int index, const SegsOfPip
         const auto [first, last] = segsOfPipe.equal_range(pipe);
         for (auto other = first; other != last && closing.passingRun < 0; ++other) {
             const int before = pipesBefore(other->second, joint);
-            if (other->second != index && before > 0 &&
+            if (other->second != index && before > 0 && passes(other->second, joint.place) &&
                 networkOf_[at(other->second)] == networkOf_[at(index)]) {
                 closing.run = index;
                 closing.node = endNodes_[at(index)];
@@ -303,6 +303,16 @@ Closing PressureForest::passingAt(const Joint& joint, int index, const SegsOfPip
         }
     }
     return closing;
+}
+
+/// Whether a segment comes by a place without beginning or ending there.
+bool PressureForest::passes(int index, const AcGePoint3d& place) {
+    PressureSeg& passing = seg(index);
+    const AcGePoint3d begin = passing.GetBeginPoint();
+    const AcGePoint3d end = passing.GetSearchPoint();
+    const double reach = search_.ReachFrom(place, system_);
+    const bool isBeside = passing.isArc == 0 && AcGeLineSeg3d(begin, end).distanceTo(place) > reach;
+    return !isBeside && place.distanceTo(begin) > reach && place.distanceTo(end) > reach;
 }
 
 /// How many pipes of a segment lie before a joint inside of it; 0 when it has none there.

@@ -64,6 +64,7 @@ private:
     void noticePassedEnds();
     const Joint* jointAtEndOf(int index);
     Closing passingAt(const Joint& joint, int index, const SegsOfPipe& segsOfPipe);
+    bool passes(int index, const AcGePoint3d& place);
     int pipesBefore(int index, const Joint& joint);
     void makeRuns();
     CheckedRun runOf(int seg);

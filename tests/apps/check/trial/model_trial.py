@@ -3,10 +3,10 @@
 
     PIPENET=build/release/bin/pipenet TKVLT_EXAMPLES=examples python3 model_trial.py MODEL.inp...
 
-Each model is imported and roughened, without the links that close loops. What the check then says is
-held against what follows from the model. Then faults are planted, drawing after drawing, until each
-kind has stood in so many places or no more are to be had. Prints two tables in Markdown, and what was
-missed or told falsely; the exit status is 1 when anything was.
+Each model is imported and roughened, without the links that close loops. What the check then says
+is held against what follows from the model. Then faults are planted, drawing after drawing, until
+each kind has stood in so many places or no more are to be had. Prints two tables in Markdown, and
+what was missed or told falsely; the exit status is 1 when anything was.
 """
 import collections
 import json
@@ -30,8 +30,8 @@ WALKED = ("cycle", "turned-run")  # which of several findings it is hangs on whe
 
 
 def without_walked(known, findings):
-    """Findings without those that hang on the walk where crossings close rings: where a ring closes, and
-    how runs grow together."""
+    """Findings without those that hang on the walk where crossings close rings: where a ring closes,
+    and how runs grow together."""
     return collections.Counter({key: count for key, count in findings.items()
                                 if key[0] not in WALKED and not key[1] & known.walked})
 
@@ -130,15 +130,15 @@ class ModelTrial:
         roots = {network["root"] for network in self.before["networks"]}
 
         def is_walked_otherwise(finding):
-            """Runs are walked from where their network begins: what a fault has parted from its network
-            begins elsewhere, and a ring that one has closed is walked from either side."""
+            """Runs are walked from where their network begins: what a fault has parted from its
+            network begins elsewhere, and a ring that one has closed is walked from either side."""
             return finding["code"] == "turned-run" and (
                 after["networks"][finding["network"]]["root"] not in roots
                 or set(finding["handles"]) <= rings)
 
         def keys(finding):
-            """On a ring that a fault has closed runs end where the walks from both sides meet: there
-            the pipes count, not how they are told together."""
+            """On a ring that a fault has closed runs end where the walks from both sides meet:
+            there the pipes count, not how they are told together."""
             handles = set(finding["handles"])
             together = [handles] if not handles <= rings else [{handle} for handle in handles]
             return [(finding["code"], frozenset(each)) for each in together]
@@ -154,7 +154,8 @@ class ModelTrial:
 
 def models_table(trials):
     """One line for each model."""
-    yield "| Model | Own findings | Reckoned otherwise | Kinds | Planted | Told | Told falsely | No place for |"
+    yield ("| Model | Own findings | Reckoned otherwise | Kinds | Planted | Told | Told falsely "
+           "| No place for |")
     yield "|---|---|---|---|---|---|---|---|"
     for trial, own, wrong in trials:
         counts = trial.counts.values()

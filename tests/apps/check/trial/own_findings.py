@@ -1,8 +1,8 @@
 """What is amiss with an example drawing as it stands, reckoned from its truth alone.
 
-The models are of real networks: some conduits run uphill, some follow a wider one, and a schematic map
-has other lengths than the slopes were reckoned from. A check tells all of it, and must tell no more.
-Each finding is a code with the entities that it must name first.
+The models are of real networks: some conduits run uphill, some follow a wider one, and a schematic
+map has other lengths than the slopes were reckoned from. A check tells all of it, and must tell no
+more. Each finding is a code with the entities that it must name first.
 """
 import collections
 import math
@@ -44,8 +44,8 @@ class Truth:
         self.flows, self.is_sewer = flows, bool(self.gravity)
         self.crossings = list(self.find_crossings())
         crossed = {h for pair in self.crossings for h in pair[:2]}
-        # Mains that cross are joined there: runs end that the graph knows nothing of. On rings they end
-        # where the walks meet.
+        # Mains that cross are joined there: runs end that the graph knows nothing of. On rings they
+        # end where the walks meet.
         rings = self.on_rings()
         self.walked = {h for run in self.runs if len(run["pipes"]) > 1 and any(
             h in crossed or self.pipes[h]["edge"] in rings for h in run["pipes"])
@@ -59,7 +59,8 @@ class Truth:
 
     def nodes_of(self, handle):
         edge = self.pipes[handle]["edge"]
-        return set() if edge is None else {self.edges[edge][end] for end in ("upstream", "downstream")}
+        return set() if edge is None else {
+            self.edges[edge][end] for end in ("upstream", "downstream")}
 
     def find_crossings(self):
         """Pairs of straight pipes of one system that meet in plan where the graph has no joint: the
@@ -79,7 +80,7 @@ class Truth:
         return pipe["startElevation"] + share * (pipe["endElevation"] - pipe["startElevation"])
 
     def crossing_sewers(self):
-        """Sewers that cross away from their ends and from wells, and do not go on in one another."""
+        """Sewers that cross away from their ends and from wells and do not go on in another."""
         for a, b, place, _ in self.crossings:
             ends = [*self.ends(a), *self.ends(b)]
             if not self.is_main(a) and min(math.dist(place, end) for end in ends) >= SNAP and \
@@ -172,7 +173,8 @@ class Truth:
 
     def uphill(self):
         for edge in self.gravity:
-            rising = [h for h in edge["pipes"] if heights(self.pipes[h])[1] > heights(self.pipes[h])[0]]
+            rising = [h for h in edge["pipes"]
+                      if heights(self.pipes[h])[1] > heights(self.pipes[h])[0]]
             if rising:
                 yield "heights-against-flow", frozenset(rising)
 

@@ -112,7 +112,8 @@ class Planter:
     def straight(self, edge, length, in_pieces=False):
         """Whether an edge is drawn in one line, or in several, each at least so long."""
         pipes = self.net.edges[edge]["pipes"]
-        return ((len(pipes) > 1) == in_pieces and all(self.drawing[pipe].kind == "LINE" for pipe in pipes)
+        return ((len(pipes) > 1) == in_pieces
+                and all(self.drawing[pipe].kind == "LINE" for pipe in pipes)
                 and all(self.net.pipes[pipe]["length"] >= length for pipe in pipes))
 
     def well_ends(self, edge):
