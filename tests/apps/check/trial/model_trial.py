@@ -153,14 +153,17 @@ class ModelTrial:
 
 
 def models_table(trials):
-    """One line for each model."""
+    """One line for each model. Of kinds without a place it says how often one was looked for."""
+    titles = {kind: count.title for trial, _, _ in trials
+              for kind, count in trial.counts.items() if count.title}
     yield ("| Model | Own findings | Reckoned otherwise | Kinds | Planted | Told | Told falsely "
            "| No place for |")
     yield "|---|---|---|---|---|---|---|---|"
     for trial, own, wrong in trials:
         counts = trial.counts.values()
         kinds = [count for count in counts if count.planted]
-        homeless = [kind for kind, count in trial.counts.items() if not count.planted]
+        homeless = [f"{titles.get(kind, kind)} ({count.tried})"
+                    for kind, count in trial.counts.items() if not count.planted]
         yield (f"| {trial.name} | {own} | {len(wrong)} | {len(kinds)} "
                f"| {sum(c.planted for c in counts)} | {sum(c.told for c in counts)} "
                f"| {len(trial.alarms)} | {', '.join(homeless)} |")

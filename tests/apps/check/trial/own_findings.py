@@ -68,12 +68,17 @@ class Truth:
         straight = [h for h, pipe in self.pipes.items() if not pipe["isArc"]]
         for a, b in near_pairs(straight, self.ends):
             if self.pipes[a]["system"] != self.pipes[b]["system"] or (
-                    self.is_main(a) and self.nodes_of(a) & self.nodes_of(b)):
+                    self.is_main(a) and not self.are_apart(a, b)):
                 continue
             shares = crossing_shares(self.ends(a), self.ends(b))
             if shares:
                 yield a, b, at_share(*self.ends(a), shares[0]), tuple(
                     self.height(h, share) for h, share in zip((a, b), shares))
+
+    def are_apart(self, a, b):
+        """Whether two mains have no node in common; of mains without nodes nothing is known."""
+        nodes = self.nodes_of(a), self.nodes_of(b)
+        return all(nodes) and not nodes[0] & nodes[1]
 
     def height(self, handle, share):
         pipe = self.pipes[handle]
