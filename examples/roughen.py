@@ -116,7 +116,9 @@ class Cut:
         """The pieces of the link, each a list of points."""
         if self.count == 1:
             return with_gaps(path) if self.at_bends else [path]
-        gap = GAP / math.dist(*path)
+        # Reckoned in steps that give the same digits everywhere.
+        dx, dy = path[1][0] - path[0][0], path[1][1] - path[0][1]
+        gap = GAP / math.sqrt(dx * dx + dy * dy)
         ends = [k / self.count for k in range(self.count + 1)]
         return [[between(*path, begin + gap if begin else 0.0), between(*path, end)]
                 for begin, end in zip(ends, ends[1:])]
@@ -190,8 +192,6 @@ class Roughener:
             order = order + self.closing
             if not self.walk:
                 order.sort(key=list(self.truth.links).index)
-        elif not self.walk:
-            order = [link for link in self.truth.links if link in set(self.tree)]
         for name in order:
             self.link(name, self.walk.ends.get(name) if self.walk else None)
         for name, entity in self.imported.valves.items():
