@@ -192,7 +192,7 @@ class Town:
         if int(handle, 16) % 3 == 0:
             piece = turned(piece)
             data.update(flow="ES", start=lower, end=upper)
-        self.network.pipe(handle, system, piece, data, polyline)
+        self.network.lay_pipe(handle, system, piece, data, polyline)
 
     @staticmethod
     def next_handle(value):
@@ -210,7 +210,7 @@ class Town:
         for handle, start, end, diameter, high, low in MAIN:
             data = {"diameter": diameter, "material": "球墨铸铁", "slope": 0.0, "flow": "SE",
                     "start": high, "end": low}
-            self.network.pipe(handle, "给水", [start, end], data)
+            self.network.lay_pipe(handle, "给水", [start, end], data)
         self.main_wells(MAIN_WELLS)
 
     def main_wells(self, table):
@@ -221,7 +221,7 @@ class Town:
         for handle, start, end, bulge, diameter, flow, first, last in EXTENSIONS:
             data = {"diameter": diameter, "material": "球墨铸铁", "slope": 0.0, "flow": flow,
                     "start": first, "end": last}
-            self.network.pipe(handle, "给水", [(*start, bulge), (*end, 0.0)], data, bool(bulge))
+            self.network.lay_pipe(handle, "给水", [(*start, bulge), (*end, 0.0)], data, bool(bulge))
         self.main_wells(EXTENSION_WELLS)
 
     # -- what is no network --------------------------------------------------------------------
@@ -305,8 +305,8 @@ def main():
     town.numbers()
     town.network.drawing.shuffle(18)
     town.extensions()
-    town.network.write(os.path.join(folder, "town.dxf"), os.path.join(folder, "town.truth.json"),
-                       pressure=[pressure_truth()])
+    town.network.save(os.path.join(folder, "town.dxf"), os.path.join(folder, "town.truth.json"),
+                      pressure=[pressure_truth()])
 
 
 if __name__ == "__main__":

@@ -100,6 +100,18 @@ private:
             nameOf(end.pipe), *finding.measured, nameOf(other));
     }
 
+    static double distanceTo(const _Pipe& pipe, const AcGePoint3d& place) {
+        return pipe.isArc != 0 ? pipe.arc.distanceTo(place) : pipe.line.distanceTo(place);
+    }
+
+    /// What joins a short pipe at its other end, and comes no nearer than there, is no near miss.
+    bool isJoinedBehind(const FreeEnd& end, const _Pipe& other, double distance) const {
+        const _Pipe& own = pool_[end.piece];
+        const AcGePoint3d& behind = end.isStart ? own.endPoint : own.startPoint;
+        return distanceTo(other, behind) <= end.reach &&
+               distance >= behind.distanceTo(end.place) - end.reach;
+    }
+
     /// The nearest other pipe within a near miss; none when it is the end's own.
     Neighbour nearest(const FreeEnd& end) const {
         const double farthest = kNearMiss * end.reach;
@@ -111,14 +123,14 @@ private:
             if (pipe.id == end.pipe) {
                 continue;
             }
-            const double toCurve =
-                pipe.isArc != 0 ? pipe.arc.distanceTo(end.place) : pipe.line.distanceTo(end.place);
+            const double toCurve = distanceTo(pipe, end.place);
             const double toEnd = std::min(pipe.startPoint.distanceTo(end.place),
                                           pipe.endPoint.distanceTo(end.place));
             // Near one of its ends the end is what the two are to join at.
             const bool isAtEnd = toEnd <= toCurve + end.reach;
             const double distance = isAtEnd ? toEnd : toCurve;
-            if (distance <= farthest && (best.piece < 0 || distance < best.distance)) {
+            if (distance <= farthest && !isJoinedBehind(end, pipe, distance) &&
+                (best.piece < 0 || distance < best.distance)) {
                 best = {piece, distance, isAtEnd};
             }
         }

@@ -51,6 +51,21 @@ std::unordered_map<int, int> lookAround(const NetworkPieces& pieces,
     return cameBy;
 }
 
+/// The pieces with the passing run of a closing parted at the node.
+NetworkPieces partedAt(const NetworkPieces& pieces, const Closing& closing) {
+    NetworkPieces parted;
+    parted.nodes = pieces.nodes;
+    parted.runs = pieces.runs;
+    CheckedRun& before = parted.runs[static_cast<std::size_t>(closing.passingRun)];
+    CheckedRun behind = before;
+    before.pipes.resize(static_cast<std::size_t>(closing.pipesBefore));
+    before.to = closing.node;
+    behind.pipes.erase(behind.pipes.begin(), behind.pipes.begin() + closing.pipesBefore);
+    behind.from = closing.node;
+    parted.runs.push_back(std::move(behind));
+    return parted;
+}
+
 } // namespace
 
 std::vector<std::vector<int>> runsAtNodes(const NetworkPieces& pieces) {
@@ -69,6 +84,12 @@ std::vector<std::vector<int>> runsAtNodes(const NetworkPieces& pieces) {
 std::vector<AcDbObjectId> ringOf(const NetworkPieces& pieces,
                                  const std::vector<std::vector<int>>& runsAtNode,
                                  const Closing& closing) {
+    if (closing.passingRun >= 0) {
+        const NetworkPieces parted = partedAt(pieces, closing);
+        Closing ending = closing;
+        ending.passingRun = -1;
+        return ringOf(parted, runsAtNodes(parted), ending);
+    }
     const CheckedRun& closingRun = runAt(pieces, closing.run);
     const int last = closingRun.from;
     std::vector<AcDbObjectId> ring;

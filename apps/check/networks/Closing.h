@@ -17,6 +17,9 @@ struct Closing {
     bool isUnnoticed = false;
     double measured = 0.0; ///< of a near miss, drawing units
     double limit = 0.0;    ///< below which ends are one place, drawing units
+    /// Another run that goes straight on through the node, though it does not end there; else -1.
+    int passingRun = -1;
+    int pipesBefore = 0; ///< how many pipes of that run lie before the node
 };
 
 /// Where a search began.
@@ -39,7 +42,7 @@ struct NetworkPieces {
 
 /// The pipes and node entities of the ring that `closing` closes, in order around it, beginning
 /// with the node that it came back to; the shortest ring there is. Costs about as much as the part
-/// of the network within the ring's length.
+/// of the network within the ring's length; where a run passes the node, as all of `pieces`.
 std::vector<AcDbObjectId> ringOf(const NetworkPieces& pieces,
                                  const std::vector<std::vector<int>>& runsAtNode,
                                  const Closing& closing);

@@ -12,6 +12,9 @@ namespace pipenet {
 
 namespace {
 
+/// Rounding moves the end of a segment by less, drawing units.
+constexpr double kSamePlace = 1e-6;
+
 std::size_t at(int index) {
     return static_cast<std::size_t>(index);
 }
@@ -51,6 +54,7 @@ NetworkPieces PressureForest::grow() {
     makeNodes();
     makeRuns();
     noticeRings();
+    noticePassedEnds();
     addWellsOnRuns();
     search_.AttachWells();
     addFittings();
@@ -79,12 +83,25 @@ void PressureForest::findFreeEnds() {
             if (std::all_of(inReach.begin(), inReach.end(), [i](int p) { return p == i; })) {
                 freeEnds_.push_back({i, pipe.id, place, isStart, waterComesFrom(pipe.id, isStart),
                                      search_.ReachFrom(place, system_), foreignWellAt(place)});
+            } else {
+                addJoint(i, place, inReach);
             }
         }
     }
     std::stable_sort(freeEnds_.begin(), freeEnds_.end(), [](const FreeEnd& a, const FreeEnd& b) {
         return std::make_pair(!a.isSource, !a.isStart) < std::make_pair(!b.isSource, !b.isStart);
     });
+}
+
+void PressureForest::addJoint(int piece, const AcGePoint3d& place,
+                              const std::vector<int>& inReach) {
+    Joint joint{place, {}};
+    for (const int other : inReach) {
+        if (other != piece) {
+            joint.others.push_back(search_.pipePool[other].id);
+        }
+    }
+    joints_.emplace(search_.pipePool[piece].id, std::move(joint));
 }
 
 AcDbObjectId PressureForest::foreignWellAt(const AcGePoint3d& place) const {
@@ -227,6 +244,90 @@ void PressureForest::noticeRings() {
             }
         }
     }
+}
+
+/// A segment may come to its end when all that joins it there is taken already, by a segment that
+/// goes straight on through the place. None but the first ends there then, and the module accepts
+/// it.
+void PressureForest::noticePassedEnds() {
+    SegsOfPipe segsOfPipe;
+    for (int i = 0; i < segCount(); ++i) {
+        for (int k = 0; k < seg(i).pipeIds.length(); ++k) {
+            segsOfPipe.emplace(seg(i).pipeIds.at(k), i);
+        }
+    }
+    std::vector<bool> isClosing(at(segCount()), false);
+    for (const Closing& closing : pieces_.closings) {
+        isClosing[at(closing.run)] = true;
+    }
+    for (int i = 0; i < segCount(); ++i) {
+        const Joint* joint = isClosing[at(i)] ? nullptr : jointAtEndOf(i);
+        const Closing closing = joint == nullptr ? Closing() : passingAt(*joint, i, segsOfPipe);
+        if (closing.passingRun >= 0) {
+            pieces_.closings.push_back(closing);
+        }
+    }
+}
+
+/// What was in reach of the far end of a segment that nothing hangs on; null when nothing was, or
+/// nothing else than at its begin.
+const PressureForest::Joint* PressureForest::jointAtEndOf(int index) {
+    PressureSeg& ending = seg(index);
+    const AcGePoint3d place = ending.GetSearchPoint();
+    if (ending.children.GetSize() > 0 ||
+        place.distanceTo(ending.GetBeginPoint()) <= search_.ReachFrom(place, system_)) {
+        return nullptr;
+    }
+    const auto [first, last] = joints_.equal_range(ending.pipeIds.last());
+    const auto found = std::find_if(first, last, [&place](const auto& joint) {
+        return joint.second.place.distanceTo(place) < kSamePlace;
+    });
+    return found == last ? nullptr : &found->second;
+}
+
+/// The run of the same network that goes on through a joint at which another segment ends.
+Closing PressureForest::passingAt(const Joint& joint, int index, const SegsOfPipe& segsOfPipe) {
+    Closing closing;
+    for (const AcDbObjectId& pipe : joint.others) {
+        const auto [first, last] = segsOfPipe.equal_range(pipe);
+        for (auto other = first; other != last && closing.passingRun < 0; ++other) {
+            const int before = pipesBefore(other->second, joint);
+            if (other->second != index && before > 0 && passes(other->second, joint.place) &&
+                networkOf_[at(other->second)] == networkOf_[at(index)]) {
+                closing.run = index;
+                closing.node = endNodes_[at(index)];
+                closing.isUnnoticed = true;
+                closing.passingRun = other->second;
+                closing.pipesBefore = before;
+            }
+        }
+    }
+    return closing;
+}
+
+/// Whether a segment comes by a place without beginning or ending there.
+bool PressureForest::passes(int index, const AcGePoint3d& place) {
+    PressureSeg& passing = seg(index);
+    const AcGePoint3d begin = passing.GetBeginPoint();
+    const AcGePoint3d end = passing.GetSearchPoint();
+    const double reach = search_.ReachFrom(place, system_);
+    const bool isBeside = passing.isArc == 0 && AcGeLineSeg3d(begin, end).distanceTo(place) > reach;
+    return !isBeside && place.distanceTo(begin) > reach && place.distanceTo(end) > reach;
+}
+
+/// How many pipes of a segment lie before a joint inside of it; 0 when it has none there.
+int PressureForest::pipesBefore(int index, const Joint& joint) {
+    const AcDbObjectIdArray& pipes = seg(index).pipeIds;
+    const auto isThere = [&](int k) {
+        return std::find(joint.others.begin(), joint.others.end(), pipes.at(k)) !=
+               joint.others.end();
+    };
+    for (int k = 0; k + 1 < pipes.length(); ++k) {
+        if (isThere(k) && isThere(k + 1)) {
+            return k + 1;
+        }
+    }
+    return 0;
 }
 
 /// Wells of the system that stand on a run belong to its network, whatever they are.

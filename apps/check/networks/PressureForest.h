@@ -44,8 +44,16 @@ public:
     const std::vector<int>& prepared() const { return prepared_; }
 
 private:
+    /// An end of a prepared pipe and the pipes of which an end is in reach of it.
+    struct Joint {
+        AcGePoint3d place;
+        std::vector<AcDbObjectId> others;
+    };
+    using SegsOfPipe = std::unordered_multimap<AcDbObjectId, int>;
+
     void prepare();
     void findFreeEnds();
+    void addJoint(int piece, const AcGePoint3d& place, const std::vector<int>& inReach);
     void growFrom(int piece, const AcGePoint3d& place);
 
     void makeNodes();
@@ -53,6 +61,11 @@ private:
     void joinMeetingEnds();
     Closing closingOf(int earlier, int later);
     void noticeRings();
+    void noticePassedEnds();
+    const Joint* jointAtEndOf(int index);
+    Closing passingAt(const Joint& joint, int index, const SegsOfPipe& segsOfPipe);
+    bool passes(int index, const AcGePoint3d& place);
+    int pipesBefore(int index, const Joint& joint);
     void makeRuns();
     CheckedRun runOf(int seg);
     void addWellsOnRuns();
@@ -74,7 +87,8 @@ private:
     tkvlt::PressureNetworkSearch search_;
     std::vector<int> prepared_;
     std::vector<FreeEnd> freeEnds_;
-    std::vector<int> roots_;     ///< segments at which searches began
+    std::unordered_multimap<AcDbObjectId, Joint> joints_; ///< by the pipe whose end it is
+    std::vector<int> roots_;                              ///< segments at which searches began
     std::vector<int> networkOf_; ///< of each segment, the index in `roots_`
     std::vector<int> rootNodes_; ///< node at the begin of each root
     std::vector<int> endNodes_;  ///< node at the search point of each segment

@@ -5,7 +5,7 @@ import subprocess
 import unittest
 
 from ExchangeTest import MODELS, ExchangeTest, Trip, example
-from ModelTruth import Truth, without_links
+from model_truth import Truth, without_links
 
 
 class EngineTest(ExchangeTest):

@@ -11,7 +11,7 @@ import tempfile
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
-from ModelTruth import Truth, without_links  # noqa: E402
+from model_truth import Truth, without_links  # noqa: E402
 
 # Texts give heights to a millimetre, and an offset is the difference of two of them.
 HEIGHT, OFFSET = 0.00051, 0.00102

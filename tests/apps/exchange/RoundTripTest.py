@@ -4,7 +4,7 @@ import shutil
 import unittest
 
 from ExchangeTest import MODELS, ExchangeTest, Trip
-from ModelTruth import Truth, without_links
+from model_truth import Truth, without_links
 
 
 class RoundTripTest(ExchangeTest):

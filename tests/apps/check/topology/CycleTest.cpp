@@ -28,8 +28,20 @@ protected:
         west = supply({0.0, 0.0, 0.0}, {0.0, 20.0, 0.0});
     }
 
+    /// A ring whose north side goes straight on beyond the corner where the west side comes to it.
+    void layPassedRing(bool isWestFirst) {
+        tail = supply({0.0, -20.0, 0.0}, {0.0, 0.0, 0.0});
+        for (const bool isWest : {isWestFirst, !isWestFirst}) {
+            (isWest ? west : south) = isWest ? supply({0.0, 0.0, 0.0}, {-5.0, 20.0, 0.0})
+                                             : supply({0.0, 0.0, 0.0}, {20.0, 0.0, 0.0});
+        }
+        east = supply({20.0, 0.0, 0.0}, {20.0, 20.0, 0.0});
+        north = supply({20.0, 20.0, 0.0}, {-5.0, 20.0, 0.0});
+        supply({-5.0, 20.0, 0.0}, {-30.0, 20.0, 0.0});
+    }
+
     AcDbObjectId a, b, c, ab, ac;
-    AcDbObjectId tail, south, east, west;
+    AcDbObjectId tail, south, east, north, west;
 };
 
 TEST_F(CycleTest, RingIsListedInOrder) {
@@ -118,7 +130,7 @@ TEST_F(CycleTest, EndBeyondTheLargestReachIsADeadEnd) {
 
 TEST_F(CycleTest, PressureRingIsListedInOrder) {
     layMain();
-    const AcDbObjectId north = supply({20.0, 20.0, 0.0}, {0.0, 20.0, 0.0});
+    north = supply({20.0, 20.0, 0.0}, {0.0, 20.0, 0.0});
     const Finding finding = only("cycle", Severity::error);
     EXPECT_TRUE(sameRing(finding.entities, {south, east, north, west}));
     ASSERT_EQ(report.networks.size(), 1U);
@@ -128,7 +140,7 @@ TEST_F(CycleTest, PressureRingIsListedInOrder) {
 
 TEST_F(CycleTest, PressureEndsLessThanOneUnitApartCountAsARing) {
     layMain();
-    const AcDbObjectId north = supply({20.0, 20.0, 0.0}, {0.75, 20.0, 0.0});
+    north = supply({20.0, 20.0, 0.0}, {0.75, 20.0, 0.0});
     const Finding finding = only("cycle", Severity::error);
     expectMeasured(finding, 0.75, 1.0, "m");
     // Which of the two ends comes later in the search is its own affair.
@@ -149,6 +161,43 @@ TEST_F(CycleTest, PressureRingWithoutAnyFreeEndIsAWarning) {
     west = supply({20.0, 20.0, 0.0}, {0.0, 0.0, 0.0});
     const Finding finding = only("cycle", Severity::warning);
     EXPECT_TRUE(sameRing(finding.entities, {south, east, west}));
+}
+
+/// Both lie between the same joints; the one that is walked first grows together with what lies
+/// behind, and the search takes the other for a branch.
+TEST_F(CycleTest, PressurePipeDoubledWithinAStraightRunIsAWarning) {
+    supply({-20.0, 0.0, 0.0}, {0.0, 0.0, 0.0});
+    const AcDbObjectId one = supply({0.0, 0.0, 0.0}, {20.0, 0.0, 0.0});
+    supply({20.0, 0.0, 0.0}, {40.0, 0.0, 0.0});
+    const AcDbObjectId other = supply({0.0, 0.0, 0.0}, {20.0, 0.0, 0.0});
+    const Finding finding = only("cycle", Severity::warning);
+    EXPECT_TRUE(sameRing(finding.entities, {one, other}));
+    ASSERT_EQ(report.networks.size(), 1U);
+}
+
+/// Whichever of the two sides that come to the corner is walked first, the ring is told, and what
+/// lies beyond the corner is no part of it.
+TEST_F(CycleTest, PressureRingThatARunPassesStraightOnIsTold) {
+    layPassedRing(true);
+    check();
+    ASSERT_EQ(found("cycle").size(), 1U);
+    EXPECT_TRUE(sameRing(found("cycle")[0].entities, {south, east, north, west}));
+}
+
+TEST_F(CycleTest, PressureRingWhoseSidesStandInTheOtherOrderIsTold) {
+    layPassedRing(false);
+    check();
+    ASSERT_EQ(found("cycle").size(), 1U);
+    EXPECT_TRUE(sameRing(found("cycle")[0].entities, {south, east, north, west}));
+}
+
+/// Without the doubled pipe nothing is said of a straight run, and nothing of a branch from it.
+TEST_F(CycleTest, PressureBranchesOfAStraightRunAreNoRing) {
+    supply({-20.0, 0.0, 0.0}, {0.0, 0.0, 0.0});
+    supply({0.0, 0.0, 0.0}, {20.0, 0.0, 0.0});
+    supply({20.0, 0.0, 0.0}, {40.0, 0.0, 0.0});
+    supply({20.0, 0.0, 0.0}, {20.0, 20.0, 0.0});
+    expectNone();
 }
 
 } // namespace check_tests

@@ -95,4 +95,23 @@ TEST_F(GapTest, PressureBranchThatTouchesTheMain) {
     EXPECT_EQ(report.networks.size(), 1U);
 }
 
+/// The end of a branch of 1.5 m is that far from the pipes which it joins at its other end.
+TEST_F(GapTest, PressureBranchIsNoGapToItsOwnJoint) {
+    supply({-20.0, 0.0, 0.0}, {0.0, 0.0, 0.0});
+    supply({0.0, 0.0, 0.0}, {20.0, 0.0, 0.0});
+    supply({0.0, 0.0, 0.0}, {0.0, 1.5, 0.0});
+    expectNone();
+}
+
+/// The end of such a branch lies 0.25 m beside the pipe: nearer than the joint, and meant to touch
+/// it.
+TEST_F(GapTest, PressureBranchThatComesBackToTheMainIsAGap) {
+    supply({-20.0, 0.0, 0.0}, {0.0, 0.0, 0.0});
+    right = supply({0.0, 0.0, 0.0}, {20.0, 0.0, 0.0});
+    left = supply({0.0, 0.0, 0.0}, {3.0, 0.25, 0.0});
+    const Finding finding = only("gap-at-joint", Severity::error);
+    EXPECT_EQ(finding.entities, (Ids{left, right}));
+    expectMeasured(finding, 0.25, 0.0, "m");
+}
+
 } // namespace check_tests

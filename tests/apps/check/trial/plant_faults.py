@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Plants faults in a sound drawing, so that a check can be tried on them.
 
-    python3 plant_faults.py DRAWING.dxf TRUTH.json SEED OUTPUT.dxf
+    python3 plant_faults.py DRAWING.dxf TRUTH.json SEED OUTPUT.dxf [FAMILY]
 
 Writes the spoilt drawing and prints what was planted: the code and the entities that a check must
 name, and the entities that are no longer what they were. Which entities are spoilt follows from the
@@ -17,8 +17,9 @@ sys.path.insert(0, os.environ.get("TKVLT_EXAMPLES", os.path.join(
     os.path.dirname(os.path.abspath(__file__)), *[os.pardir] * 4, "examples")))
 
 from drawing_edit import DrawingEdit  # noqa: E402
+from model_truth import Groups  # noqa: E402
 from dxf_writer import Chance, shuffled  # noqa: E402
-from network_layout import towards  # noqa: E402
+from network_layout import off_line, towards  # noqa: E402
 
 JOINT = 0.44  # pieces join over a gap below this, by the settings of the examples
 OTHER_SYSTEM = {"雨水": "污水", "污水": "雨水", "给水": "污水"}
@@ -40,10 +41,14 @@ class Network:
     def __init__(self, truth):
         self.nodes = {node["name"]: node for node in truth["nodes"]}
         self.edges, self.pipes = truth["edges"], truth["pipes"]
-        self.at = {}
+        self.at = {name: [] for name in self.nodes}
+        self.parts = Groups(self.nodes)
         for index, edge in enumerate(self.edges):
             for name in (edge["upstream"], edge["downstream"]):
-                self.at.setdefault(name, []).append(index)
+                self.at[name].append(index)
+            self.parts.join(edge["upstream"], edge["downstream"])
+        lengths = sorted(pipe["length"] for pipe in self.pipes.values())
+        self.usual_length = lengths[len(lengths) // 2]
 
     def ends(self, edge):
         return self.edges[edge]["upstream"], self.edges[edge]["downstream"]
@@ -63,8 +68,9 @@ class Network:
 
 
 class Planter:
-    def __init__(self, drawing, truth, seed):
+    def __init__(self, drawing, truth, seed, on_rings):
         self.drawing, self.net = drawing, Network(truth)
+        self.on_rings = on_rings  # edges to which a search may come from either side
         self.chance = Chance(seed)
         self.taken = set()  # edges that belong to a fault or lie beside one
         self.planted = []
@@ -98,15 +104,16 @@ class Planter:
     def free_nodes(self, fits=lambda name: True):
         """Wells and mere joints."""
         names = [name for name, node in self.net.nodes.items()
-                 if node["kind"] != "tank" and len(node["handles"]) < 2 and name in self.net.at]
+                 if node["kind"] != "tank" and len(node["handles"]) < 2 and self.net.at[name]]
         for name in shuffled(names, self.chance.below(1 << 30)):
             if fits(name) and not self.around([name]) & self.taken:
                 yield name
 
-    def straight(self, edge, length, pieces=1):
-        """Whether an edge is drawn in lines, so many and each at least so long."""
+    def straight(self, edge, length, in_pieces=False):
+        """Whether an edge is drawn in one line, or in several, each at least so long."""
         pipes = self.net.edges[edge]["pipes"]
-        return (len(pipes) == pieces and all(self.drawing[pipe].kind == "LINE" for pipe in pipes)
+        return ((len(pipes) > 1) == in_pieces
+                and all(self.drawing[pipe].kind == "LINE" for pipe in pipes)
                 and all(self.net.pipes[pipe]["length"] >= length for pipe in pipes))
 
     def well_ends(self, edge):
@@ -115,6 +122,11 @@ class Planter:
     def keep(self, kind, codes, named, touched):
         self.planted.append(Planted(kind, codes, sorted(named), sorted(set(touched) | set(named))))
         return True
+
+    def sound(self, handles):
+        """The first of some entities that no fault has touched."""
+        touched = {handle for fault in self.planted for handle in fault.touched}
+        return next(handle for handle in handles if handle not in touched)
 
     def take_edge(self, fits):
         edge = next(self.free_edges(fits), None)
@@ -162,11 +174,11 @@ class Planter:
     # -- faults of geometry ----------------------------------------------------------------------
 
     def widen_gap(self):
-        """A joint of two pieces in line is pulled apart to 0.9 m."""
-        edge = self.take_edge(lambda e: self.straight(e, 4.0, 2) and self.in_line(e))
+        """A joint of pieces in line is pulled apart to 0.9 m."""
+        edge = self.take_edge(lambda e: self.straight(e, 4.0, True) and self.in_line(e))
         if edge is None:
             return False
-        first, second = self.net.edges[edge]["pipes"]
+        first, second = self.net.edges[edge]["pipes"][:2]
         near = min(((i, j) for i in (0, -1) for j in (0, -1)), key=lambda ends: math.dist(
             self.drawing[first].point(ends[0]), self.drawing[second].point(ends[1])))
         joint = self.drawing[first].point(near[0])
@@ -176,10 +188,9 @@ class Planter:
                          self.touched_by_edge(edge))
 
     def in_line(self, edge):
-        first, second = self.net.edges[edge]["pipes"]
         ends = [self.net.nodes[name]["point"] for name in self.net.ends(edge)]
         return all(off_line(self.drawing[pipe].point(which), *ends) < 0.01
-                   for pipe in (first, second) for which in (0, -1))
+                   for pipe in self.net.edges[edge]["pipes"] for which in (0, -1))
 
     def pull_end(self):
         """An end is pulled 5 m away from its well."""
@@ -216,7 +227,7 @@ class Planter:
             self.claim([name])
             self.claim([partner])
             a, b = (self.net.nodes[each] for each in (name, partner))
-            pipe = self.drawing.add_like(next(
+            pipe = self.drawing.add_like(self.sound(
                 p for p in self.net.pipes if self.drawing[p].kind == "LINE"
                 and self.net.pipes[p]["system"] == a["system"]))
             # Sewers end at the rims of their wells, mains meet in the middle.
@@ -228,12 +239,15 @@ class Planter:
         return False
 
     def partner(self, name):
-        """A free well in sight, 8 to 60 m away, which is no neighbour."""
+        """A free well of the same network in sight, from 8 m to some pipes' lengths away, which is
+        no neighbour."""
         here, mine = self.net.nodes[name], self.around([name])
+        farthest = max(60.0, 4.0 * self.net.usual_length)
         for other in self.free_nodes(lambda n: 8.0 <= math.dist(
-                self.net.nodes[n]["point"], here["point"]) <= 60.0):
+                self.net.nodes[n]["point"], here["point"]) <= farthest):
             there = self.net.nodes[other]
-            if there["system"] == here["system"] and not self.around([other]) & mine and \
+            if self.net.parts.of(other) == self.net.parts.of(name) and \
+                    not self.around([other]) & mine and \
                     self.is_open(here["point"], there["point"], (name, other)):
                 return other
         return None
@@ -300,7 +314,7 @@ class Planter:
 
     def turn_first(self):
         """The pipe that heads a run of several is drawn the other way round."""
-        edge = self.take_edge(lambda e: self.straight(e, 3.0, 2) and
+        edge = self.take_edge(lambda e: self.straight(e, 3.0, True) and e not in self.on_rings and
                               not self.net.pipes[self.net.edges[e]["pipes"][0]]["flow"] == "ES")
         if edge is None:
             return False
@@ -334,14 +348,16 @@ class Planter:
         (ax, ay), (bx, by) = (self.drawing[crossed].point(which) for which in (0, -1))
         length = math.dist((ax, ay), (bx, by))
         across = (-(by - ay) / length, (bx - ax) / length)
-        like = next(n for n in self.net.nodes.values()
-                    if n["kind"] == "well" and n["system"] == self.net.edges[edge]["system"])
-        wells = [self.drawing.add_like(like["handles"][0]) for _ in range(2)]
+        like = self.sound(
+            node["handles"][0] for node in self.net.nodes.values()
+            if node["kind"] == "well" and node["system"] == self.net.edges[edge]["system"])
+        wells = [self.drawing.add_like(like) for _ in range(2)]
+        radius = float(wells[0].texts()["井的直径"]) / 2.0
         pipe = self.drawing.add_like(crossed)
         for side, well, which in ((-1, wells[0], 0), (1, wells[1], -1)):
             well.move(0, tuple(c + side * 6.0 * u for c, u in zip(centre, across)))
             well.set_text("管井编号", f"new {well.handle}")
-            pipe.move(which, tuple(c + side * (6.0 - like["radius"]) * u
+            pipe.move(which, tuple(c + side * (6.0 - radius) * u
                                    for c, u in zip(centre, across)))
         return self.keep("pipe laid across", ["crossing-without-joint"], [pipe.handle, crossed],
                          {well.handle for well in wells})
@@ -502,7 +518,8 @@ class Planter:
 
     def narrow(self):
         """A run is made half as wide as the widest that comes to it."""
-        edge = self.take_edge(self.follows_alone)
+        edge = self.take_edge(lambda e: self.follows_alone(e)
+                              and self.widest_into(self.net.ends(e)[0]) >= 100)
         if edge is None:
             return False
         name = self.net.ends(edge)[0]
@@ -561,15 +578,6 @@ class Planter:
         return False
 
 
-def off_line(point, start, end):
-    """The distance of a point from a straight piece."""
-    (px, py), (ax, ay), (bx, by) = point, start, end
-    square = (bx - ax) ** 2 + (by - ay) ** 2
-    share = ((px - ax) * (bx - ax) + (py - ay) * (by - ay)) / square if square else 0.0
-    share = min(1.0, max(0.0, share))
-    return math.dist(point, (ax + share * (bx - ax), ay + share * (by - ay)))
-
-
 def crosses(a, b, c, d):
     def side(p, q, r):
         return (q[0] - p[0]) * (r[1] - p[1]) - (q[1] - p[1]) * (r[0] - p[0])
@@ -586,18 +594,24 @@ FAULTS = {
         "turn_piece", "drop_tank_system"),
     "loops": ("close_loop",),
     "tank": ("drop_tank_mark",),
-    "pressure": TEXT_FAULTS + ("widen_gap", "cut_too_short", "shift_slope", "cross_main"),
+    "pressure": TEXT_FAULTS + (
+        "widen_gap", "cut_too_short", "shift_slope", "cross_main", "add_lone_well",
+        "drop_well_diameter", "drop_well_mark", "drop_tank_system"),
     "turned": ("turn_first",),
     "doubled": ("double_pipe",)}
 
 
-def plant(drawing, truth, seed, family, rounds=1):
-    """Plants each fault of a family so many times, as far as there is room."""
-    planter = Planter(drawing, truth, seed)
+def plant(drawing, truth, seed, faults, rounds=1, on_rings=frozenset()):
+    """Plants each of some faults so many times, as far as there is room. Which comes first is a
+    matter of the seed, for the first one finds the most room. on_rings: edges to which a search may
+    come from either side. Gives each fault with its name in `faults`."""
+    planter = Planter(drawing, truth, seed, on_rings)
+    planted = []
     for _ in range(rounds):
-        for name in FAULTS[family]:
-            getattr(planter, name)()
-    return planter.planted
+        for name in shuffled(list(faults), seed):
+            if getattr(planter, name)():
+                planted.append((name, planter.planted[-1]))
+    return planted
 
 
 def main():
@@ -607,9 +621,9 @@ def main():
         truth = json.load(file)
     drawing = DrawingEdit(sys.argv[1])
     family = sys.argv[5] if len(sys.argv) > 5 else "gravity"
-    planted = plant(drawing, truth, int(sys.argv[3]), family)
+    planted = plant(drawing, truth, int(sys.argv[3]), FAULTS[family])
     drawing.write(sys.argv[4])
-    for fault in planted:
+    for _, fault in planted:
         print(f"{fault.kind}: {' or '.join(fault.codes)} at {', '.join(fault.named)}")
 
 

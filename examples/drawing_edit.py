@@ -5,6 +5,12 @@ stays as it is, line for line.
 """
 
 
+def number(value):
+    """A real number as DXF text: the fewest digits that give the same number back, no exponent."""
+    text = repr(float(value))
+    return f"{value:.17f}" if "e" in text else text
+
+
 class Entity:
     """One entity as its groups, each a pair of code and value."""
 
@@ -17,10 +23,20 @@ class Entity:
 
     @property
     def handle(self):
-        return next(value for code, value in self.groups if code == 5)
+        return self.value(5)
 
-    def _first(self, code):
-        return next((i for i, group in enumerate(self.groups) if group[0] == code), None)
+    @property
+    def is_pipe(self):
+        return self.kind in ("LINE", "LWPOLYLINE")
+
+    def value(self, code):
+        """The value of the first group with a code."""
+        return next(value for here, value in self.groups if here == code)
+
+    def set_value(self, code, value):
+        """Changes the first group with a code."""
+        self.groups[next(i for i, group in enumerate(self.groups) if group[0] == code)] = (
+            code, value)
 
     def texts(self):
         """The first text under each application."""
@@ -40,26 +56,41 @@ class Entity:
         else:
             self.groups[at + 1] = (1000, text)
 
-    def _corner(self, which):
-        """Where the x of the first (0) or last (-1) point stands, and how far off its y is."""
-        if self.kind == "LINE":
-            at = self._first(10 if which == 0 else 11)
-        else:
-            at = [i for i, group in enumerate(self.groups) if group[0] == 10][which]
-        return at
+    def _corners(self):
+        """Where the x of each point stands; its y is in the next group."""
+        codes = (10, 11) if self.kind == "LINE" else (10,)
+        return [i for i, group in enumerate(self.groups) if group[0] in codes]
+
+    def points(self):
+        """All points in plan."""
+        return [(float(self.groups[at][1]), float(self.groups[at + 1][1]))
+                for at in self._corners()]
 
     def point(self, which=0):
-        at = self._corner(which)
-        return float(self.groups[at][1]), float(self.groups[at + 1][1])
+        """The first (0) or last (-1) point in plan."""
+        return self.points()[which]
 
     def move(self, which, point):
-        """Puts the first (0) or last (-1) point somewhere else in plan."""
-        at = self._corner(which)
+        """Puts a point (0 the first, -1 the last) somewhere else in plan."""
+        at = self._corners()[which]
         for offset, value in enumerate(point):
             code = self.groups[at + offset][0]
-            self.groups[at + offset] = (code, f"{value:.9f}")
+            self.groups[at + offset] = (code, number(value))
+
+    def lead(self, points):
+        """Leads a pipe through other points, as many as it has or, for a polyline, fewer."""
+        corners = self._corners()
+        for at in corners[:len(corners) - len(points)][::-1]:
+            end = next(i for i in range(at + 1, len(self.groups))
+                       if self.groups[i][0] not in (20, 30, 40, 41, 42, 91))
+            del self.groups[at:end]
+        if self.kind == "LWPOLYLINE":
+            self.set_value(90, str(len(points)))
+        for k, point in enumerate(points):
+            self.move(k, point)
 
     def copy(self, handle):
+        """The same entity under another handle."""
         groups = [(code, handle if code == 5 else value) for code, value in self.groups]
         return Entity(groups)
 
@@ -95,6 +126,22 @@ class DrawingEdit:
 
     def remove(self, handle):
         self.entities.remove(self._by_handle.pop(handle))
+
+    def replace(self, entities):
+        """Puts other entities in the place of all, under the handles that they have."""
+        self.entities = list(entities)
+        self._by_handle = {entity.handle: entity for entity in self.entities}
+        others = self._other_handles()
+        if len(self._by_handle) != len(self.entities) or others & set(self._by_handle):
+            raise ValueError("a handle stands twice")
+        self._next = max(int(handle, 16) for handle in others | set(self._by_handle))
+
+    def _other_handles(self):
+        return {value for code, value in self._head + self._tail if code in (5, 105)}
+
+    def last_other_handle(self):
+        """The greatest handle of anything but entities, as a number."""
+        return max(int(handle, 16) for handle in self._other_handles())
 
     def add_like(self, handle):
         """A copy of an entity under a handle of its own."""
