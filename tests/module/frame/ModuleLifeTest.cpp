@@ -3,16 +3,12 @@
 
 #include "TKVltSearchModule18.h"
 
+#include "module/support/AllocatedBytes.h"
 #include "module/support/DrawingBuilder.h"
 
 #include <dlfcn.h>
-#include <malloc.h>
 #include <memory>
 #include <sstream>
-#if defined(__SANITIZE_ADDRESS__)
-/// Of the sanitizer's own run-time library, whose headers not every system installs.
-extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
-#endif
 
 namespace module_tests {
 namespace {
@@ -32,15 +28,6 @@ bool isMapped() {
         dlclose(handle);
     }
     return handle != nullptr;
-}
-
-std::size_t allocatedBytes() {
-#if defined(__SANITIZE_ADDRESS__)
-    return __sanitizer_get_current_allocated_bytes();
-#else
-    const struct mallinfo2 info = mallinfo2();
-    return info.uordblks + info.hblkhd;
-#endif
 }
 
 AcRxDynamicLinker* linker() {
