@@ -15,6 +15,8 @@ build_packages=(g++ cmake ninja-build python3 libgtest-dev libcli11-dev nlohmann
 lint_packages=(clang-format clang-tidy shellcheck doxygen)
 # shellcheck disable=SC2034 # read by the scripts that source this file
 fuzz_packages=(clang libclang-rt-14-dev)
+# shellcheck disable=SC2034 # read by the scripts that source this file
+soak_packages=(valgrind)
 
 die() {
     printf '%s: %s\n' "$(basename -- "$0")" "$1" >&2

@@ -2,36 +2,64 @@
 
 #include "database/ObjectIdPacking.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <vector>
 
 namespace host_db {
 namespace {
 
+struct OpenDatabase {
+    std::uint32_t serial;
+    AcDbDatabase* database;
+};
+
+/// Only the open ones are kept, in the order of their numbers: a process may open drawings without
+/// end.
+struct Registry {
+    std::vector<OpenDatabase> open;
+    std::uint32_t lastSerial = 0;
+
+    /// The place of a number, or where it would stand.
+    std::vector<OpenDatabase>::iterator placeOf(std::uint32_t serial) {
+        return std::lower_bound(
+            open.begin(), open.end(), serial,
+            [](const OpenDatabase& each, std::uint32_t wanted) { return each.serial < wanted; });
+    }
+};
+
 /// Ids are bare numbers that any caller may open without naming a database, so the process needs
 /// one table from serial numbers to databases.
-std::vector<AcDbDatabase*>& registry() {
+Registry& registry() {
     // Never destroyed: drawings still open at the end of the process leave it after all else.
-    static auto* const databases = new std::vector<AcDbDatabase*>;
+    static auto* const databases = new Registry;
     return *databases;
 }
 
 } // namespace
 
 std::uint32_t enterDatabase(AcDbDatabase* database) {
-    if (registry().size() >= kMaxSerial) {
+    Registry& databases = registry();
+    if (databases.lastSerial >= kMaxSerial) {
         throw std::length_error("too many drawings were opened in one process");
     }
-    registry().push_back(database);
-    return static_cast<std::uint32_t>(registry().size());
+    databases.open.push_back({databases.lastSerial + 1, database});
+    return ++databases.lastSerial;
 }
 
 void leaveDatabase(std::uint32_t serial) {
-    registry()[serial - 1] = nullptr;
+    Registry& databases = registry();
+    const auto place = databases.placeOf(serial);
+    if (place != databases.open.end() && place->serial == serial) {
+        databases.open.erase(place);
+    }
 }
 
 AcDbDatabase* databaseOf(std::uint32_t serial) {
-    return serial >= 1 && serial <= registry().size() ? registry()[serial - 1] : nullptr;
+    Registry& databases = registry();
+    const auto place = databases.placeOf(serial);
+    const bool isOpen = place != databases.open.end() && place->serial == serial;
+    return isOpen ? place->database : nullptr;
 }
 
 } // namespace host_db

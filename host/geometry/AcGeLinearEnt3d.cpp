@@ -88,8 +88,9 @@ Adesk::Boolean AcGeLinearEnt3d::intersectWith(const AcGeLinearEnt3d& line, AcGeP
         return Adesk::kFalse;
     }
     const AcGeVector3d across = vector_.crossProduct(line.vector_);
+    // Of lines so long that this is infinite no meeting can be reckoned.
     const double square = across.lengthSqrd();
-    if (square <= 0.0) {
+    if (!(square > 0.0 && std::isfinite(square))) {
         return Adesk::kFalse;
     }
     // The closest approach of the unbounded lines, drawn back to the bounded pieces: the place

@@ -1,6 +1,18 @@
 #include "frame/NetworkPath.h"
 
+#include <vector>
+
 namespace tkvlt {
+
+namespace {
+
+void Append(CArray<int, int>& list, const std::vector<int>& indices) {
+    for (const int index : indices) {
+        list.Add(index);
+    }
+}
+
+} // namespace
 
 int FindNodeOfBlock(GravitySearchObject& network, const AcDbObjectId& block) {
     for (int i = 1; i < static_cast<int>(network.wells.GetSize()); ++i) {
@@ -30,14 +42,22 @@ int FindNodeBehindPipe(const GravitySearchObject& network, const AcDbObjectId& p
     return -1;
 }
 
-void AppendPathToRoot(GravitySearchObject& network, int well) {
-    network.pathWells.Add(well);
+bool AppendPathToRoot(GravitySearchObject& network, int well) {
+    std::vector<int> wells{well};
+    std::vector<int> segs;
+    // In a tree each step leads to another node. Callers may have changed the network since.
     while (well != 0) {
         const int seg = network.wells.GetAt(well).inSeg;
-        network.pathSegs.Add(seg);
+        segs.push_back(seg);
         well = network.segs.GetAt(seg).startWell;
-        network.pathWells.Add(well);
+        wells.push_back(well);
+        if (static_cast<INT_PTR>(wells.size()) > network.wells.GetSize()) {
+            return false;
+        }
     }
+    Append(network.pathWells, wells);
+    Append(network.pathSegs, segs);
+    return true;
 }
 
 } // namespace tkvlt

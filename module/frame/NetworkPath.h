@@ -12,7 +12,8 @@ int FindNodeOfBlock(GravitySearchObject& network, const AcDbObjectId& block);
 /// Index of the node at the end of the first segment that holds `pipe`; -1 for none.
 int FindNodeBehindPipe(const GravitySearchObject& network, const AcDbObjectId& pipe);
 
-/// Appends the way from node `well` to node 0 to `pathWells` and `pathSegs`.
-void AppendPathToRoot(GravitySearchObject& network, int well);
+/// Appends the way from node `well` to node 0 to `pathWells` and `pathSegs`. False, and nothing
+/// appended, when there is none: in a network whose links run in a circle.
+bool AppendPathToRoot(GravitySearchObject& network, int well);
 
 } // namespace tkvlt

@@ -17,11 +17,7 @@ int GravityNetworkSearch::TraceEndPath() {
         return 1;
     }
     const int index = FindEndWell();
-    if (index < 0) {
-        return 0;
-    }
-    AppendPathToRoot(*result, index);
-    return 1;
+    return index >= 0 && AppendPathToRoot(*result, index) ? 1 : 0;
 }
 
 int GravityNetworkSearch::FindEndWell() {

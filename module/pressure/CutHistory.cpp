@@ -5,7 +5,9 @@
 
 namespace tkvlt {
 
-CutHistory::CutHistory(double tolerance) : tolerance_(std::fabs(tolerance)) {}
+/// At an infinite drawing scale, or one that is no number, only the very same places are one.
+CutHistory::CutHistory(double tolerance)
+    : tolerance_(std::isnan(tolerance) ? 0.0 : std::fabs(tolerance)) {}
 
 /// Squares beyond the outermost one are one square with it, and so is everything when the tolerance
 /// cannot part the plane.
@@ -21,9 +23,9 @@ bool CutHistory::HoldsAt(const Place& place, const Cut& cut) const {
     const auto found = cuts_.find(place);
     return found != cuts_.end() &&
            std::any_of(found->second.begin(), found->second.end(), [&](const Cut& made) {
-               return made.startPoint.distanceTo(cut.startPoint) < tolerance_ &&
-                      made.endPoint.distanceTo(cut.endPoint) < tolerance_ &&
-                      made.cutPoint.distanceTo(cut.cutPoint) < tolerance_;
+               return made.startPoint.distanceTo(cut.startPoint) <= tolerance_ &&
+                      made.endPoint.distanceTo(cut.endPoint) <= tolerance_ &&
+                      made.cutPoint.distanceTo(cut.cutPoint) <= tolerance_;
            });
 }
 

@@ -10,11 +10,11 @@
 namespace tkvlt {
 
 /// Remembers which piece of which entity was cut where, and recognises the same cut made again:
-/// of the same entity, with the piece's two ends and the cut point each strictly nearer to the
-/// earlier ones than a tolerance. Noting and asking cost the logarithm of the number of cuts.
+/// of the same entity, with the piece's two ends and the cut point each no farther from the earlier
+/// ones than a tolerance. Noting and asking cost the logarithm of the number of cuts.
 class CutHistory {
 public:
-    /// @param tolerance drawing units; its sign is of no account.
+    /// @param tolerance drawing units; its sign is of no account, and no number counts as 0.
     explicit CutHistory(double tolerance);
 
     bool Holds(const _Pipe& pipe, const AcGePoint3d& cutPoint) const;

@@ -92,9 +92,10 @@ private:
     struct CutLimits {
         CutHistory* history; ///< a cut that it holds is not made again; null for no such limit
         int rest;            ///< cuts that may still be made of what could be cut without end
+        double straightRest; ///< cuts of straight pipes that may still be made
         double endTolerance; ///< at the begin of the search
 
-        bool IsExhausted() const { return rest < 0; }
+        bool IsExhausted() const { return rest < 0 || straightRest < 0.0; }
     };
 
     void AddToPool(const AcDbObjectId& id);

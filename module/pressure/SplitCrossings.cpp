@@ -27,6 +27,13 @@ bool IsNear(const AcGePoint3d& a, const AcGePoint3d& b) {
     return a.distanceTo(b) < EndTolerance();
 }
 
+/// A straight pipe crosses another at one place and a circle at two, so each is cut twice at most
+/// for every other. Where coordinates are so large that rounding moves the place by more than an
+/// end reaches, it is found anew on every piece, and only this number ends the cutting.
+double StraightCutsOf(int drawn) {
+    return kCutsOfAnyDrawing + 2.0 * drawn * drawn;
+}
+
 /// The first half of a straight pipe, and of an arc the way round its circle over the old end: the
 /// piece keeps the circle and has the right ends, only its sweep is the longer one.
 void EndPieceAt(_Pipe& piece, const AcGePoint3d& point) {
@@ -65,7 +72,8 @@ void StartPieceAt(_Pipe& piece, const AcGePoint3d& point) {
 void PressureNetworkSearch::SplitCrossings() {
     const int drawn = pipePool.Size();
     const double tolerance = EndTolerance();
-    if (SplitAll({nullptr, kCutsOfAnyDrawing + kCutsOfAnyPipe * drawn, tolerance})) {
+    if (SplitAll({nullptr, kCutsOfAnyDrawing + kCutsOfAnyPipe * drawn, StraightCutsOf(drawn),
+                  tolerance})) {
         return;
     }
     pipePool.RestoreFirst(drawn);
@@ -74,7 +82,8 @@ void PressureNetworkSearch::SplitCrossings() {
     }
     candidates_ = MakePressureCandidates(*this, candidateMode_);
     CutHistory history(tolerance);
-    SplitAll({&history, kCutsOfNoDrawing + kCutsOfAnyPipe * drawn, tolerance});
+    SplitAll(
+        {&history, kCutsOfNoDrawing + kCutsOfAnyPipe * drawn, StraightCutsOf(drawn), tolerance});
 }
 
 /// False when the cuts were used up before all pipes had their turn.
@@ -133,6 +142,8 @@ int PressureNetworkSearch::CutPipe(int pipe, const AcGePoint3d& point, CutLimits
     // Straight pieces only ever get shorter, unless no place counts as an end.
     if (pipePool[pipe].isArc != 0 || !(limits.endTolerance > 0.0)) {
         --limits.rest;
+    } else {
+        limits.straightRest -= 1.0;
     }
     const int first = pipePool.Add(pipePool[pipe]);
     EndPieceAt(pipePool[first], point);

@@ -33,9 +33,5 @@ int FindGravityPath(GravitySearchObject*& network, AcDbObjectId& target) {
     }
     const int well = isPipe ? tkvlt::FindNodeBehindPipe(*network, target)
                             : tkvlt::FindNodeOfBlock(*network, target);
-    if (well < 0) {
-        return 0;
-    }
-    tkvlt::AppendPathToRoot(*network, well);
-    return 1;
+    return well >= 0 && tkvlt::AppendPathToRoot(*network, well) ? 1 : 0;
 }

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <limits>
 #include <memory>
 #include <vector>
@@ -72,8 +73,20 @@ AcDbLine* OpenLine(AcDbObjectId id) {
     return line;
 }
 
-/// Acts on the lines at two places of the list. False when the first cannot be opened.
-bool BreakAtPlaces(AcDbObjectIdArray& lines, int i, int j) {
+/// Two lines meet at one place, so each of n lines is broken once at most for every other. Where
+/// coordinates are so large that rounding moves that place by more than the lengths which the
+/// classifier looks at, it is found anew on every piece; only this number ends the breaking then.
+std::size_t MostPieces(const AcDbObjectIdArray& lines) {
+    const auto count = static_cast<std::size_t>(lines.length());
+    return count * count;
+}
+
+/// Acts on the lines at two places of the list. False when the first cannot be opened, and when
+/// there are so many pieces that two more cannot be.
+bool BreakAtPlaces(AcDbObjectIdArray& lines, int i, int j, std::size_t mostPieces) {
+    if (static_cast<std::size_t>(lines.length()) + 2 > mostPieces) {
+        return false;
+    }
     AcDbLine* first = OpenLine(lines[i]);
     if (first == nullptr) {
         return false;
@@ -104,6 +117,7 @@ PlanBox BoxOf(AcDbObjectId id) {
 
 /// Lines only get shorter and pieces lie on their lines, so the box that a line had stays good.
 void BreakNeighbours(AcDbObjectIdArray& lines) {
+    const std::size_t mostPieces = MostPieces(lines);
     BoxGrid earlier(FarthestGap());
     for (int i = 0; i < lines.length(); ++i) {
         const PlanBox box = BoxOf(lines[i]);
@@ -111,7 +125,7 @@ void BreakNeighbours(AcDbObjectIdArray& lines) {
         earlier.Collect(box, neighbours);
         SortUnique(neighbours);
         for (const int j : neighbours) {
-            if (!BreakAtPlaces(lines, i, j)) {
+            if (!BreakAtPlaces(lines, i, j, mostPieces)) {
                 break;
             }
         }
@@ -120,9 +134,10 @@ void BreakNeighbours(AcDbObjectIdArray& lines) {
 }
 
 void BreakAllPairs(AcDbObjectIdArray& lines) {
+    const std::size_t mostPieces = MostPieces(lines);
     for (int i = 1; i < lines.length(); ++i) {
         for (int j = 0; j < i; ++j) {
-            if (!BreakAtPlaces(lines, i, j)) {
+            if (!BreakAtPlaces(lines, i, j, mostPieces)) {
                 break;
             }
         }
