@@ -17,6 +17,10 @@ lint_packages=(clang-format clang-tidy shellcheck doxygen)
 fuzz_packages=(clang libclang-rt-14-dev)
 # shellcheck disable=SC2034 # read by the scripts that source this file
 soak_packages=(valgrind)
+# shellcheck disable=SC2034 # read by the scripts that source this file
+coverage_packages=(gcovr)
+# shellcheck disable=SC2034 # read by the scripts that source this file
+mutation_packages=(python3-clang-14 libclang-common-14-dev)
 
 die() {
     printf '%s: %s\n' "$(basename -- "$0")" "$1" >&2
@@ -59,6 +63,8 @@ package_present() {
     libbenchmark-dev) has_header benchmark/benchmark.h ;;
     libgeos++-dev) has_header geos/index/strtree/TemplateSTRtree.h ;;
     libclang-rt-14-dev) [ -e "$(clang --print-resource-dir 2>/dev/null)/lib/linux/libclang_rt.fuzzer-x86_64.a" ] ;;
+    python3-clang-14) has_python_module clang ;;
+    libclang-common-14-dev) [ -d /usr/lib/llvm-14/lib/clang ] ;;
     gdal-bin) command -v ogrinfo >/dev/null ;;
     chromium) command -v chromium >/dev/null || command -v chromium-browser >/dev/null ;;
     chromium-driver) command -v chromedriver >/dev/null ;;

@@ -190,6 +190,18 @@ TEST_P(SinglePipe, PipeThatLeadsNowhereGivesZeroAndItsOwnValues) {
     EXPECT_TRUE(sameVector(seg.annotateVector, {1, 0, 0}));
 }
 
+TEST_P(SinglePipe, EndsThatLeadNowhereAreThePipesOwn) {
+    // Away from the origin, which is where the points of a new segment lie.
+    pipe = drawing.addPipe({40, 7, 1}, {90, 8, 2});
+    EXPECT_EQ(build(pipe), 0);
+    EXPECT_TRUE(samePoint(seg.endPoint, {40, 7, 1}, 0.0));
+    EXPECT_TRUE(samePoint(seg.startPoint, {90, 8, 2}, 0.0));
+    atEnd = drawing.addWell({90, 8, 2});
+    EXPECT_EQ(build(pipe), 2);
+    EXPECT_EQ(seg.startEntity, atEnd);
+    EXPECT_TRUE(samePoint(seg.endPoint, {40, 7, 1}, 0.0));
+}
+
 TEST_P(SinglePipe, ChainOfThreeStandsInOrderFromTheWellAtTheStartSide) {
     atEnd = drawing.addWell({90, 0, 0});
     const AcDbObjectId last = drawing.addPipe({60, 0, 0}, {90, 0, 0});

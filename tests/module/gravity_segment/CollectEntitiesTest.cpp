@@ -28,6 +28,17 @@ TEST_P(CollectEntities, PoolsKeepTheOrderOfTheDrawing) {
     EXPECT_EQ(idsIn(context.tankPool), (Ids{t1, t2}));
 }
 
+TEST_P(CollectEntities, EntityThatAnotherHasOpenForWritingCarriesNothing) {
+    const AcDbObjectId first = drawing.addPipe({0, 0, 0}, {9, 0, 0});
+    const AcDbObjectId changed = drawing.addPipe({9, 0, 0}, {18, 0, 0});
+    const AcDbObjectId last = drawing.addPipe({18, 0, 0}, {27, 0, 0});
+    AcDbObject* writer = nullptr;
+    ASSERT_EQ(acdbOpenAcDbObject(writer, changed, AcDb::kForWrite, false), Acad::eOk);
+    EXPECT_EQ(begin().CollectEntities(), 1);
+    EXPECT_EQ(idsIn(search->pipePool), (Ids{first, last}));
+    writer->close();
+}
+
 TEST_P(CollectEntities, OneSelectionIsTakenAndGivenBack) {
     drawing.addPipe({0, 0, 0}, {9, 0, 0});
     drawing.addWell({0, 0, 0});

@@ -49,5 +49,46 @@ TEST(ArcBox, IsNoLargerThanAQuarterNeeds) {
     EXPECT_NEAR(box.maxY, 22.0, 1e-9);
 }
 
+TEST(ArcBox, PointsBehindTheBeginAreLeftOut) {
+    // From north to west on that circle: east and south are behind the begin.
+    AcGeCircArc3d arc;
+    const double diagonal = std::sqrt(2.0);
+    arc.set({10.0, 22.0, 0.0}, {10.0 - diagonal, 20.0 + diagonal, 0.0}, {8.0, 20.0, 0.0});
+    const PlanBox box = ArcBox(arc);
+    EXPECT_NEAR(box.minX, 8.0, 1e-9);
+    EXPECT_NEAR(box.maxX, 10.0, 1e-9);
+    EXPECT_NEAR(box.minY, 20.0, 1e-9);
+    EXPECT_NEAR(box.maxY, 22.0, 1e-9);
+}
+
+TEST(ArcBox, HoldsAQuarterPointThatLiesJustBeforeTheEnd) {
+    // A millionth of a radian past north on a radius of a million: the end is 1e6 * (1e-6)^2 / 2,
+    // so 5e-7, below the northernmost point.
+    constexpr double radius = 1e6;
+    const auto at = [](double angle) {
+        return AcGePoint3d(radius * std::cos(angle), radius * std::sin(angle), 0.0);
+    };
+    const double north = std::acos(0.0);
+    AcGeCircArc3d arc;
+    arc.set(at(0.0), at(north / 2.0), at(north + 1e-6));
+    EXPECT_GE(ArcBox(arc).maxY, radius - 1e-8);
+}
+
+TEST(ArcBox, ArcThatStandsOnEdgeHasTheBoxOfItsWholeSphere) {
+    // Quarters of a radius of 2 about (10, 20, 0), one above the X axis and one above the Y axis.
+    const double diagonal = std::sqrt(2.0);
+    AcGeCircArc3d aboveX;
+    aboveX.set({12.0, 20.0, 0.0}, {10.0 + diagonal, 20.0, diagonal}, {10.0, 20.0, 2.0});
+    AcGeCircArc3d aboveY;
+    aboveY.set({10.0, 22.0, 0.0}, {10.0, 20.0 + diagonal, diagonal}, {10.0, 20.0, 2.0});
+    for (const AcGeCircArc3d& arc : {aboveX, aboveY}) {
+        const PlanBox box = ArcBox(arc);
+        EXPECT_NEAR(box.minX, 8.0, 1e-9);
+        EXPECT_NEAR(box.maxX, 12.0, 1e-9);
+        EXPECT_NEAR(box.minY, 18.0, 1e-9);
+        EXPECT_NEAR(box.maxY, 22.0, 1e-9);
+    }
+}
+
 } // namespace
 } // namespace tkvlt

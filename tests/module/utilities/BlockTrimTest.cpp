@@ -429,6 +429,25 @@ TEST_F(TrimAllLineByBlkRefTest, EveryLineOfTheFenceHasItsTurn) {
     EXPECT_TRUE(sameEnds(endsOf(high), {-5, 0.5, 0}, {-1, 0.5, 0}));
 }
 
+TEST_F(TrimAllLineByBlkRefTest, FenceGoesRoundEveryCorner) {
+    // Each line cuts one corner off, so that it meets the two sides of the fence there and no
+    // other: y = x + 1.5 meets the left side at (-1, 0.5) and the top at (-0.5, 1), and so on.
+    block = addBlockOf({{{-1, -1, 0}, {-1, 1, 0}},
+                        {{1, -1, 0}, {1, 1, 0}},
+                        {{-1, -1, 0}, {1, -1, 0}},
+                        {{-1, 1, 0}, {1, 1, 0}}});
+    const AcDbObjectId upperLeft = addPipeLine({-3, -1.5, 0}, {2, 3.5, 0});
+    const AcDbObjectId lowerLeft = addPipeLine({-3, 1.5, 0}, {2, -3.5, 0});
+    const AcDbObjectId lowerRight = addPipeLine({3, 1.5, 0}, {-2, -3.5, 0});
+    const AcDbObjectId upperRight = addPipeLine({3, -1.5, 0}, {-2, 3.5, 0});
+    trim();
+    EXPECT_EQ(events("select"), Lines{"select F 4"});
+    EXPECT_TRUE(sameEnds(endsOf(upperLeft), {-3, -1.5, 0}, {-1, 0.5, 0}));
+    EXPECT_TRUE(sameEnds(endsOf(lowerLeft), {-3, 1.5, 0}, {-1, -0.5, 0}));
+    EXPECT_TRUE(sameEnds(endsOf(lowerRight), {3, 1.5, 0}, {1, -0.5, 0}));
+    EXPECT_TRUE(sameEnds(endsOf(upperRight), {3, -1.5, 0}, {1, 0.5, 0}));
+}
+
 TEST_F(TrimAllLineByBlkRefTest, FenceIsGivenInTheUsersCoordinates) {
     AcGeMatrix3d ucs;
     ucs.setCoordSystem({0, 3, 0}, {1, 0, 0}, {0, 1, 0}, {0, 0, 1});

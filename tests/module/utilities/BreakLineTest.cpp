@@ -114,6 +114,19 @@ TEST_F(BreakLineTest, GapBeyondTheScaledToleranceBreaksNothing) {
     EXPECT_TRUE(sameEnds(endsOf(lines[0]), {0, 0, 0}, {100, 0, 0}));
 }
 
+TEST_F(BreakLineTest, GapWithinALargeScaleIsSeenByWhatLiesNearToo) {
+    drawing.setDwgScale(5.0); // the tolerance is 50
+    for (const auto mode : {tkvlt::CandidateMode::kPlainScan, tkvlt::CandidateMode::kIndexed}) {
+        AcDbObjectIdArray lines =
+            listOf({addLine({0, 0, 0}, {1000, 0, 0}), addLine({500, 45, 0}, {500, 900, 0})});
+        tkvlt::BreakLines(lines, mode);
+        ASSERT_EQ(lines.length(), 3);
+        EXPECT_TRUE(sameEnds(endsOf(lines[0]), {0, 0, 0}, {500, 0, 0}));
+        EXPECT_TRUE(sameEnds(endsOf(lines[1]), {500, 45, 0}, {500, 900, 0}));
+        EXPECT_TRUE(sameEnds(endsOf(lines[2]), {1000, 0, 0}, {500, 0, 0}));
+    }
+}
+
 TEST_F(BreakLineTest, LinesThatMeetOftenStayWhole) {
     const AcDbObjectId twice =
         drawing.addCurve(new TwiceMetLine(AcGePoint3d(0, 0, 0), AcGePoint3d(100, 0, 0)));

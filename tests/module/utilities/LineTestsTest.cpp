@@ -123,6 +123,19 @@ TEST(SeeIfCould, SecondEndBeyondTheBeginGoesBackToTheBegin) {
     EXPECT_TRUE(samePoint(seen.q2, {0, 0, 0}));
 }
 
+TEST(SeeIfCould, EndExactlyAtHalfTheLengthIsNotBeyond) {
+    // One end is 50 from P's middle, just what is half of P; only the other is cut back, and Q
+    // keeps its way.
+    const SeeIfCould firstAtHalf = seeIfCould({100, 0, 0}, {-50, 0, 0});
+    EXPECT_EQ(firstAtHalf.result, 2);
+    EXPECT_TRUE(samePoint(firstAtHalf.q1, {100, 0, 0}));
+    EXPECT_TRUE(samePoint(firstAtHalf.q2, {0, 0, 0}));
+    const SeeIfCould secondAtHalf = seeIfCould({150, 0, 0}, {0, 0, 0});
+    EXPECT_EQ(secondAtHalf.result, 2);
+    EXPECT_TRUE(samePoint(secondAtHalf.q1, {100, 0, 0}));
+    EXPECT_TRUE(samePoint(secondAtHalf.q2, {0, 0, 0}));
+}
+
 int closest(std::initializer_list<AcGePoint3d> list, const AcGePoint3d& from = {0, 0, 0},
             const AcGePoint3d& to = {10, 0, 0}) {
     AcGePoint3dArray points;
