@@ -11,6 +11,6 @@
 /// @param network A finished network.
 /// @param target  A well or pipe; a tank is never found.
 /// @return 1, or 0 with the network as it was: a null or lone-well network, a null target, the root
-///         itself, an entity of another system than the root's, one that is not in the network, or one
-///         whose links do not lead to the root.
+///         itself, an entity of another system than the root's, one that is not in the network, or
+///         one whose links do not lead to the root.
 TKVLT_API int FindGravityPath(GravitySearchObject*& network, AcDbObjectId& target);

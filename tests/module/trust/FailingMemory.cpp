@@ -32,8 +32,8 @@ void* operator new(std::size_t size) {
 void* operator new[](std::size_t size) {
     return request(size);
 }
-// The forms that answer with null are replaced too: whoever takes memory by one of them (a stable sort, for its
-// scratch) gives it back through the forms below.
+// The forms that answer with null are replaced too: whoever takes memory by one of them (a stable
+// sort, for its scratch) gives it back through the forms below.
 void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
     try {
         return request(size);
