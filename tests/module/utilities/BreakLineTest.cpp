@@ -210,6 +210,20 @@ TEST_F(BreakLineTest, WhatIsNoLineIsPassedOverWhereverItStands) {
     }
 }
 
+TEST_F(BreakLineTest, WhatIsNoLineIsPassedOverAmongManyLinesToo) {
+    Ids ids{drawing.addPolyline({{20.0, -50.0}, {20.0, 50.0}}), addLine({0, 0, 0}, {100, 0, 0}),
+            addLine({50, -50, 0}, {50, 50, 0})};
+    constexpr int far = 20; // more than are met pair by pair
+    for (int i = 0; i < far; ++i) {
+        ids.push_back(addLine({0, 1000.0 + 10.0 * i, 0}, {100, 1000.0 + 10.0 * i, 0}));
+    }
+    AcDbObjectIdArray lines = listOf(ids);
+    PelBreakLine(lines);
+    ASSERT_EQ(lines.length(), 5 + far);
+    EXPECT_NEAR(lengthOf(ids[1]), 50.0, 1e-9);
+    EXPECT_NEAR(lengthOf(ids[2]), 50.0, 1e-9);
+}
+
 TEST_F(BreakLineTest, BothLinesOfAPairAreOpenWhileThePiecesAreAdded) {
     const AcDbObjectId along = addLine({0, 0, 0}, {100, 0, 0});
     const AcDbObjectId across = addLine({50, -50, 0}, {50, 50, 0});
