@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <random>
+#include <vector>
 
 namespace module_tests {
 namespace {
@@ -21,7 +22,7 @@ std::vector<int> found(const BoxTree& tree, const PlanBox& box) {
 TEST(BoxTree, WithoutBoxesNothingIsFound) {
     const PlanBox everywhere{-1e9, -1e9, 1e9, 1e9};
     EXPECT_TRUE(found(BoxTree(), everywhere).empty());
-    EXPECT_TRUE(found(BoxTree({}), everywhere).empty());
+    EXPECT_TRUE(found(BoxTree(std::vector<PlanBox>()), everywhere).empty());
 }
 
 TEST(BoxTree, BoxesThatOnlyTouchOverlap) {
