@@ -7,6 +7,7 @@ project that it reaches, the configuration and clang-tidy's version stay what th
 """
 
 import concurrent.futures
+import contextlib
 import hashlib
 import json
 import os
@@ -19,7 +20,7 @@ import tempfile
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 INCLUDE = re.compile(rb'^\s*#\s*include\s*["<]([^">]+)[">]', re.MULTILINE)
 PARALLEL = 2
-TOGETHER = 16
+TOGETHER = 24
 
 
 class Sources:
@@ -66,7 +67,7 @@ def include_folders(arguments, directory):
 
 
 def key_of(entry, sources, common):
-    arguments = entry.get("arguments") or shlex.split(entry["command"])
+    arguments = arguments_of(entry)
     path = os.path.realpath(os.path.join(entry["directory"], entry["file"]))
     digest = hashlib.sha256(common)
     digest.update("\0".join(arguments).encode())
@@ -75,9 +76,17 @@ def key_of(entry, sources, common):
     return path, digest.hexdigest()
 
 
+def arguments_of(entry):
+    return entry.get("arguments") or shlex.split(entry["command"])
+
+
+def compiler_of(entry):
+    return arguments_of(entry)[0]
+
+
 def options_of(entry):
     """What the compiler is told about the file, apart from the file and the object's name."""
-    arguments = (entry.get("arguments") or shlex.split(entry["command"]))[1:]
+    arguments = arguments_of(entry)[1:]
     options, position = [], 0
     while position < len(arguments):
         if arguments[position] == "-o":
@@ -91,9 +100,12 @@ def options_of(entry):
 class Wanted:
     """Files to look at that share a folder and the compiler's options, with the keys of their present state."""
 
-    def __init__(self, directory, folder, options):
-        self.directory, self.folder, self.options = directory, folder, options
+    def __init__(self, compiler, directory, folder, options):
+        self.compiler, self.directory, self.folder, self.options = compiler, directory, folder, options
         self.keys = {}
+
+    def arguments(self):
+        return [*self.options, "-iquote", self.folder]
 
 
 def wanted_files(build):
@@ -115,7 +127,7 @@ def wanted_files(build):
         if path in known or path.startswith(left_out):
             continue
         known.add(path)
-        place = (entry["directory"], os.path.dirname(path), options_of(entry))
+        place = (compiler_of(entry), entry["directory"], os.path.dirname(path), options_of(entry))
         groups.setdefault(place, Wanted(*place)).keys[path] = key
     return [groups[place] for place in sorted(groups)]
 
@@ -152,26 +164,44 @@ class Tidy:
 
     def look(self, wanted, paths):
         """Yields (paths, clean, report) for the paths, in as few parts as can be compiled together."""
-        clean, report = self.run(wanted, paths)
-        if len(paths) > 1 and "clang-diagnostic-error" in report:
-            middle = len(paths) // 2
-            yield from self.look(wanted, paths[:middle])
-            yield from self.look(wanted, paths[middle:])
-        else:
-            yield paths, clean, report
+        while paths:
+            apart = self.hindered(wanted, paths)
+            together = [path for path in paths if path not in apart]
+            yield together, *self.run(wanted, together)
+            paths = [path for path in paths if path in apart]
+
+    def hindered(self, wanted, paths):
+        """Those that cannot be compiled behind the others, as they have a local name in common with one."""
+        apart = set()
+        while len(paths) - len(apart) > 1:
+            joined = Joined([path for path in paths if path not in apart])
+            with self.written(joined) as name:
+                result = subprocess.run([wanted.compiler, "-fsyntax-only", name, *wanted.arguments()],
+                                        cwd=wanted.directory, capture_output=True, text=True, errors="replace")
+            if result.returncode == 0:
+                break
+            places = re.findall(re.escape(name) + r":(\d+):\d+: (?:fatal )?error:", result.stderr)
+            found = {joined.place(int(line))[0] for line in places} - {joined.starts[0][1]}
+            # An error that stands nowhere, or in the first file alone, is not for want of room: one file at a time.
+            apart |= found or {path for _, path in joined.starts[1:]}
+        return apart
 
     def run(self, wanted, paths):
         joined = Joined(paths)
-        # The name says to the checks of headers' names and to a reader what the file is; the folder makes it one's own.
-        with tempfile.TemporaryDirectory(dir=self.scratch) as folder:
-            name = os.path.join(folder, os.path.basename(paths[0]))
-            with open(name, "w", encoding="utf-8") as file:
-                file.write(joined.text)
+        with self.written(joined) as name:
             result = subprocess.run(
-                ["clang-tidy", "--quiet", f"--config-file={ROOT}/.clang-tidy", name, "--",
-                 *wanted.options, "-iquote", wanted.folder],
+                ["clang-tidy", "--quiet", f"--config-file={ROOT}/.clang-tidy", name, "--", *wanted.arguments()],
                 cwd=wanted.directory, capture_output=True, text=True, errors="replace")
         return result.returncode == 0, located(result.stdout, name, joined) + result.stderr
+
+    @contextlib.contextmanager
+    def written(self, joined):
+        """The name of a file with the joined text, as long as it is needed."""
+        with tempfile.TemporaryDirectory(dir=self.scratch) as folder:
+            name = os.path.join(folder, os.path.basename(joined.starts[0][1]))
+            with open(name, "w", encoding="utf-8") as file:
+                file.write(joined.text)
+            yield name
 
 
 def located(report, name, joined):
