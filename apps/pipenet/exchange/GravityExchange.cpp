@@ -65,12 +65,9 @@ ExchangeLink linkOf(const GravitySeg& seg, const ExchangeNetwork& network) {
     link.diameter = seg.diameter;
     link.slope = seg.slope;
     link.material = utf8(seg.material);
-    std::vector<PipePiece> pieces;
-    for (int i = 0; i < seg.pipeIds.length(); ++i) {
-        pieces.push_back(pipePiece(seg.pipeIds[i]));
-    }
-    const std::vector<PiecePart> run = orderedRun(std::move(pieces), network.nodes[link.from].at,
-                                                  network.nodes[link.to].at, jointReach());
+    const std::vector<PiecePart> run =
+        orderedRun(pipePieces(seg.pipeIds), network.nodes[link.from].at, network.nodes[link.to].at,
+                   jointReach());
     for (const PiecePart& part : run) {
         link.pipes.push_back(part.piece.id);
     }

@@ -62,7 +62,7 @@ private:
 AcDbObjectId put(std::unique_ptr<AcDbEntity> entity, const CString& layer) {
     const AcDbObjectId id = PutEntityToDatabase(entity.get());
     requireDrawn(!id.isNull(), "an entity");
-    entity.release();
+    static_cast<void>(entity.release()); // the drawing has it now
     const siblings::OpenedObject<AcDbEntity> opened(id, AcDb::kForWrite);
     requireDrawn(opened && opened->setLayer(layer) == Acad::eOk, "a layer");
     return id;

@@ -176,9 +176,9 @@ PlanPoint Layouter::rim(const NodeShape& node, const PlanPoint& next) const {
     const double dx = std::abs(next.x - node.at.x);
     const double dy = std::abs(next.y - node.at.y);
     const double into = std::min(kIntoTank, 0.2 * node.halfWidth);
-    const double share = std::min(dx > 0.0 ? (node.halfLength - into) / dx : none,
-                                  dy > 0.0 ? (node.halfWidth - into) / dy : none);
-    return towards(node.at, next, share * std::hypot(dx, dy));
+    const double acrossLength = dx > 0.0 ? (node.halfLength - into) / dx : none;
+    const double acrossWidth = dy > 0.0 ? (node.halfWidth - into) / dy : none;
+    return towards(node.at, next, std::min(acrossLength, acrossWidth) * std::hypot(dx, dy));
 }
 
 LinkShape Layouter::shapeOf(const ModelLink& link) const {

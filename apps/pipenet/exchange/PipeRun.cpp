@@ -181,6 +181,15 @@ PipePiece pipePiece(const AcDbObjectId& id) {
     return piece;
 }
 
+std::vector<PipePiece> pipePieces(const AcDbObjectIdArray& ids) {
+    std::vector<PipePiece> pieces;
+    pieces.reserve(static_cast<std::size_t>(ids.length()));
+    for (int i = 0; i < ids.length(); ++i) {
+        pieces.push_back(pipePiece(ids[i]));
+    }
+    return pieces;
+}
+
 std::vector<PlanPoint> PiecePart::points() const {
     std::vector<PlanPoint> part = stretch(piece.points, std::min(from, to), std::max(from, to));
     if (part.empty()) {

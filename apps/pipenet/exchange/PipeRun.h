@@ -20,6 +20,9 @@ struct PipePiece {
 /// Reads a pipe entity.
 PipePiece pipePiece(const AcDbObjectId& id);
 
+/// Reads the pipe entities of a run, in the order of their ids.
+std::vector<PipePiece> pipePieces(const AcDbObjectIdArray& ids);
+
 /// The part of a piece from one place to another, both as shares of its way; backwards when the
 /// second lies before the first.
 struct PiecePart {

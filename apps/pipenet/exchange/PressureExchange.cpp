@@ -40,10 +40,7 @@ double nearestEnd(const PipePiece& piece, const PlanPoint& place) {
 /// The pipes of a run in walking order. A whole pipe is passed from end to end; a piece that was
 /// cut off begins where the way stands, and ends at the run's end or at the next pipe.
 std::vector<PiecePart> partsOf(PressureSeg& seg) {
-    std::vector<PipePiece> pieces;
-    for (int i = 0; i < seg.pipeIds.length(); ++i) {
-        pieces.push_back(pipePiece(seg.pipeIds[i]));
-    }
+    const std::vector<PipePiece> pieces = pipePieces(seg.pipeIds);
     const WalkedEnds ends = walkedEnds(seg);
     std::vector<PiecePart> parts;
     PlanPoint place = ends.first;
