@@ -8,11 +8,13 @@ project that it reaches, the configuration and clang-tidy's version stay what th
 
 import concurrent.futures
 import contextlib
+import glob
 import hashlib
 import json
 import os
 import re
 import shlex
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -116,7 +118,8 @@ def wanted_files(build):
     with open(os.path.join(build, "compile_commands.json"), encoding="utf-8") as file:
         entries = json.load(file)
     common = subprocess.run(["clang-tidy", "--version"], check=True, capture_output=True).stdout
-    for name in (os.path.join(ROOT, ".clang-tidy"), os.path.abspath(__file__)):
+    settings = [os.path.join(ROOT, ".clang-tidy"), *sorted(glob.glob(os.path.join(ROOT, "*", ".clang-tidy")))]
+    for name in [*settings, os.path.abspath(__file__)]:
         with open(name, "rb") as file:
             common += file.read()
     sources = Sources()
@@ -159,8 +162,21 @@ class Joined:
 class Tidy:
     """clang-tidy over joined sources; `scratch` takes the joined text."""
 
-    def __init__(self, scratch):
+    def __init__(self, scratch, groups):
         self.scratch = scratch
+        for wanted in groups:
+            self.lay_out(os.path.relpath(wanted.folder, ROOT))
+
+    def lay_out(self, folder):
+        """Makes the folder in the scratch, with the settings for clang-tidy of it and of those above."""
+        os.makedirs(os.path.join(self.scratch, folder), exist_ok=True)
+        while True:
+            settings = os.path.join(ROOT, folder, ".clang-tidy")
+            if os.path.exists(settings):
+                shutil.copy(settings, os.path.join(self.scratch, folder))
+            if not folder:
+                break
+            folder = os.path.dirname(folder)
 
     def look(self, wanted, paths):
         """Yields (paths, clean, report) for the paths, in as few parts as can be compiled together."""
@@ -175,7 +191,7 @@ class Tidy:
         apart = set()
         while len(paths) - len(apart) > 1:
             joined = Joined([path for path in paths if path not in apart])
-            with self.written(joined) as name:
+            with self.written(wanted, joined) as name:
                 result = subprocess.run([wanted.compiler, "-fsyntax-only", name, *wanted.arguments()],
                                         cwd=wanted.directory, capture_output=True, text=True, errors="replace")
             if result.returncode == 0:
@@ -188,16 +204,17 @@ class Tidy:
 
     def run(self, wanted, paths):
         joined = Joined(paths)
-        with self.written(joined) as name:
+        with self.written(wanted, joined) as name:
             result = subprocess.run(
-                ["clang-tidy", "--quiet", f"--config-file={ROOT}/.clang-tidy", name, "--", *wanted.arguments()],
+                ["clang-tidy", "--quiet", name, "--", *wanted.arguments()],
                 cwd=wanted.directory, capture_output=True, text=True, errors="replace")
         return result.returncode == 0, located(result.stdout, name, joined) + result.stderr
 
     @contextlib.contextmanager
-    def written(self, joined):
-        """The name of a file with the joined text, as long as it is needed."""
-        with tempfile.TemporaryDirectory(dir=self.scratch) as folder:
+    def written(self, wanted, joined):
+        """The name of a file with the joined text, as long as it is needed; below the settings of its folder."""
+        place = os.path.join(self.scratch, os.path.relpath(wanted.folder, ROOT))
+        with tempfile.TemporaryDirectory(dir=place) as folder:
             name = os.path.join(folder, os.path.basename(joined.starts[0][1]))
             with open(name, "w", encoding="utf-8") as file:
                 file.write(joined.text)
@@ -232,7 +249,7 @@ def main():
     clean = True
     with tempfile.TemporaryDirectory() as scratch, \
             concurrent.futures.ThreadPoolExecutor(PARALLEL) as pool:
-        tidy = Tidy(scratch)
+        tidy = Tidy(scratch, groups)
         results = pool.map(lambda batch: (batch[0], list(tidy.look(*batch))), todo)
         for wanted, parts in results:
             for paths, good, report in parts:
