@@ -17,6 +17,13 @@ bool holds(const PlanBox& box, const AcGePoint3d& point) {
     return point.x >= box.minX && point.x <= box.maxX && point.y >= box.minY && point.y <= box.maxY;
 }
 
+void expectBox(const PlanBox& box, const PlanBox& expected) {
+    EXPECT_NEAR(box.minX, expected.minX, 1e-9);
+    EXPECT_NEAR(box.minY, expected.minY, 1e-9);
+    EXPECT_NEAR(box.maxX, expected.maxX, 1e-9);
+    EXPECT_NEAR(box.maxY, expected.maxY, 1e-9);
+}
+
 TEST(ArcBox, HoldsTheCurveOfAnArcThroughThreePointsOfWhichTwoAreClose) {
     // Each arc ends a little behind its middle point, as what is left of an arc that was cut close
     // to its end does.
@@ -42,11 +49,7 @@ TEST(ArcBox, IsNoLargerThanAQuarterNeeds) {
     AcGeCircArc3d arc;
     const double diagonal = std::sqrt(2.0);
     arc.set({12.0, 20.0, 0.0}, {10.0 + diagonal, 20.0 + diagonal, 0.0}, {10.0, 22.0, 0.0});
-    const PlanBox box = ArcBox(arc);
-    EXPECT_NEAR(box.minX, 10.0, 1e-9);
-    EXPECT_NEAR(box.maxX, 12.0, 1e-9);
-    EXPECT_NEAR(box.minY, 20.0, 1e-9);
-    EXPECT_NEAR(box.maxY, 22.0, 1e-9);
+    expectBox(ArcBox(arc), {10.0, 20.0, 12.0, 22.0});
 }
 
 TEST(ArcBox, PointsBehindTheBeginAreLeftOut) {
@@ -54,11 +57,7 @@ TEST(ArcBox, PointsBehindTheBeginAreLeftOut) {
     AcGeCircArc3d arc;
     const double diagonal = std::sqrt(2.0);
     arc.set({10.0, 22.0, 0.0}, {10.0 - diagonal, 20.0 + diagonal, 0.0}, {8.0, 20.0, 0.0});
-    const PlanBox box = ArcBox(arc);
-    EXPECT_NEAR(box.minX, 8.0, 1e-9);
-    EXPECT_NEAR(box.maxX, 10.0, 1e-9);
-    EXPECT_NEAR(box.minY, 20.0, 1e-9);
-    EXPECT_NEAR(box.maxY, 22.0, 1e-9);
+    expectBox(ArcBox(arc), {8.0, 20.0, 10.0, 22.0});
 }
 
 TEST(ArcBox, HoldsAQuarterPointThatLiesJustBeforeTheEnd) {
@@ -82,11 +81,7 @@ TEST(ArcBox, ArcThatStandsOnEdgeHasTheBoxOfItsWholeSphere) {
     AcGeCircArc3d aboveY;
     aboveY.set({10.0, 22.0, 0.0}, {10.0, 20.0 + diagonal, diagonal}, {10.0, 20.0, 2.0});
     for (const AcGeCircArc3d& arc : {aboveX, aboveY}) {
-        const PlanBox box = ArcBox(arc);
-        EXPECT_NEAR(box.minX, 8.0, 1e-9);
-        EXPECT_NEAR(box.maxX, 12.0, 1e-9);
-        EXPECT_NEAR(box.minY, 18.0, 1e-9);
-        EXPECT_NEAR(box.maxY, 22.0, 1e-9);
+        expectBox(ArcBox(arc), {8.0, 18.0, 12.0, 22.0});
     }
 }
 

@@ -40,6 +40,24 @@ protected:
         EXPECT_EQ(present(indexed->pipePool).size(), present(plain->pipePool).size());
     }
 
+    /// A well and pipes, of which everything joins everything, so that there are more ways through
+    /// them than could ever be tried. Gives the well.
+    AcDbObjectId addPipesThatAllJoin() {
+        drawing.setDwgScale(1e9);
+        const AcDbObjectId root = drawing.addWell({0, 0, 0});
+        for (int i = 0; i < 40; ++i) {
+            drawing.addPipe({0.0 + 3 * i, 0.1 * i, 0}, {2.0 + 3 * i, 0.1 * i, 0});
+        }
+        return root;
+    }
+
+    int searchIndexed(GravitySearchObject& network, AcDbObjectId root) {
+        AcDbObjectId none;
+        AcGePoint3d pick;
+        tkvlt::GravityNetworkSearch search(&network, root, none, pick, CandidateMode::kIndexed);
+        return search.Run();
+    }
+
     Ids tangents;
 };
 
@@ -101,33 +119,17 @@ TEST_F(LoopBoundTest, TwoMainsAcrossOneAnotherAreNotCutWithoutEnd) {
 }
 
 TEST_F(LoopBoundTest, ManyWaysThatLeadNowhereEndTheSearch) {
-    // Everything joins everything, so that there are more ways through the pipes than could ever be
-    // tried; none comes to a second well.
-    drawing.setDwgScale(1e9);
-    AcDbObjectId root = drawing.addWell({0, 0, 0});
-    for (int i = 0; i < 40; ++i) {
-        drawing.addPipe({0.0 + 3 * i, 0.1 * i, 0}, {2.0 + 3 * i, 0.1 * i, 0});
-    }
+    const AcDbObjectId root = addPipesThatAllJoin();
     GravitySearchObject network;
-    AcDbObjectId none;
-    AcGePoint3d pick;
-    tkvlt::GravityNetworkSearch search(&network, root, none, pick, CandidateMode::kIndexed);
-    EXPECT_EQ(search.Run(), 0);
+    EXPECT_EQ(searchIndexed(network, root), 0); // none comes to a second well
     EXPECT_EQ(network.wells.GetSize(), 1);
 }
 
 TEST_F(LoopBoundTest, ManyWaysOfWhichOneEndsLeadThere) {
-    drawing.setDwgScale(1e9);
-    AcDbObjectId root = drawing.addWell({0, 0, 0});
-    for (int i = 0; i < 40; ++i) {
-        drawing.addPipe({0.0 + 3 * i, 0.1 * i, 0}, {2.0 + 3 * i, 0.1 * i, 0});
-    }
+    const AcDbObjectId root = addPipesThatAllJoin();
     drawing.addWell({119, 3.9, 0});
     GravitySearchObject network;
-    AcDbObjectId none;
-    AcGePoint3d pick;
-    tkvlt::GravityNetworkSearch search(&network, root, none, pick, CandidateMode::kIndexed);
-    EXPECT_EQ(search.Run(), 1);
+    EXPECT_EQ(searchIndexed(network, root), 1);
     EXPECT_EQ(network.wells.GetSize(), 2);
     EXPECT_EQ(network.segs.GetSize(), 1);
 }
