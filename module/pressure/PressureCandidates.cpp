@@ -33,8 +33,8 @@ class PlainPressureCandidates final : public PressureCandidates {
 public:
     explicit PlainPressureCandidates(const PressureNetworkSearch& search) : search_(search) {}
 
-    std::vector<int> PipesReachingInto(const PlanBox& /*box*/) const override {
-        return AllPresent(search_.pipePool);
+    std::vector<int> LaterPipesNear(int pipe, double /*gap*/) const override {
+        return AllPresent(search_.pipePool, pipe + 1);
     }
     void PieceAdded(int /*pipe*/) override {}
     void PipeCut(int /*pipe*/) override {}
@@ -81,10 +81,15 @@ public:
         wells_ = PointGrid(usualQuery_, positions);
     }
 
-    std::vector<int> PipesReachingInto(const PlanBox& box) const override {
-        const PlanBox reachable = box.Widened(slack_);
-        std::vector<int> pipes = Collected(pipeCurves_, reachable);
+    /// What was drawn stands in front of every piece, so a piece need not look at it.
+    std::vector<int> LaterPipesNear(int pipe, double gap) const override {
+        const PlanBox reachable = PipeBox(search_.pipePool[pipe]).Widened(gap).Widened(slack_);
+        std::vector<int> pipes;
+        if (pipe < drawnPipes_) {
+            pipeCurves_.Collect(reachable, pipes);
+        }
         pieces_.Collect(reachable, pipes);
+        std::erase_if(pipes, [pipe](int other) { return other <= pipe; });
         return PresentInOrder(std::move(pipes), search_.pipePool);
     }
 

@@ -17,8 +17,9 @@ class PressureCandidates {
 public:
     virtual ~PressureCandidates() = default;
 
-    /// Pipes whose curve or chord may reach into `box`, pieces included. Before `PipesPrepared`.
-    virtual std::vector<int> PipesReachingInto(const PlanBox& box) const = 0;
+    /// Pipes behind `pipe` in the pool, pieces included, that may come as near to it with their
+    /// curve or chord as `gap`. Before `PipesPrepared`.
+    virtual std::vector<int> LaterPipesNear(int pipe, double gap) const = 0;
     /// The pool got the piece `pipe` at its end.
     virtual void PieceAdded(int pipe) = 0;
     /// The pipe was taken from the pool.

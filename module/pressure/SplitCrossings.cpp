@@ -3,7 +3,6 @@
 // where the pairing reaches them in turn.
 
 #include "pressure/PressureNetworkSearch.h"
-#include "records/PipeBox.h"
 #include "records/PipeCrossing.h"
 
 namespace tkvlt {
@@ -21,10 +20,6 @@ constexpr int kCutsOfNoDrawing = 5000;
 /// crossing is a meeting at that end.
 double EndTolerance() {
     return 10.0 / GetVZDrawScale();
-}
-
-bool IsNear(const AcGePoint3d& a, const AcGePoint3d& b) {
-    return a.distanceTo(b) < EndTolerance();
 }
 
 /// A straight pipe crosses another at one place and a circle at two, so each is cut twice at most
@@ -99,10 +94,10 @@ bool PressureNetworkSearch::SplitAll(CutLimits limits) {
 /// Pairs pipe i with every pipe behind it, until i itself is cut: its pieces have their turn later.
 void PressureNetworkSearch::SplitPipe(int i, CutLimits& limits) {
     const double slack = 2.0 * AcGeContext::gTol.equalPoint();
-    std::vector<int> others = candidates_->PipesReachingInto(PipeBox(pipePool[i]).Widened(slack));
+    std::vector<int> others = candidates_->LaterPipesNear(i, slack);
     for (std::size_t n = 0; n < others.size() && !limits.IsExhausted(); ++n) {
         const int j = others[n];
-        if (j <= i || !pipePool.Has(j)) {
+        if (!pipePool.Has(j)) {
             continue;
         }
         const PipeCrossing crossing = CrossingOf(pipePool[i], pipePool[j]);
@@ -130,7 +125,10 @@ void PressureNetworkSearch::SplitPipe(int i, CutLimits& limits) {
 /// A crossing between the pipe's ends cuts it.
 bool PressureNetworkSearch::IsCutBy(const _Pipe& pipe, const AcGePoint3d& point,
                                     const CutLimits& limits) const {
-    return !IsNear(point, pipe.startPoint) && !IsNear(point, pipe.endPoint) &&
+    const auto isNear = [&](const AcGePoint3d& end) {
+        return point.distanceTo(end) < limits.endTolerance;
+    };
+    return !isNear(pipe.startPoint) && !isNear(pipe.endPoint) &&
            (limits.history == nullptr || !limits.history->Holds(pipe, point));
 }
 

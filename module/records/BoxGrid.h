@@ -1,11 +1,9 @@
 #pragma once
 
-#include <cstdint>
 #include <map>
-#include <unordered_map>
 #include <vector>
 
-#include "records/PlanBox.h"
+#include "records/CellGrid.h"
 
 namespace tkvlt {
 
@@ -23,22 +21,26 @@ public:
     void Add(int item, const PlanBox& box);
     /// Removes an item that was added with this box.
     void Remove(int item, const PlanBox& box);
-    /// Appends the items whose boxes overlap `box`, in no order.
+    /// Appends the items whose boxes overlap `box`, in no order and now and then twice.
     void Collect(const PlanBox& box, std::vector<int>& items) const;
 
 private:
-    struct Entry {
-        int item;
-        PlanBox box;
+    struct PlacedBox : PlanBox {
+        double CornerX() const { return minX; }
+        double CornerY() const { return minY; }
+        bool Meets(const PlanBox& box) const { return Overlaps(box); }
+        bool operator==(const PlacedBox& other) const {
+            return minX == other.minX && minY == other.minY && maxX == other.maxX &&
+                   maxY == other.maxY;
+        }
     };
-    using Cell = std::vector<Entry>;
     struct Level {
-        double cellSize = 1.0;
-        std::unordered_map<std::uint64_t, Cell> cells;
+        double cellSize;
+        CellGrid<PlacedBox> boxes;
     };
 
-    int LevelOf(const PlanBox& box) const;
-    Cell& CellOf(const PlanBox& box);
+    int NumberOf(const PlanBox& box) const;
+    Level& LevelOf(const PlanBox& box);
 
     double finestCell_;
     std::map<int, Level> levels_;

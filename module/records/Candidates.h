@@ -10,11 +10,11 @@
 
 namespace tkvlt {
 
-/// Every index of a pool that is still present, in pool order.
+/// Every index of a pool from `first` on that is still present, in pool order.
 template<class Record>
-std::vector<int> AllPresent(const RecordPool<Record>& pool) {
+std::vector<int> AllPresent(const RecordPool<Record>& pool, int first = 0) {
     std::vector<int> indices;
-    for (int i = 0; i < pool.Size(); ++i) {
+    for (int i = first; i < pool.Size(); ++i) {
         if (pool.Has(i)) {
             indices.push_back(i);
         }
