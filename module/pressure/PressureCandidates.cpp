@@ -28,6 +28,10 @@ double LargestRadius(const std::vector<WellSite>& wells) {
     return largest;
 }
 
+/// The cells of the pieces have this many times the side of a usual pipe, so that most pipes need
+/// look at few of them.
+constexpr double kPipesPerCell = 4.0;
+
 /// Hands out every entry that is present, as the rules are worded.
 class PlainPressureCandidates final : public PressureCandidates {
 public:
@@ -63,22 +67,8 @@ public:
     explicit IndexedPressureCandidates(const PressureNetworkSearch& search)
         : search_(search), largestRadius_(LargestRadius(search.WellSites())),
           slack_(RoundingSlack(search.pipePool)), drawnPipes_(search.pipePool.Size()) {
-        std::vector<PlanBox> curves;
-        curves.reserve(static_cast<std::size_t>(search_.pipePool.Size()));
-        for (int i = 0; i < search_.pipePool.Size(); ++i) {
-            curves.push_back(PipeBox(search_.pipePool[i]));
-        }
-        pipeCurves_ = BoxTree(curves);
-        std::vector<AcGePoint3d> positions;
-        std::vector<double> radii;
-        positions.reserve(search_.WellSites().size());
-        radii.reserve(search_.WellSites().size());
-        for (const WellSite& well : search_.WellSites()) {
-            positions.push_back(well.position);
-            radii.push_back(well.radius);
-        }
-        usualQuery_ = 2.0 * MedianReach(std::move(radii));
-        wells_ = PointGrid(usualQuery_, positions);
+        IndexPipes();
+        IndexWells();
     }
 
     /// What was drawn stands in front of every piece, so a piece need not look at it.
@@ -145,13 +135,40 @@ public:
     }
 
 private:
+    void IndexPipes() {
+        std::vector<PlanBox> curves;
+        std::vector<double> sides;
+        curves.reserve(static_cast<std::size_t>(search_.pipePool.Size()));
+        sides.reserve(curves.capacity());
+        for (int i = 0; i < search_.pipePool.Size(); ++i) {
+            const PlanBox box = PipeBox(search_.pipePool[i]);
+            curves.push_back(box);
+            sides.push_back(std::max(box.maxX - box.minX, box.maxY - box.minY));
+        }
+        pipeCurves_ = BoxTree(curves);
+        pieces_ = BoxGrid(kPipesPerCell * MedianReach(std::move(sides)));
+    }
+
+    void IndexWells() {
+        std::vector<AcGePoint3d> positions;
+        std::vector<double> radii;
+        positions.reserve(search_.WellSites().size());
+        radii.reserve(search_.WellSites().size());
+        for (const WellSite& well : search_.WellSites()) {
+            positions.push_back(well.position);
+            radii.push_back(well.radius);
+        }
+        usualQuery_ = 2.0 * MedianReach(std::move(radii));
+        wells_ = PointGrid(usualQuery_, positions);
+    }
+
     const PressureNetworkSearch& search_;
     double largestRadius_;    // wells only leave, so it stays a bound
     double usualQuery_ = 0.0; // side of the square that most wells take up
     double slack_;            // by which pipes may miss one another and still meet
     int drawnPipes_;          // what lies behind them in the pool are pieces
     BoxTree pipeCurves_;
-    BoxGrid pieces_{50.0};
+    BoxGrid pieces_;
     PointGrid pipeEnds_;
     PointGrid wells_;
     PointGrid searchPoints_;

@@ -9,8 +9,8 @@ namespace tkvlt {
 
 /// The middle one of the reaches that are finite and positive, of two the larger; 0.0 for none.
 ///
-/// What is laid out for the usual well goes by this and not by the largest: a diameter in the wrong
-/// unit makes one well a thousand times as wide as the others. Linear.
+/// What is laid out for the usual well or pipe goes by this and not by the largest: a diameter in
+/// the wrong unit makes one well a thousand times as wide as the others. Linear.
 inline double MedianReach(std::vector<double> reaches) {
     const auto isUnusable = [](double reach) { return !(std::isfinite(reach) && reach > 0.0); };
     reaches.erase(std::remove_if(reaches.begin(), reaches.end(), isUnusable), reaches.end());
