@@ -285,7 +285,7 @@ host_db::ResultItems AcDbObject::readXdata() const {
         return extra_->xdata;
     }
     const AcDbDatabase* owner = database();
-    if (source_.xdataOffset == 0 || owner == nullptr || owner->source() == nullptr) {
+    if (source_.xdata == 0 || owner == nullptr || owner->source() == nullptr) {
         return {};
     }
     resbuf* chain = owner->source()->readXdata(source_);

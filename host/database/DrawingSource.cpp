@@ -9,7 +9,7 @@ namespace host_db {
 DrawingSource::~DrawingSource() = default;
 
 bool DrawingSource::firstXdataString(const host_dxf::SourceRange& range, const wchar_t* application,
-                                     CString& text) const {
+                                     std::uint32_t /*number*/, CString& text) const {
     resbuf* chain = readXdata(range);
     const resbuf* item = chain;
     const auto isSection = [](const resbuf* it) { return it->restype == AcDb::kDxfRegAppName; };

@@ -19,18 +19,19 @@ public:
     DrawingSource& operator=(const DrawingSource&) = delete;
     virtual ~DrawingSource();
 
-    /// Decodes the extended data that starts at `range.begin + range.xdataOffset`: for each
-    /// application a 1001 item, then its items in file order. The chain belongs to the caller
-    /// (acutRelRb); nullptr when the range holds none. The data ends where the next tag is not of
-    /// group 1000 to 1071, at the latest at `range.end`.
+    /// Decodes the extended data of the object with these bytes: for each application a 1001 item,
+    /// then its items in file order. The chain belongs to the caller (acutRelRb); nullptr when the
+    /// range holds none. The data ends where the next tag is not of group 1000 to 1071, at the
+    /// latest at `range.end`.
     virtual resbuf* readXdata(const host_dxf::SourceRange& range) const = 0;
 
-    /// Finds the first section of `application` (compared without regard to case) and the first
-    /// group 1000 item in it. Returns whether the section is there; `text` is set to the item's
-    /// text, to the empty text when the section has none, and left alone when there is no section.
-    /// This form goes through readXdata; a source overrides it where it can do better.
+    /// Finds the first section of `application` (compared without regard to case), which has that
+    /// number in the database, and the first group 1000 item in it. Returns whether the section is
+    /// there; `text` is set to the item's text, to the empty text when the section has none, and
+    /// left alone when there is no section. This form goes through readXdata; a source overrides it
+    /// where it can do better.
     virtual bool firstXdataString(const host_dxf::SourceRange& range, const wchar_t* application,
-                                  CString& text) const;
+                                  std::uint32_t number, CString& text) const;
 };
 
 } // namespace host_db

@@ -9,13 +9,13 @@ namespace host_dxf {
 ///
 /// `begin` and `end` are offsets into the buffer that the database's DrawingSource owns, `end` one
 /// past the last byte. `firstLine` is the number of the first line, counted from 1 (0 in a binary
-/// file). `xdataOffset` is the distance in bytes from `begin` to the object's first group 1001 tag,
-/// 0 when it has none. An object made in this process has an empty range.
+/// file). `xdata` is the number under which the source has noted the object's extended data, 0 when
+/// it has none. An object made in this process has an empty range.
 struct SourceRange {
     std::size_t begin = 0;
     std::size_t end = 0;
     std::uint32_t firstLine = 0;
-    std::uint32_t xdataOffset = 0;
+    std::uint32_t xdata = 0;
 
     bool isEmpty() const { return begin == end; }
 };

@@ -45,7 +45,8 @@ bool firstXdataString(const AcDbObject& object, const wchar_t* application, CStr
     const std::uint32_t number = database->applications().find(application);
     if (number != XdataApplications::kNone &&
         database->applications().contains(object.applicationSet(), number)) {
-        hasApp = database->source()->firstXdataString(object.sourceRange(), application, text);
+        hasApp =
+            database->source()->firstXdataString(object.sourceRange(), application, number, text);
     }
     return hasApp;
 }

@@ -1,6 +1,5 @@
 #include "dxf/DxfDrawingSource.h"
 
-#include "database/NameKey.h"
 #include "dxf/TagCursor.h"
 #include "platform/WideCharacters.h"
 
@@ -11,6 +10,8 @@ namespace host_dxf {
 namespace {
 
 constexpr int firstXdataCode = 1000;
+constexpr int textCode = 1000;
+constexpr int applicationCode = 1001;
 constexpr int lastXdataCode = 1071;
 
 /// The next group of extended data; false where the data ends.
@@ -27,53 +28,19 @@ bool nextXdata(TagCursor& cursor, DxfTag& tag) {
 
 DxfDrawingSource::DxfDrawingSource(std::shared_ptr<const DxfSource> file,
                                    std::shared_ptr<const TextDecoder> decoder)
-    : file_(std::move(file)), decoder_(std::move(decoder)), sections_(*file_), texts_(*decoder_) {}
+    : file_(std::move(file)), decoder_(std::move(decoder)), texts_(*decoder_) {}
 
-TagCursor DxfDrawingSource::cursorOver(const SourceRange& range) const {
-    return {*file_, range.begin + range.xdataOffset, range.end, range.firstLine};
-}
-
-void DxfDrawingSource::setApplicationNames(const ApplicationNames& names) {
-    numberOfBytes_.clear();
-    numberOfName_.clear();
-    onlySpelling_.clear();
-    for (const auto& [bytes, name] : names) {
-        const auto next = static_cast<std::uint32_t>(onlySpelling_.size());
-        const auto [entry, isNew] = numberOfName_.try_emplace(host_db::nameKey(name.c_str()), next);
-        const std::uint32_t number = entry->second;
-        if (isNew) {
-            onlySpelling_.push_back(bytes);
-        } else {
-            onlySpelling_[number] = {};
-        }
-        numberOfName_.try_emplace(name, number);
-        numberOfBytes_.emplace(bytes, number);
-    }
-}
-
-std::uint32_t DxfDrawingSource::applicationNumber(const wchar_t* application) const {
-    auto known = numberOfName_.find(std::wstring_view(application));
-    if (known == numberOfName_.end()) {
-        known = numberOfName_.find(host_db::nameKey(application));
-    }
-    return known == numberOfName_.end() ? kNoApplication : known->second;
-}
-
-bool DxfDrawingSource::isApplication(std::string_view bytes, const wchar_t* application,
-                                     std::uint32_t number) const {
-    const auto known = numberOfBytes_.find(bytes);
-    return known != numberOfBytes_.end()
-               ? known->second == number
-               : host_text::compareNoCase(decoder_->decode(bytes).c_str(), application) == 0;
+TagCursor DxfDrawingSource::xdataOf(const SourceRange& range) const {
+    return {*file_, range.begin + xdataNotes_.beginOf(range.xdata), range.end, range.firstLine};
 }
 
 resbuf* DxfDrawingSource::readXdata(const SourceRange& range) const {
-    if (range.xdataOffset == 0) {
+    if (range.xdata == 0) {
         return nullptr;
     }
     const HandleResolver noReferences; // extended data has no group of an object reference
     ItemCollector items(*decoder_, noReferences);
-    TagCursor cursor = cursorOver(range);
+    TagCursor cursor = xdataOf(range);
     DxfTag tag;
     while (nextXdata(cursor, tag)) {
         items.add(tag);
@@ -81,33 +48,43 @@ resbuf* DxfDrawingSource::readXdata(const SourceRange& range) const {
     return host_db::chainOf(items.take());
 }
 
-/// The first section of an application in the data that `sections_` has turned to.
-const XdataSection* DxfDrawingSource::findSection(const wchar_t* application) const {
-    const std::uint32_t number = applicationNumber(application);
-    const std::string_view spelling =
-        number < onlySpelling_.size() ? onlySpelling_[number] : std::string_view();
-    for (std::size_t i = 0; const XdataSection* section = sections_.at(i); ++i) {
-        const bool isFound = spelling.empty()
-                                 ? isApplication(section->application, application, number)
-                                 : section->application == spelling;
-        if (isFound) {
-            return section;
+/// The first text of an application's first section, both of which are there.
+std::string_view DxfDrawingSource::farText(const SourceRange& range,
+                                           const wchar_t* application) const {
+    TagCursor cursor = xdataOf(range);
+    DxfTag tag;
+    bool inSection = false;
+    while (nextXdata(cursor, tag) && !(inSection && tag.code == textCode)) {
+        if (tag.code == applicationCode) {
+            inSection =
+                host_text::compareNoCase(decoder_->decode(tag.text).c_str(), application) == 0;
         }
     }
-    return nullptr;
+    return tag.text;
 }
 
 bool DxfDrawingSource::firstXdataString(const SourceRange& range, const wchar_t* application,
-                                        CString& text) const {
-    if (range.xdataOffset == 0) {
+                                        std::uint32_t number, CString& text) const {
+    using Outcome = XdataNotes::Outcome;
+    if (range.xdata == 0) {
         return false;
     }
-    sections_.turnTo(range);
-    const XdataSection* const section = findSection(application);
-    if (section == nullptr) {
+    const XdataNotes::Finding finding = xdataNotes_.find(range.xdata, number);
+    switch (finding.outcome) {
+    case Outcome::NoSection:
         return false;
+    case Outcome::NoText:
+        text.Empty();
+        break;
+    case Outcome::Text: {
+        const std::size_t begin = range.begin + xdataNotes_.beginOf(range.xdata) + finding.text;
+        text = texts_.of(TagCursor(*file_, begin, range.end, range.firstLine).textHere());
+        break;
     }
-    text = section->hasText ? texts_.of(section->text) : CString();
+    case Outcome::Unknown:
+        text = texts_.of(farText(range, application));
+        break;
+    }
     return true;
 }
 

@@ -7,16 +7,12 @@
 #include "dxf/ItemCollector.h"
 #include "dxf/RecentTexts.h"
 #include "dxf/TextDecoder.h"
-#include "dxf/XdataSections.h"
+#include "dxf/XdataNotes.h"
 
 #include <cstdint>
-#include <functional>
 #include <memory>
-#include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
-#include <vector>
 
 namespace host_dxf {
 
@@ -31,7 +27,7 @@ public:
 
     resbuf* readXdata(const SourceRange& range) const override;
     bool firstXdataString(const SourceRange& range, const wchar_t* application,
-                          CString& text) const override;
+                          std::uint32_t number, CString& text) const override;
     bool holdsDictionaries() const override { return outline_.hasMarkers(); }
 
     const DxfSource& file() const { return *file_; }
@@ -39,38 +35,17 @@ public:
     const FileOutline& outline() const { return outline_; }
     void setOutline(FileOutline outline) { outline_ = std::move(outline); }
 
-    /// The decoded names of the file's applications by their bytes in the file, so that looking for
-    /// an application decodes no name: those of all objects with extended data. Without any, names
-    /// are decoded each time.
-    using ApplicationNames = std::unordered_map<std::string_view, std::wstring>;
-    void setApplicationNames(const ApplicationNames& names);
+    /// What is known of the objects' extended data, filled while the drawing is read.
+    XdataNotes& xdataNotes() { return xdataNotes_; }
 
 private:
-    static constexpr std::uint32_t kNoApplication = 0xFFFFFFFFU;
-    /// For hashing a text of any kind, so that a look-up copies none.
-    struct TextHash {
-        using is_transparent = void;
-        std::size_t operator()(std::wstring_view text) const noexcept {
-            return std::hash<std::wstring_view>{}(text);
-        }
-    };
-
-    TagCursor cursorOver(const SourceRange& range) const;
-    std::uint32_t applicationNumber(const wchar_t* application) const;
-    bool isApplication(std::string_view bytes, const wchar_t* application,
-                       std::uint32_t number) const;
-    const XdataSection* findSection(const wchar_t* application) const;
+    TagCursor xdataOf(const SourceRange& range) const;
+    std::string_view farText(const SourceRange& range, const wchar_t* application) const;
 
     std::shared_ptr<const DxfSource> file_;
     std::shared_ptr<const TextDecoder> decoder_;
     FileOutline outline_;
-    /// The file's applications are numbered, one number for all cases of a name.
-    std::unordered_map<std::string_view, std::uint32_t> numberOfBytes_;
-    /// By the names as the file spells them, and in the form that all cases share.
-    std::unordered_map<std::wstring, std::uint32_t, TextHash, std::equal_to<>> numberOfName_;
-    /// By number, the bytes of an application that the file spells in one way; else empty.
-    std::vector<std::string_view> onlySpelling_;
-    mutable XdataSections sections_; ///< of the object that was asked last
+    XdataNotes xdataNotes_;
     mutable RecentTexts texts_;
 };
 

@@ -25,6 +25,9 @@ struct DxfRecord {
     std::vector<DxfTag> tags;
     /// The group 1001 of each section of extended data.
     std::vector<DxfTag> applications;
+    /// The first group 1000 of each section up to where the extended data end, which is before the
+    /// last application when something else stands between them; without data() for none.
+    std::vector<std::string_view> firstTexts;
     /// The extension dictionary's handle, 0 when there is none.
     std::uint64_t extensionDictionary = 0;
 

@@ -35,9 +35,9 @@ const DxfTag* handleTag(const DxfRecord& record) {
 } // namespace
 
 LoadContext::LoadContext(AcDbDatabase& database, const DxfDrawingSource& source,
-                         const FileSurvey& survey)
+                         const FileSurvey& survey, XdataNotes* notes)
     : database_(database), survey_(survey), file_(source.file()), decoder_(source.decoder()),
-      reader_(source.file()), builder_(database) {
+      notes_(notes), reader_(source.file()), builder_(database) {
     builder_.setHandleSeed(std::max(survey.handleSeed, survey.highestHandle + 1));
     outline_.version = survey.version;
     outline_.codePage = survey.codePage;
@@ -82,8 +82,11 @@ void LoadContext::requireAdded(AcDbObjectId added, const DxfRecord& record) {
 host_db::ObjectHeader LoadContext::objectHeader(const DxfRecord& record) {
     host_db::ObjectHeader header;
     header.handle = ownHandle(record);
+    numberApplications(record);
     header.source = record.range;
-    header.applicationSet = applicationSet(record);
+    header.source.xdata = noteXdata(record);
+    header.applicationSet =
+        applicationNumbers_.empty() ? 0 : builder_.applicationSet(applicationNumbers_);
     header.extensionDictionary = builder_.idForHandle(record.extensionDictionary);
     return header;
 }
@@ -110,15 +113,27 @@ std::uint32_t LoadContext::application(std::string_view name) {
     return number;
 }
 
-std::uint32_t LoadContext::applicationSet(const DxfRecord& record) {
-    if (record.applications.empty()) {
-        return 0;
-    }
+void LoadContext::numberApplications(const DxfRecord& record) {
     applicationNumbers_.clear();
     for (const DxfTag& tag : record.applications) {
         applicationNumbers_.push_back(application(tag.text));
     }
-    return builder_.applicationSet(applicationNumbers_);
+}
+
+/// Needs the applications of the record numbered.
+std::uint32_t LoadContext::noteXdata(const DxfRecord& record) {
+    if (notes_ == nullptr || record.applications.empty()) {
+        return 0;
+    }
+    const std::size_t begin = record.applications.front().begin;
+    sections_.clear();
+    for (std::size_t i = 0; i < record.firstTexts.size(); ++i) {
+        const char* const text = record.firstTexts[i].data();
+        const std::size_t offset =
+            text == nullptr ? 0 : static_cast<std::size_t>(text - file_.bytes().data()) - begin;
+        sections_.push_back({applicationNumbers_[i], offset});
+    }
+    return notes_->add(static_cast<std::uint32_t>(begin - record.range.begin), sections_);
 }
 
 AcDbObjectId LoadContext::cached(NameCache& cache, Table table, std::string_view name) {
@@ -253,14 +268,6 @@ void LoadContext::noteLayout(std::uint64_t blockHandle, AcDbObjectId layout) {
     if (record != blockRecords_.end()) {
         builder_.setLayout(record->second, layout);
     }
-}
-
-DxfDrawingSource::ApplicationNames LoadContext::applicationNames() const {
-    DxfDrawingSource::ApplicationNames names;
-    for (const auto& [bytes, number] : applications_) {
-        names.emplace(bytes, decode(bytes));
-    }
-    return names;
 }
 
 void LoadContext::finish() {

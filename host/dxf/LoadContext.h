@@ -4,6 +4,7 @@
 #include "dxf/DxfDrawingSource.h"
 #include "dxf/FileSurvey.h"
 #include "dxf/RecordReader.h"
+#include "dxf/XdataNotes.h"
 
 #include <cstdint>
 #include <string>
@@ -20,8 +21,10 @@ class LoadContext {
 public:
     using Table = host_db::DatabaseBuilder::Table;
 
-    /// `source` belongs to the database and outlives the context.
-    LoadContext(AcDbDatabase& database, const DxfDrawingSource& source, const FileSurvey& survey);
+    /// `source` outlives the context. `notes` are the source's when it belongs to the database, so
+    /// that the database finds extended data there; null when it does not.
+    LoadContext(AcDbDatabase& database, const DxfDrawingSource& source, const FileSurvey& survey,
+                XdataNotes* notes);
 
     RecordReader& reader() { return reader_; }
     const DxfSource& file() const { return file_; }
@@ -73,8 +76,6 @@ public:
     AcDbObjectId namedObjects() const { return database_.namedObjectsDictionaryId(); }
     /// True the first time it is asked for a table.
     bool isFirstTable(Table table) { return tables_.insert(table).second; }
-    /// The applications met so far, decoded.
-    DxfDrawingSource::ApplicationNames applicationNames() const;
     /// To be called once, when all sections are read.
     void finish();
 
@@ -86,7 +87,8 @@ private:
 
     AcDbObjectId cached(NameCache& cache, Table table, std::string_view name);
     std::uint32_t application(std::string_view name);
-    std::uint32_t applicationSet(const DxfRecord& record);
+    void numberApplications(const DxfRecord& record);
+    std::uint32_t noteXdata(const DxfRecord& record);
     AcDbObjectId paperSpaceOf(const DxfRecord& entity);
     bool isSpace(AcDbObjectId block) const;
     void nameSpaces();
@@ -95,6 +97,7 @@ private:
     FileSurvey survey_;
     const DxfSource& file_;
     const TextDecoder& decoder_;
+    XdataNotes* notes_;
     RecordReader reader_;
     host_db::DatabaseBuilder builder_;
     FileOutline outline_;
@@ -104,6 +107,7 @@ private:
     NameCache blocks_;
     std::unordered_map<std::string_view, std::uint32_t> applications_;
     std::vector<std::uint32_t> applicationNumbers_; ///< of one record, reused
+    std::vector<XdataNotes::Section> sections_;     ///< of one record, reused
     std::unordered_map<std::uint64_t, AcDbObjectId> blockRecords_;
     std::vector<AcDbObjectId> spaces_;
     std::unordered_set<AcDbObjectId> filled_;

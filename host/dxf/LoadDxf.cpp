@@ -92,12 +92,11 @@ std::unique_ptr<AcDbDatabase> loadFrom(const std::shared_ptr<const DxfSource>& f
         file, std::make_shared<const TextDecoder>(survey.codePage, survey.isUtf8));
     DxfDrawingSource& shared = *source;
     auto database = std::make_unique<AcDbDatabase>(false);
-    LoadContext context(*database, shared, survey);
+    LoadContext context(*database, shared, survey, &shared.xdataNotes());
     context.builder().setSource(std::move(source));
     loadSections(context);
     context.outline().objectCount = database->objects().size();
     shared.setOutline(std::move(context.outline()));
-    shared.setApplicationNames(context.applicationNames());
     return database;
 }
 

@@ -42,7 +42,7 @@ AcDbObjectId tableOf(const AcDbDatabase& database, LoadContext::Table table) {
 } // namespace
 
 OriginalObjects::OriginalObjects(const DxfDrawingSource& source)
-    : database_(false), context_(database_, source, surveyFile(source.file())) {
+    : database_(false), context_(database_, source, surveyFile(source.file()), nullptr) {
     context_.completeBlocks();
     block_ = context_.builder().addBlock(L"*Changed", 0, {});
 }

@@ -6,7 +6,9 @@ namespace host_dxf {
 
 namespace {
 
+constexpr int textCode = 1000;
 constexpr int applicationCode = 1001;
+constexpr int lastXdataCode = 1071;
 constexpr int ownedHandleCode = 360;
 
 /// Puts the groups of one record into the parts that DxfRecord names.
@@ -26,26 +28,33 @@ public:
             }
             break;
         case RecordPart::Xdata:
-            addApplication(tag);
-            break;
+            addXdata(tag);
+            return;
         case RecordPart::Embedded:
             break;
         }
+        xdataEnded_ = !record_.applications.empty();
     }
 
 private:
-    void addApplication(const DxfTag& tag) {
-        if (tag.code != applicationCode) {
+    void addXdata(const DxfTag& tag) {
+        xdataEnded_ = xdataEnded_ || tag.code > lastXdataCode;
+        if (tag.code == applicationCode) {
+            record_.applications.push_back(tag);
+        }
+        if (xdataEnded_) {
             return;
         }
-        record_.applications.push_back(tag);
-        if (record_.applications.size() == 1) {
-            record_.range.xdataOffset = static_cast<std::uint32_t>(tag.begin - record_.range.begin);
+        if (tag.code == applicationCode) {
+            record_.firstTexts.emplace_back();
+        } else if (tag.code == textCode && record_.firstTexts.back().data() == nullptr) {
+            record_.firstTexts.back() = tag.text;
         }
     }
 
     DxfRecord& record_;
     RecordSorter sorter_;
+    bool xdataEnded_ = false;
 };
 
 } // namespace
@@ -88,6 +97,7 @@ void RecordReader::read(DxfRecord& record) {
     record.range = {next_.begin, next_.end, next_.line, 0};
     record.tags.clear();
     record.applications.clear();
+    record.firstTexts.clear();
     record.extensionDictionary = 0;
     RecordFiller filler(record);
     for (advance(); next_.code != 0; advance()) {

@@ -73,22 +73,8 @@ bool TagCursor::nextUnparsed(DxfTag& tag) {
     return source_->isText() ? nextText(tag) : nextBinary(tag);
 }
 
-bool TagCursor::nextXdataText(DxfTag& tag) {
-    constexpr std::size_t digits = 4;
-    const std::string_view rest = bytes_.substr(offset_, digits + 2);
-    if (!source_->isText() || rest.size() < digits + 2 || !rest.starts_with("100") ||
-        (rest[digits - 1] != '0' && rest[digits - 1] != '1')) {
-        return false;
-    }
-    const std::size_t lineEnd = rest[digits] == '\r' ? digits + 1 : digits;
-    if (rest[lineEnd] != '\n' || offset_ + lineEnd + 1 >= bytes_.size()) {
-        return false;
-    }
-    offset_ += lineEnd + 1;
-    ++line_;
-    tag.code = rest[digits - 1] == '0' ? 1000 : 1001;
-    tag.text = takeLine();
-    return true;
+std::string_view TagCursor::textHere() {
+    return source_->isText() ? takeLine() : takeTerminated(offset_);
 }
 
 FilePosition TagCursor::position() const {

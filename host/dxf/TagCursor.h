@@ -29,10 +29,8 @@ public:
     /// file no different from next.
     bool nextUnparsed(DxfTag& tag);
 
-    /// The same for the groups of which extended data mostly consists, texts (1000) and names of
-    /// applications (1001) in the usual spelling, of which only `code` and `text` are written.
-    /// False, with nothing taken, for any other group and in a binary file.
-    bool nextXdataText(DxfTag& tag);
+    /// The value of a group of text that begins here, behind the code.
+    std::string_view textHere();
 
     /// Where the next group code stands.
     FilePosition position() const;

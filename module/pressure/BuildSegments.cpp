@@ -17,16 +17,23 @@ double DistanceToCurve(const _Pipe& pipe, const AcGePoint3d& point) {
     return pipe.isArc != 0 ? pipe.arc.distanceTo(point) : pipe.line.distanceTo(point);
 }
 
+/// Two circles whose centres and radii differ by no more than this, in drawing units, are one.
+constexpr double kOneCircle = 1e-7;
+
 /// Below this difference two pieces of one entity lie equally far from the point. The circles of
 /// two pieces of one arc, each laid through three points, may differ by more than their coordinates
-/// do.
+/// do; those of a piece whose end was moved to a well differ in earnest.
 double NoiseOfDistances(const _Pipe& a, const _Pipe& b, const AcGePoint3d& point) {
     const double noise = RoundingNoise({point, a.startPoint, a.endPoint, b.startPoint, b.endPoint});
     if (a.isArc == 0 || b.isArc == 0) {
         return noise;
     }
-    return std::max(noise, RoundingNoise({a.arc.center(), b.arc.center()})) +
-           a.arc.center().distanceTo(b.arc.center()) + std::abs(a.arc.radius() - b.arc.radius());
+    const double centres = a.arc.center().distanceTo(b.arc.center());
+    const double radii = std::abs(a.arc.radius() - b.arc.radius());
+    if (!(centres <= kOneCircle && radii <= kOneCircle)) {
+        return noise;
+    }
+    return std::max(noise, RoundingNoise({a.arc.center(), b.arc.center()})) + centres + radii;
 }
 
 } // namespace

@@ -28,6 +28,17 @@ int InsertPoint(CArray<AcGePoint3d, AcGePoint3d>& points, const AcGePoint3d& beg
     return place;
 }
 
+/// Puts an id beside its point. That of the last point goes to the end of its list, also where a
+/// caller has left the list shorter than the points.
+void InsertId(AcDbObjectIdArray& ids, const CArray<AcGePoint3d, AcGePoint3d>& points, int place,
+              const AcDbObjectId& id) {
+    if (place == points.GetUpperBound()) {
+        ids.append(id);
+    } else {
+        ids.insertAt(place, id);
+    }
+}
+
 double WellDiameter(const AcDbObjectId& id) {
     return NumberPrefix(XdataText(id, xdata::kWellDiameter));
 }
@@ -82,11 +93,11 @@ AcGePoint3d PressureSeg::GetBeginPoint() {
 }
 
 void PressureSeg::InsertMeterWell(AcGePoint3d point, AcDbObjectId id) {
-    meterIds.insertAt(InsertPoint(meterPoints, GetBeginPoint(), point), id);
+    InsertId(meterIds, meterPoints, InsertPoint(meterPoints, GetBeginPoint(), point), id);
 }
 
 void PressureSeg::InsertValveWell(AcGePoint3d point, AcDbObjectId id) {
-    valveIds.insertAt(InsertPoint(valvePoints, GetBeginPoint(), point), id);
+    InsertId(valveIds, valvePoints, InsertPoint(valvePoints, GetBeginPoint(), point), id);
 }
 
 void PressureSeg::InsertOutputPoint(AcGePoint3d point, AcDbObjectId id, double value) {

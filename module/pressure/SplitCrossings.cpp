@@ -9,7 +9,8 @@ namespace tkvlt {
 
 namespace {
 
-// So many cuts of arcs no drawing needs whose cutting ends by itself.
+// An arc that eleven branches meet is cut fewer times than this; every further branch doubles the
+// number, and each piece is one more way round the same circle.
 constexpr int kCutsOfAnyDrawing = 512;
 constexpr int kCutsOfAnyPipe = 64;
 /// Beyond these, and as many a pipe as above, no cut is made any more of what could be cut without

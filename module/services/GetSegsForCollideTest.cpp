@@ -94,10 +94,12 @@ int GetSegsForCollideTest(CArray<Seg, Seg&>& segs, const AcDbObjectIdArray& pipe
     if (pipes.length() < 1) {
         return 0;
     }
+    // A copy, for the list may belong to an entry that moves when `segs` grows.
+    const AcDbObjectIdArray ids(pipes);
     tkvlt::SinglePipeSearch search;
-    for (int i = 0; i < pipes.length(); ++i) {
+    for (int i = 0; i < ids.length(); ++i) {
         Seg seg;
-        BuildSeg(seg, pipes.at(i), search);
+        BuildSeg(seg, ids.at(i), search);
         segs.Add(seg);
     }
     if (removeDuplicates != 0) {

@@ -204,52 +204,25 @@ TEST(TagCursor, ReadsARangeByItself) {
     EXPECT_FALSE(cursor.next(tag));
 }
 
-/// What the short way takes of a group that begins these bytes: "code text", "" for nothing.
-std::string takenAsXdataText(std::string_view bytes) {
+/// The text that begins at an offset of the bytes.
+std::string textAt(std::string_view bytes, std::size_t offset) {
     const auto source = sourceOf(bytes);
-    TagCursor cursor(*source);
-    DxfTag tag;
-    if (!cursor.nextXdataText(tag)) {
-        // Nothing was taken, so the group is there for the long way.
-        EXPECT_EQ(cursor.position().offset, source->firstOffset());
-        return "";
-    }
-    return std::to_string(tag.code) + " " + std::string(tag.text);
+    return std::string(TagCursor(*source, offset, bytes.size(), 1).textHere());
 }
 
-TEST(TagCursor, TakesTextsOfExtendedDataTheShortWay) {
-    EXPECT_EQ(takenAsXdataText("1000\nPVC\n1001\nB\n"), "1000 PVC");
-    EXPECT_EQ(takenAsXdataText("1001\r\nB\r\n0\r\nEOF\r\n"), "1001 B");
-    EXPECT_EQ(takenAsXdataText("1000\n a \n"), "1000  a ");
-    EXPECT_EQ(takenAsXdataText("1000\n\n1001\nB\n"), "1000 ") << "a text may be empty";
-    EXPECT_EQ(takenAsXdataText("1000\nlast"), "1000 last");
+TEST(TagCursor, ATextIsReadFromItsPlaceUpToItsEnd) {
+    EXPECT_EQ(textAt("1000\nPVC\n1001\nB\n", 5), "PVC");
+    EXPECT_EQ(textAt("1000\r\nPVC\r\n0\r\nEOF\r\n", 6), "PVC");
+    EXPECT_EQ(textAt("1000\n a \n", 5), " a ");
+    EXPECT_EQ(textAt("1000\n\n1001\nB\n", 5), "") << "a text may be empty";
+    EXPECT_EQ(textAt("1000\nlast", 5), "last");
+    EXPECT_EQ(textAt("1000\rPVC\r", 5), "PVC");
 }
 
-TEST(TagCursor, LeavesAnyOtherGroupToTheLongWay) {
-    for (const std::string bytes :
-         {"1002\n{\n", "1070\n1\n", "100\nAcDbLine\n", "10000\nx\n", " 1000\nx\n", "1000 \nx\n",
-          "01000\nx\n", "1000\rx\r", "1000\n", "1000\r\n", "1000", "1001\r", "0\nEOF\n", "\n"}) {
-        EXPECT_EQ(takenAsXdataText(bytes), "") << bytes;
-    }
-    EXPECT_EQ(takenAsXdataText(BinaryFile(BinaryFile::Codes::Wide).text(1000, "x").bytes()), "");
-}
-
-TEST(TagCursor, BothWaysTakeTheSameGroupsAndLines) {
-    const auto source = sourceOf("1001\nA\n1000\none\n1070\n7\n1000\ntwo\n 1000\nthree\n");
-    TagCursor cursor(*source);
-    std::vector<std::string> texts;
-    std::vector<std::size_t> lines;
-    DxfTag tag;
-    for (int i = 0; i < 5; ++i) {
-        ASSERT_TRUE(cursor.nextXdataText(tag) || cursor.nextUnparsed(tag));
-        texts.push_back(std::to_string(tag.code) + " " + std::string(tag.text));
-        lines.push_back(cursor.position().line);
-    }
-    EXPECT_EQ(texts,
-              (std::vector<std::string>{"1001 A", "1000 one", "1070 7", "1000 two", "1000 three"}));
-    EXPECT_EQ(lines, (std::vector<std::size_t>{3, 5, 7, 9, 11}));
-    EXPECT_FALSE(cursor.nextXdataText(tag));
-    EXPECT_FALSE(cursor.nextUnparsed(tag));
+TEST(TagCursor, ATextOfABinaryFileIsReadFromItsPlaceUpToItsEnd) {
+    const std::string bytes =
+        BinaryFile(BinaryFile::Codes::Wide).text(1000, "PVC").text(1001, "B").bytes();
+    EXPECT_EQ(textAt(bytes, bytes.find("PVC")), "PVC");
 }
 
 TEST(TagCursor, CodesOfEverySpellingAreRead) {

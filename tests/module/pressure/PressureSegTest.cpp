@@ -75,6 +75,21 @@ TEST_F(PressureSegTest, AtTheBeginPointTheNewMeterGoesBehindTheOneAtDistanceZero
     EXPECT_EQ(idsOf(seg.meterIds), (Ids{first, second, far}));
 }
 
+TEST_F(PressureSegTest, BehindTheLastPointAnIdGoesToTheEndOfItsListHoweverShort) {
+    PressureSeg seg;
+    makeStraight(seg);
+    seg.meterPoints.Add({2, 0, 0});
+    seg.valvePoints.Add({2, 0, 0});
+    const AcDbObjectId meter = drawing.meter({5, 0, 0});
+    const AcDbObjectId valve = drawing.valve({5, 0, 0});
+    seg.InsertMeterWell({5, 0, 0}, meter);
+    seg.InsertValveWell({5, 0, 0}, valve);
+    EXPECT_EQ(xOf(seg.meterPoints), (std::vector<double>{2, 5}));
+    EXPECT_EQ(idsOf(seg.meterIds), Ids{meter});
+    EXPECT_EQ(xOf(seg.valvePoints), (std::vector<double>{2, 5}));
+    EXPECT_EQ(idsOf(seg.valveIds), Ids{valve});
+}
+
 TEST_F(PressureSegTest, ValvesAtOneDistanceKeepTheOrderOfInsertion) {
     PressureSeg seg;
     makeStraight(seg);

@@ -361,4 +361,18 @@ TEST_F(PressureWalkTest, OfThePiecesOfAFlatArcTheFirstInThePoolIsTheRoot) {
     }
 }
 
+/// Half a circle from (10,0) over (0,10), where a main cuts it, to (-10,0), which moves to the well
+/// half a unit off. Of the first piece's circle, which stays, the pick at the well is 10.404 - 10
+/// away from the nearest place; the second piece ends at the pick.
+TEST_F(PressureWalkTest, OfTheCirclesOfAPieceAndOfOneMovedToAWellTheNearerCounts) {
+    drawing.setLengthMode(1);
+    const AcDbObjectId cut = drawing.arc({10, 0, 0}, {-10, 0, 0}, 1.0);
+    drawing.main({0, 10, 0}, {0, 20, 0});
+    drawing.well({-10.4, -0.3, 0});
+    search(cut, {-10.4, -0.3, 0});
+    ASSERT_GT(count(), 0);
+    EXPECT_TRUE(samePoint(seg(0).startPoint, {0, 10, 0}, 1e-6));
+    EXPECT_TRUE(samePoint(seg(0).endPoint, {-10.4, -0.3, 0}, 0));
+}
+
 } // namespace module_tests

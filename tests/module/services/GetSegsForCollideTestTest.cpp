@@ -125,6 +125,13 @@ TEST_F(CollideSegsTest, PressurePipesAreNeverRemoved) {
     }
 }
 
+TEST_F(CollideSegsTest, TheListOfPipesMayBeThatOfAnEntry) {
+    drawStretch(0);
+    ASSERT_EQ(collect({left}, kKeepAll), 1);
+    EXPECT_EQ(GetSegsForCollideTest(segs, segs.GetAt(0).gravity.pipeIds, kKeepAll), 1);
+    EXPECT_EQ(pipesOfEntries(), (Entries{{left, right}, {left, right}, {right, left}}));
+}
+
 TEST_F(CollideSegsTest, UnknownSystemGivesAnEntryWithThePipesOwnValues) {
     const AcDbObjectId gas = addAside(L"燃气");
     EXPECT_EQ(collect({gas, gas}, kOnce), 1);

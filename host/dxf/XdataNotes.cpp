@@ -1,0 +1,87 @@
+#include "dxf/XdataNotes.h"
+
+#include <algorithm>
+#include <limits>
+#include <stdexcept>
+
+namespace host_dxf {
+
+namespace {
+
+constexpr std::uint16_t noText = 0;
+constexpr std::uint16_t tooFar = 0xFFFF;
+constexpr std::size_t listPlace = 2;
+constexpr std::size_t sectionsPlace = 4;
+
+std::uint16_t noted(std::size_t text) {
+    return static_cast<std::uint16_t>(std::min<std::size_t>(text, tooFar));
+}
+
+} // namespace
+
+std::uint32_t XdataNotes::add(std::uint32_t begin, std::span<const Section> sections) {
+    if (notes_.size() >= std::numeric_limits<std::uint32_t>::max()) {
+        throw std::length_error("too much extended data");
+    }
+    const auto note = static_cast<std::uint32_t>(notes_.size() + 1);
+    const std::uint32_t list = listOf(sections);
+    addLong(begin);
+    addLong(list);
+    for (const Section& section : sections) {
+        notes_.push_back(noted(section.text));
+    }
+    return note;
+}
+
+std::uint32_t XdataNotes::beginOf(std::uint32_t note) const {
+    return longAt(note - 1);
+}
+
+XdataNotes::Finding XdataNotes::find(std::uint32_t note, std::uint32_t application) const {
+    const std::size_t place = note - 1;
+    const Applications& list = lists_[longAt(place + listPlace)];
+    const auto found = std::find(list.begin(), list.end(), application);
+    if (found == list.end()) {
+        return {Outcome::NoSection, 0};
+    }
+    const std::uint16_t text =
+        notes_[place + sectionsPlace + static_cast<std::size_t>(found - list.begin())];
+    if (text == noText) {
+        return {Outcome::NoText, 0};
+    }
+    return {text == tooFar ? Outcome::Unknown : Outcome::Text, text};
+}
+
+/// Objects of one kind mostly follow one another, so the last list is looked at first.
+std::uint32_t XdataNotes::listOf(std::span<const Section> sections) {
+    const auto isOf = [](const Section& section, std::uint32_t application) {
+        return section.application == application;
+    };
+    if (lastList_ < lists_.size() &&
+        std::equal(sections.begin(), sections.end(), lists_[lastList_].begin(),
+                   lists_[lastList_].end(), isOf)) {
+        return lastList_;
+    }
+    Applications list;
+    for (const Section& section : sections) {
+        list.push_back(section.application);
+    }
+    const auto [known, isNew] =
+        numberOfList_.try_emplace(list, static_cast<std::uint32_t>(lists_.size()));
+    if (isNew) {
+        lists_.push_back(std::move(list));
+    }
+    lastList_ = known->second;
+    return lastList_;
+}
+
+std::uint32_t XdataNotes::longAt(std::size_t place) const {
+    return notes_[place] | static_cast<std::uint32_t>(notes_[place + 1]) << 16;
+}
+
+void XdataNotes::addLong(std::uint32_t number) {
+    notes_.push_back(static_cast<std::uint16_t>(number));
+    notes_.push_back(static_cast<std::uint16_t>(number >> 16));
+}
+
+} // namespace host_dxf
