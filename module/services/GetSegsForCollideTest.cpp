@@ -95,7 +95,8 @@ int GetSegsForCollideTest(CArray<Seg, Seg&>& segs, const AcDbObjectIdArray& pipe
         return 0;
     }
     // A copy, for the list may belong to an entry that moves when `segs` grows.
-    const AcDbObjectIdArray ids(pipes);
+    AcDbObjectIdArray ids;
+    ids.append(pipes);
     tkvlt::SinglePipeSearch search;
     for (int i = 0; i < ids.length(); ++i) {
         Seg seg;
