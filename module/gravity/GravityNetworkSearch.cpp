@@ -63,8 +63,11 @@ int GravityNetworkSearch::Run() {
 }
 
 /// A node is a well of the system or a tank, so the arrays need not grow, which moves what they
-/// hold. Room that is never written to costs nothing.
+/// hold. Room that is never written to costs nothing. A search that finds no root needs no result.
 void GravityNetworkSearch::MakeRoomForResult() {
+    if (result == nullptr) {
+        return;
+    }
     const auto ofSystem =
         std::count_if(wellSites_.begin(), wellSites_.end(),
                       [&](const auto& well) { return well.systemName.Compare(systemName) == 0; });
@@ -75,6 +78,9 @@ void GravityNetworkSearch::MakeRoomForResult() {
 }
 
 void GravityNetworkSearch::GiveSpareRoomBack() {
+    if (result == nullptr) {
+        return;
+    }
     constexpr INT_PTR asUsual = 0;
     result->wells.SetSize(result->wells.GetSize(), asUsual);
     result->wells.FreeExtra();

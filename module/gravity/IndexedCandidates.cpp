@@ -61,6 +61,9 @@ void IndexedCandidates::IndexWells() {
     reaches.reserve(search_.WellSites().size());
     for (const WellSite& site : search_.WellSites()) {
         const double reach = WellReach(site);
+        if (std::isnan(reach) || std::isnan(site.position.x + site.position.y + site.position.z)) {
+            unmeasurableWells_.push_back(static_cast<int>(positions.size()));
+        }
         if (reach > largestReach_) {
             largestReach_ = reach;
             largestWell_ = static_cast<int>(positions.size());
@@ -114,7 +117,8 @@ std::vector<int> IndexedCandidates::PipesReachingInto(const PlanBox& box) const 
 }
 
 std::vector<int> IndexedCandidates::WellsIn(const PlanBox& box) const {
-    std::vector<int> wells;
+    // A distance that is no number is not greater than any, so such a well may lie anywhere.
+    std::vector<int> wells = unmeasurableWells_;
     wells_.Collect(box, wells);
     return PresentInOrder(std::move(wells), search_.wellPool);
 }

@@ -47,6 +47,7 @@ private:
     mutable bool hasCurves_ = false;
     mutable double slack_ = 0.0; // by which pipes may miss one another and still meet
     PointGrid wells_;
+    std::vector<int> unmeasurableWells_; // with a place or a reach that is no number
     BoxTree tanks_;
     PointGrid nodes_;
     EntryIndex pipeIds_;

@@ -10,8 +10,6 @@ namespace {
 
 /// The number of the level of boxes without bounds, which may have their corner anywhere.
 constexpr int kBoundless = std::numeric_limits<int>::max();
-constexpr double kEverywhere = std::numeric_limits<double>::infinity();
-constexpr PlanBox kWholePlane{-kEverywhere, -kEverywhere, kEverywhere, kEverywhere};
 
 } // namespace
 
@@ -48,7 +46,7 @@ void BoxGrid::Collect(const PlanBox& box, std::vector<int>& items) const {
     for (const auto& [number, level] : levels_) {
         const PlanBox widened = box.Widened(level.cellSize);
         const PlanBox corners{widened.minX, widened.minY, box.maxX, box.maxY};
-        level.boxes.Collect(box, number == kBoundless ? kWholePlane : corners, items);
+        level.boxes.Collect(box, number == kBoundless ? PlanBox::Everywhere() : corners, items);
     }
 }
 

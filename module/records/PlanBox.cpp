@@ -13,8 +13,15 @@ constexpr double kRelativeRounding = 1e-13;
 
 } // namespace
 
+PlanBox PlanBox::Everywhere() {
+    constexpr double boundless = std::numeric_limits<double>::infinity();
+    return {-boundless, -boundless, boundless, boundless};
+}
+
 PlanBox PlanBox::Around(const AcGePoint3d& point, double reach) {
-    return Of(point).Widened(reach);
+    const bool isFinite =
+        std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
+    return isFinite ? Of(point).Widened(reach) : Everywhere();
 }
 
 void PlanBox::Include(const PlanBox& other) {
@@ -30,8 +37,7 @@ PlanBox PlanBox::Widened(double margin) const {
         {std::fabs(minX), std::fabs(minY), std::fabs(maxX), std::fabs(maxY), std::fabs(margin)});
     const double width = margin + largest * kRelativeRounding;
     if (!std::isfinite(width)) {
-        constexpr double everywhere = std::numeric_limits<double>::infinity();
-        return {-everywhere, -everywhere, everywhere, everywhere};
+        return Everywhere();
     }
     return {minX - width, minY - width, maxX + width, maxY + width};
 }

@@ -11,9 +11,11 @@ struct PlanBox {
     double maxX;
     double maxY;
 
+    static PlanBox Everywhere();
     static PlanBox Of(const AcGePoint3d& point) { return {point.x, point.y, point.x, point.y}; }
     /// A box that holds every point at most `reach` from `point`, rounding included. A reach that
-    /// is not a number gives the whole plane, since comparisons with it can pass anywhere.
+    /// is not a number gives the whole plane, since comparisons with it can pass anywhere, and so
+    /// does a point of which a coordinate is not finite, height included.
     static PlanBox Around(const AcGePoint3d& point, double reach);
 
     void Include(const PlanBox& other);

@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <limits>
 #include <memory>
 #include <vector>
 
@@ -102,10 +101,9 @@ bool BreakAtPlaces(AcDbObjectIdArray& lines, int i, int j, std::size_t mostPiece
 /// Where another line must come for the two to break one another, in plan. What is no line, or
 /// cannot be read, may lie anywhere.
 PlanBox BoxOf(AcDbObjectId id) {
-    constexpr double everywhere = std::numeric_limits<double>::infinity();
     AcDbObject* object = nullptr;
     if (acdbOpenAcDbObject(object, id, AcDb::kForRead, AcDbLine::desc(), false) != Acad::eOk) {
-        return {-everywhere, -everywhere, everywhere, everywhere};
+        return PlanBox::Everywhere();
     }
     const AcGePoint3d start = static_cast<AcDbLine*>(object)->startPoint();
     const AcGePoint3d end = static_cast<AcDbLine*>(object)->endPoint();

@@ -257,5 +257,49 @@ TEST_F(ExtremePlaceTest, APolylineOfOnePlaceIsSplitLikeAnyOther) {
     EXPECT_EQ(count, 3);
 }
 
+// The distance to such a well is no number, and so is not greater than the wells reach together.
+TEST_F(ExtremePlaceTest, AWellWhosePlaceIsNoNumberMergesWithTheFirstThatAsks) {
+    const double none = std::nan("");
+    for (const AcGePoint3d& place : {AcGePoint3d(none, 50, 0), {50, none, 0}, {50, 50, none}}) {
+        drawing.startAnew();
+        const ShortSewer sewer = addShortSewer(drawing);
+        const AcDbObjectId odd = drawing.addWell(place);
+        GravitySearchObject network;
+        EXPECT_EQ(searchSewer(network, sewer.first), 1);
+        ASSERT_EQ(network.wells.GetSize(), 2);
+        EXPECT_EQ(idsOf(network.wells[0].mergedEntities), Ids{odd});
+        EXPECT_EQ(network.wells[1].nodeEntity, sewer.second);
+    }
+}
+
+TEST_F(ExtremePlaceTest, AWellWhosePlaceIsNoNumberMergesWithEveryOther) {
+    for (const AcGePoint3d& place : {AcGePoint3d(0, std::nan(""), 0), {0, 0, std::nan("")}}) {
+        drawing.startAnew();
+        const AcDbObjectId odd = drawing.addWell(place);
+        const AcDbObjectId far = drawing.addWell({20, 0, 0});
+        GravitySearchObject network;
+        searchSewer(network, odd);
+        ASSERT_EQ(network.wells.GetSize(), 1);
+        EXPECT_EQ(idsOf(network.wells[0].mergedEntities), Ids{far});
+    }
+}
+
+// Infinity less infinity is no number.
+TEST_F(ExtremePlaceTest, WellsAtAnInfiniteHeightAreOneNode) {
+    const AcDbObjectId root = drawing.addWell({0, 0, kInfinity});
+    const AcDbObjectId far = drawing.addWell({500, 0, kInfinity});
+    GravitySearchObject network;
+    searchSewer(network, root);
+    ASSERT_EQ(network.wells.GetSize(), 1);
+    EXPECT_EQ(idsOf(network.wells[0].mergedEntities), Ids{far});
+}
+
+TEST_F(ExtremePlaceTest, ASearchThatFindsNoRootNeedsNoResult) {
+    AcDbObjectId lonely = drawing.addPipe({0, 0, 0}, {50, 0, 0});
+    AcDbObjectId none;
+    AcGePoint3d pick;
+    EXPECT_EQ(GetGravityNetwork(nullptr, lonely, none, pick), 0);
+}
+
 } // namespace
 } // namespace module_tests

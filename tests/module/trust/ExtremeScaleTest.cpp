@@ -249,5 +249,17 @@ TEST_F(ExtremeScaleTest, StretchesAndLoweringFollowTheSameReaches) {
     }
 }
 
+// Infinity by infinity is no number, and no distance is greater than that.
+TEST_F(ExtremeScaleTest, AWellWhoseRadiusIsNoNumberMergesWithTheFirstThatAsks) {
+    drawing.setDrawScale(kInfinity);
+    const AcDbObjectId root = drawing.addWell({0, 0, 0});
+    const AcDbObjectId wide = drawing.addWell({50, 0, 0}, {.diameter = L"1e400"});
+    GravitySearchObject network;
+    searchSewer(network, root);
+    ASSERT_EQ(network.wells.GetSize(), 1);
+    EXPECT_EQ(idsOf(network.wells[0].mergedEntities), Ids{wide});
+    EXPECT_EQ(network.wells[0].nodePoint.x, 25.0);
+}
+
 } // namespace
 } // namespace module_tests
