@@ -8,6 +8,15 @@ namespace {
 
 const PipeTexts kHigh = {.startElevation = L"9.5", .endElevation = L"6.25"};
 
+/// Reaches the reading of one segment: an explicit instantiation may name what is private.
+using ReadAttributes = int (tkvlt::PressureNetworkSearch::*)(PressureSeg&);
+ReadAttributes readAttributesMember();
+template<ReadAttributes member>
+struct ReadAttributesAccess {
+    friend ReadAttributes readAttributesMember() { return member; }
+};
+template struct ReadAttributesAccess<&tkvlt::PressureNetworkSearch::ReadSegAttributes>;
+
 class PressureAttributesTest : public PressureTest {
 protected:
     void expectHeights(int index, double begin, double far) {
@@ -116,6 +125,18 @@ TEST_F(PressureAttributesTest, PipeThatCannotBeOpenedHasNoValuesAndTheSystem) {
     EXPECT_EQ(utf8(seg(0).systemName), "给水");
     EXPECT_EQ(seg(1).diameter, 200) << "the walk went on";
     expectHeights(1, 9.5, 6.25);
+}
+
+TEST_F(PressureAttributesTest, SegmentWithoutPipesStaysAsItIs) {
+    const auto search = collected(drawing.main({0, 0, 0}, {10, 0, 0}, kHigh));
+    PressureSeg none;
+    none.diameter = 7;
+    none.startElevation = 3.5;
+    none.systemName = L"as it was";
+    EXPECT_EQ((search.get()->*readAttributesMember())(none), 1);
+    EXPECT_EQ(none.diameter, 7);
+    EXPECT_EQ(none.startElevation, 3.5);
+    EXPECT_EQ(utf8(none.systemName), "as it was");
 }
 
 } // namespace module_tests

@@ -98,4 +98,26 @@ TEST_F(PressureLoopTest, RingWithAStepOfOneOrMoreIsNotFound) {
     EXPECT_EQ(count(), 6);
 }
 
+/// Six far ends within a unit, and one elsewhere. The order in which segments stand is that in
+/// which they are told.
+TEST_F(PressureLoopTest, SegmentsThatEndInOnePlaceAreToldInTheirOrder) {
+    const AcDbObjectId root = drawing.main({0, 0, 0}, {10, 0, 0});
+    for (const Mode mode : {Mode::kIndexed, Mode::kPlainScan}) {
+        segs.RemoveAll();
+        const auto search = collected(root, {}, mode);
+        for (const double x : {10.0, 10.25, 50.0, 9.75, 10.5, 10.0, 9.5}) {
+            PressureSeg ending;
+            ending.startPoint = {0, 0, 0};
+            ending.endPoint = {x, 0, 0};
+            ending.reversed = 0;
+            segs.Add(ending);
+        }
+        EXPECT_EQ(search->CheckNoLoops(), 0);
+        EXPECT_EQ(search->LaterSegsEndingAt(0), (std::vector<int>{1, 3, 4, 5, 6}));
+        EXPECT_EQ(search->LaterSegsEndingAt(1), (std::vector<int>{3, 4, 5, 6}));
+        EXPECT_TRUE(search->LaterSegsEndingAt(2).empty());
+        EXPECT_TRUE(search->LaterSegsEndingAt(6).empty());
+    }
+}
+
 } // namespace module_tests

@@ -375,4 +375,32 @@ TEST_F(PressureWalkTest, OfTheCirclesOfAPieceAndOfOneMovedToAWellTheNearerCounts
     EXPECT_TRUE(samePoint(seg(0).endPoint, {-10.4, -0.3, 0}, 0));
 }
 
+/// Two arcs of one entity about (1e6, 0), which run down from a little above the origin's height
+/// and from just there; the pick is above both, so that the upper ends are nearest, at 5 + 2e-10
+/// and at 5. Distances about that middle are known to 4 x 2^-33, some 4.7e-10, and so the first
+/// counts as near as the second. A whole 1e-9 is more than that.
+TEST_F(PressureWalkTest, PiecesOfAnArcAreToldApartOnlyAsFarAsItsMiddleAllows) {
+    const AcDbObjectId cut = drawing.arc({0, 0, 0}, {0, -10, 0}, 0.01);
+    for (const bool isClearlyNearer : {false, true}) {
+        segs.RemoveAll();
+        const auto search = collected(cut, {0, 5, 0});
+        ASSERT_EQ(search->pipePool.Size(), 1);
+        const _Pipe whole = search->pipePool[0];
+        search->pipePool.Remove(0);
+        constexpr double radius = 1e6;
+        for (const double above : {isClearlyNearer ? 1e-9 : 2e-10, 0.0}) {
+            _Pipe piece;
+            piece = whole;
+            // Angles run from the west to the south.
+            piece.arc.set({radius, 0, 0}, {0, 0, 1}, {-1, 0, 0}, radius, above / radius, 1e-5);
+            piece.startPoint = piece.arc.startPoint();
+            piece.endPoint = piece.arc.endPoint();
+            search->pipePool.Add(piece);
+        }
+        ASSERT_EQ(search->BuildSegments(), 1);
+        ASSERT_GT(count(), 0);
+        EXPECT_EQ(seg(0).arc.startAng(), isClearlyNearer ? 0.0 : 2e-10 / radius);
+    }
+}
+
 } // namespace module_tests

@@ -139,6 +139,29 @@ TEST_F(SplitEndsTest, WhereTheStepsEndByThemselvesThePoolIsTheirs) {
     EXPECT_GT(arcPieces, 200);
 }
 
+/// The half circle of `CutOfAPieceWithTheSameEndsIsNotRepeated` a hundred and ten times, side
+/// by side. In each five cuts are of arcs, one of these made twice, and one of the lower pipe. All
+/// of them, 550 of arcs, are more than a small drawing needs; but they end by themselves, and so
+/// none is left out.
+TEST_F(SplitEndsTest, InALargeDrawingCutsAreRepeatedAsInASmallOne) {
+    AcDbObjectId arc;
+    constexpr int circles = 110;
+    for (int i = 0; i < circles; ++i) {
+        const double x = 50.0 * i;
+        arc = drawing.arc({x + 10, 0, 0}, {x - 10, 0, 0}, 1.0);
+        drawing.main({x, -12, 0}, {x, -8, 0});
+        drawing.main({x, 10, 0}, {x, 20, 0});
+    }
+    const auto drawn = collected(arc);
+    LiteralSplit literal(drawn->pipePool);
+    ASSERT_TRUE(literal.run(2000));
+    EXPECT_EQ(literal.made.size(), 6U * circles);
+    LiteralSplit unrepeated(drawn->pipePool);
+    ASSERT_TRUE(unrepeated.runWithoutRepeats(2000));
+    EXPECT_EQ(unrepeated.made.size(), 5U * circles);
+    EXPECT_TRUE(same(literal.pool, prepared(arc)->pipePool));
+}
+
 TEST_F(SplitEndsTest, ThreeArcsThatCrossOneAnotherAreCutWithoutEndByTheStepsAlone) {
     const auto search = collected(threeArcs().front());
     EXPECT_FALSE(LiteralSplit(search->pipePool).run(20000));

@@ -60,6 +60,25 @@ TEST(ArcBox, PointsBehindTheBeginAreLeftOut) {
     expectBox(ArcBox(arc), {8.0, 20.0, 10.0, 22.0});
 }
 
+TEST(ArcBox, AroundOneQuarterPointStopsShortOfTheMiddle) {
+    // An eighth to either side of east, north, west and south, on a circle of radius 2 about
+    // (10, 20): each box goes from the chord to the quarter point.
+    const double half = std::sqrt(2.0); // of the chord, and the chord's distance from the middle
+    const auto aboutMiddle = [](double x, double y) { return AcGePoint3d(10 + x, 20 + y, 0); };
+    AcGeCircArc3d east;
+    east.set(aboutMiddle(half, -half), aboutMiddle(2, 0), aboutMiddle(half, half));
+    expectBox(ArcBox(east), {10 + half, 20 - half, 12, 20 + half});
+    AcGeCircArc3d north;
+    north.set(aboutMiddle(half, half), aboutMiddle(0, 2), aboutMiddle(-half, half));
+    expectBox(ArcBox(north), {10 - half, 20 + half, 10 + half, 22});
+    AcGeCircArc3d west;
+    west.set(aboutMiddle(-half, half), aboutMiddle(-2, 0), aboutMiddle(-half, -half));
+    expectBox(ArcBox(west), {8, 20 - half, 10 - half, 20 + half});
+    AcGeCircArc3d south;
+    south.set(aboutMiddle(-half, -half), aboutMiddle(0, -2), aboutMiddle(half, -half));
+    expectBox(ArcBox(south), {10 - half, 18, 10 + half, 20 - half});
+}
+
 TEST(ArcBox, HoldsAQuarterPointThatLiesJustBeforeTheEnd) {
     // A millionth of a radian past north on a radius of a million: the end is 1e6 * (1e-6)^2 / 2,
     // so 5e-7, below the northernmost point.

@@ -1,8 +1,8 @@
 #include "records/BoxTree.h"
+#include "module/records/GridTest.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <random>
 #include <vector>
 
@@ -11,13 +11,6 @@ namespace {
 
 using tkvlt::BoxTree;
 using tkvlt::PlanBox;
-
-std::vector<int> found(const BoxTree& tree, const PlanBox& box) {
-    std::vector<int> items;
-    tree.Collect(box, items);
-    std::sort(items.begin(), items.end());
-    return items;
-}
 
 TEST(BoxTree, WithoutBoxesNothingIsFound) {
     const PlanBox everywhere{-1e9, -1e9, 1e9, 1e9};
@@ -30,6 +23,30 @@ TEST(BoxTree, BoxesThatOnlyTouchOverlap) {
     EXPECT_EQ(found(tree, {10, 10, 10.25, 11}), (std::vector<int>{0}));
     EXPECT_EQ(found(tree, {10, 0, 10.5, 0}), (std::vector<int>{0, 1}));
     EXPECT_TRUE(found(tree, {10.125, 0, 10.25, 10}).empty());
+}
+
+// Nothing tells these apart by where their middles lie.
+TEST(BoxTree, BoxesAroundOneMiddleAreToldApart) {
+    std::vector<PlanBox> boxes;
+    for (int i = 0; i < 40; ++i) {
+        boxes.push_back({-1.0 * i, -2.0 * i, 1.0 * i, 2.0 * i});
+    }
+    const BoxTree tree(boxes);
+    EXPECT_EQ(found(tree, {37.5, 0, 99, 0}), (std::vector<int>{38, 39}));
+    EXPECT_EQ(found(tree, {0, -99, 0, -75.5}), (std::vector<int>{38, 39}));
+    EXPECT_EQ(found(tree, {0, 0, 0, 0}).size(), 40U);
+}
+
+// A boundless box has no middle, and hides none of the others.
+TEST(BoxTree, BoundlessBoxesAreFoundBesideOthers) {
+    std::vector<PlanBox> boxes{kWholePlane, {5.0, -kBoundless, kBoundless, 5.0}};
+    for (int i = 2; i < 40; ++i) {
+        boxes.push_back({1.0 * i, 0, 1.0 * i, 10});
+    }
+    const BoxTree tree(boxes);
+    EXPECT_EQ(found(tree, {7, 1, 8, 2}), (std::vector<int>{0, 1, 7, 8}));
+    EXPECT_EQ(found(tree, {7, 6, 8, 6}), (std::vector<int>{0, 7, 8}));
+    EXPECT_EQ(found(tree, {1e300, -1e300, 1e300, -1e300}), (std::vector<int>{0, 1}));
 }
 
 TEST(BoxTree, FindsWhatAPlainScanFindsOnEveryLevel) {

@@ -89,6 +89,8 @@ TEST_F(PlanSites, AnEntityIsOpenUntilItIsClosed) {
         EXPECT_FALSE(canBeWritten());
         entity.Close();
         EXPECT_TRUE(canBeWritten());
+        EXPECT_FALSE(static_cast<bool>(entity));
+        EXPECT_EQ(entity.get(), nullptr);
     }
     {
         const ReadEntity entity(id);

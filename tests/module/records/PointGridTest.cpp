@@ -1,12 +1,10 @@
 #include "records/PointGrid.h"
+#include "module/records/GridTest.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
-#include <limits>
 #include <random>
-#include <utility>
 #include <vector>
 
 namespace module_tests {
@@ -14,63 +12,6 @@ namespace {
 
 using tkvlt::PlanBox;
 using tkvlt::PointGrid;
-
-constexpr double kBoundless = std::numeric_limits<double>::infinity();
-constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
-
-/// What the grid says lies in the box, each item once.
-std::vector<int> found(const PointGrid& grid, const PlanBox& box) {
-    std::vector<int> items;
-    grid.Collect(box, items);
-    std::sort(items.begin(), items.end());
-    items.erase(std::unique(items.begin(), items.end()), items.end());
-    return items;
-}
-
-/// Points that are looked at one by one.
-class PlainPoints {
-public:
-    void add(int item, const AcGePoint3d& point) { points_.emplace_back(item, point); }
-
-    void remove(std::size_t place) {
-        points_.erase(points_.begin() + static_cast<std::ptrdiff_t>(place));
-    }
-
-    const std::vector<std::pair<int, AcGePoint3d>>& all() const { return points_; }
-
-    std::vector<int> in(const PlanBox& box) const {
-        std::vector<int> items;
-        for (const auto& [item, point] : points_) {
-            const bool isLeft = point.x < box.minX;
-            const bool isRight = point.x > box.maxX;
-            const bool isBelow = point.y < box.minY;
-            const bool isAbove = point.y > box.maxY;
-            if (!isLeft && !isRight && !isBelow && !isAbove) {
-                items.push_back(item);
-            }
-        }
-        std::sort(items.begin(), items.end());
-        return items;
-    }
-
-private:
-    std::vector<std::pair<int, AcGePoint3d>> points_;
-};
-
-double between(std::mt19937& random, double low, double high) {
-    return std::uniform_real_distribution<double>(low, high)(random);
-}
-
-std::size_t upTo(std::mt19937& random, std::size_t count) {
-    return std::uniform_int_distribution<std::size_t>(0, count - 1)(random);
-}
-
-/// A square around a middle, of a side between a hair's breadth and a good part of the spread.
-PlanBox someBox(std::mt19937& random, const AcGePoint3d& middle, double spread) {
-    const double width = spread * std::pow(10.0, between(random, -6.0, 0.3));
-    const double height = spread * std::pow(10.0, between(random, -6.0, 0.3));
-    return {middle.x - width, middle.y - height, middle.x + width, middle.y + height};
-}
 
 TEST(PointGrid, BoundsOfTheBoxAreIncluded) {
     const PointGrid grid(1.0, {{0, 0, 0}, {1, 0, 0}, {2, 0, 0}, {3, 0, 0}, {2, 1, 0}, {2, -1, 0}});
@@ -87,7 +28,7 @@ TEST(PointGrid, HeightTakesNoPart) {
 }
 
 TEST(PointGrid, WithoutPointsThereIsNothing) {
-    EXPECT_TRUE(found(PointGrid(), {-kBoundless, -kBoundless, kBoundless, kBoundless}).empty());
+    EXPECT_TRUE(found(PointGrid(), kWholePlane).empty());
     EXPECT_TRUE(found(PointGrid(1.0, {}), {0, 0, 1, 1}).empty());
 }
 
@@ -190,7 +131,7 @@ TEST(PointGrid, APointThatIsNoNumberIsFoundNowhereAndHidesNoOther) {
     PointGrid grid(1.0, {{kNoNumber, 0, 0}, {0, kNoNumber, 0}, {0, 0, kNoNumber}});
     grid.Add(3, {kNoNumber, kNoNumber, 0});
     EXPECT_EQ(found(grid, {0, 0, 0, 0}), std::vector<int>{2});
-    EXPECT_EQ(found(grid, {-kBoundless, -kBoundless, kBoundless, kBoundless}), std::vector<int>{2});
+    EXPECT_EQ(found(grid, kWholePlane), std::vector<int>{2});
     grid.Remove(3, {kNoNumber, kNoNumber, 0});
     EXPECT_EQ(found(grid, {0, 0, 0, 0}), std::vector<int>{2});
 }
@@ -214,8 +155,7 @@ TEST(PointGrid, HugeCoordinatesAreToldApart) {
     EXPECT_EQ(found(grid, {1.5e18, 0, 3e18, 2e18}), std::vector<int>{3});
     EXPECT_EQ(found(grid, {1e301, -1, kBoundless, 1}), std::vector<int>{4});
     EXPECT_EQ(found(grid, {-1, -1, 1, 1}), std::vector<int>{5});
-    EXPECT_EQ(found(grid, {-kBoundless, -kBoundless, kBoundless, kBoundless}),
-              (std::vector<int>{0, 1, 2, 3, 4, 5}));
+    EXPECT_EQ(found(grid, kWholePlane), (std::vector<int>{0, 1, 2, 3, 4, 5}));
 }
 
 TEST(PointGrid, AnySideOfAUsualQueryGivesTheSame) {
@@ -228,27 +168,15 @@ TEST(PointGrid, AnySideOfAUsualQueryGivesTheSame) {
     }
 }
 
-/// Points of one drawing: how far they spread and about where.
-struct Spread {
-    AcGePoint3d middle;
-    double width;
-};
-
-const Spread kSpreads[] = {{{0, 0, 0}, 100.0},   {{5e5, 3e6, 0}, 2000.0}, {{1e7, -1e7, 0}, 1e-2},
-                           {{-3e6, 7, 0}, 1e-3}, {{0, 0, 0}, 1e12},       {{1e7, 1e7, 0}, 1e5}};
-
 class PointGridBesideAScan : public ::testing::TestWithParam<int> {
 protected:
     std::mt19937 random{static_cast<std::mt19937::result_type>(GetParam())};
     const Spread spread = kSpreads[static_cast<std::size_t>(GetParam()) % std::size(kSpreads)];
     const double usualQuery = spread.width * std::pow(10.0, between(random, -4.0, 1.0));
 
-    AcGePoint3d somePoint() {
-        return {spread.middle.x + between(random, -spread.width, spread.width),
-                spread.middle.y + between(random, -spread.width, spread.width), 0.0};
-    }
+    AcGePoint3d somePoint() { return spread.somePoint(random); }
 
-    void expectSame(const PointGrid& grid, const PlainPoints& plain) {
+    void expectSame(const PointGrid& grid, const PlainItems<AcGePoint3d>& plain) {
         for (int i = 0; i < 60; ++i) {
             const bool atAPoint = !plain.all().empty() && i % 2 == 0;
             const AcGePoint3d middle =
@@ -263,7 +191,7 @@ protected:
 INSTANTIATE_TEST_SUITE_P(Seeds, PointGridBesideAScan, ::testing::Range(0, 30));
 
 TEST_P(PointGridBesideAScan, PointsKnownFromTheStart) {
-    PlainPoints plain;
+    PlainItems<AcGePoint3d> plain;
     std::vector<AcGePoint3d> points;
     for (int item = 0; item < 400; ++item) {
         // Every fifth lies where another does.
@@ -275,7 +203,7 @@ TEST_P(PointGridBesideAScan, PointsKnownFromTheStart) {
 }
 
 TEST_P(PointGridBesideAScan, PointsThatComeAndGo) {
-    PlainPoints plain;
+    PlainItems<AcGePoint3d> plain;
     PointGrid grid(usualQuery, {});
     for (int item = 0; item < 400; ++item) {
         const AcGePoint3d point = somePoint();
@@ -295,7 +223,7 @@ TEST_P(PointGridBesideAScan, PointsThatComeAndGo) {
 }
 
 TEST_P(PointGridBesideAScan, PointsAddedToThoseFromTheStart) {
-    PlainPoints plain;
+    PlainItems<AcGePoint3d> plain;
     std::vector<AcGePoint3d> points;
     for (int item = 0; item < 100; ++item) {
         points.push_back(somePoint());

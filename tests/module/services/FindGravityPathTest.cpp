@@ -129,6 +129,20 @@ TEST_F(FindGravityPathTest, LoneWellGivesZeroForAnyTarget) {
     }
 }
 
+// Two wells are the fewest that have a way from one to the other.
+TEST_F(FindGravityPathTest, NetworkOfTwoWellsHasAPath) {
+    const AcDbObjectId root = drawing.addWell({1000, 0, 0});
+    const AcDbObjectId other = drawing.addWell({1040, 0, 0});
+    const AcDbObjectId between = drawing.addPipe({1000.5, 0, 0}, {1039.5, 0, 0});
+    search(root);
+    ASSERT_EQ(network->wells.GetSize(), 2);
+    EXPECT_EQ(find(other), 1);
+    expectPath({1, 0}, {0});
+    search(root);
+    EXPECT_EQ(find(between), 1);
+    expectPath({1, 0}, {0});
+}
+
 TEST_F(FindGravityPathTest, NoNetworkGivesZero) {
     EXPECT_EQ(find(wells[1]), 0);
 }

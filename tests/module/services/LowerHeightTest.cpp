@@ -3,6 +3,7 @@
 #include "TKVltSearchModule18.h"
 
 #include "module/services/LoweringTest.h"
+#include "module/support/AllocatedBytes.h"
 #include "records/XdataKeys.h"
 
 namespace module_tests {
@@ -242,6 +243,25 @@ TEST_F(LowerHeightTest, SearchThatFailsLeavesAStretchBetweenTwoWellsAsItWas) {
     pipe({50, 50, 0}, {100, 0, 0}, L"SE", L"30", L"29");
     EXPECT_EQ(LowerHeightForCollideTest(p, 1.5), 0);
     expectNothingChanged();
+}
+
+// The network that is searched for each time is not kept. With a drop of nothing the drawing stays
+// the same, so nothing else need grow either.
+TEST_F(LowerHeightTest, NetworkThatWasSearchedIsGivenBack) {
+    drawPicked();
+    drawFirst(L"8", L"7");
+    const auto lower = [&](int times) {
+        for (int i = 0; i < times; ++i) {
+            ASSERT_EQ(LowerHeightForCollideTest(p, 0.0), 1);
+        }
+    };
+    lower(20);
+    const std::size_t before = allocatedBytes();
+    constexpr int times = 200;
+    lower(times);
+    const auto grown = static_cast<long long>(allocatedBytes()) - static_cast<long long>(before);
+    EXPECT_LT(grown, static_cast<long long>(times * sizeof(GravitySearchObject)))
+        << "not even the bare objects";
 }
 
 class LowerAtTankTest : public LoweringTest {

@@ -127,6 +127,39 @@ TEST_F(BreakLineTest, GapWithinALargeScaleIsSeenByWhatLiesNearToo) {
     }
 }
 
+// So high up that what rounding may hide is as much as the gap that is allowed.
+TEST_F(BreakLineTest, GapFarAboveTheOriginIsSeenByWhatLiesNearToo) {
+    constexpr double height = 1e15;
+    for (const auto mode : {tkvlt::CandidateMode::kPlainScan, tkvlt::CandidateMode::kIndexed}) {
+        AcDbObjectIdArray lines = listOf({addLine({0, 0, height}, {100, 0, height}),
+                                          addLine({50, 5, height}, {50, 105, height})});
+        tkvlt::BreakLines(lines, mode);
+        ASSERT_EQ(lines.length(), 3);
+        EXPECT_TRUE(sameEnds(endsOf(lines[0]), {0, 0, height}, {50, 0, height}));
+        EXPECT_TRUE(sameEnds(endsOf(lines[1]), {50, 5, height}, {50, 105, height}));
+        EXPECT_TRUE(sameEnds(endsOf(lines[2]), {100, 0, height}, {50, 0, height}));
+    }
+}
+
+// One rises from the origin's height to 1e17, the other falls from there. Coordinates are 16 apart
+// there, four of these are noise, and half way the two pass one another at 40.
+TEST_F(BreakLineTest, LinesThatRoundingAloneKeepsApartAreSeenByWhatLiesNearToo) {
+    constexpr double height = 1e17;
+    constexpr double width = 1e8; // steep, but not so that the two are parallel
+    for (const auto mode : {tkvlt::CandidateMode::kPlainScan, tkvlt::CandidateMode::kIndexed}) {
+        AcDbObjectIdArray lines = listOf(
+            {addLine({0, 0, 0}, {width, 0, height}), addLine({0, 40, height}, {width, 40, 0})});
+        tkvlt::BreakLines(lines, mode);
+        ASSERT_EQ(lines.length(), 4);
+        for (int i = 0; i < 4; ++i) {
+            // All now end where they were broken, which is on one of the two.
+            const AcGePoint3d end = endsOf(lines[i]).second;
+            EXPECT_NEAR(end.x, 0.5 * width, 1e-3);
+            EXPECT_NEAR(end.z, 0.5 * height, 1e6);
+        }
+    }
+}
+
 TEST_F(BreakLineTest, LinesThatMeetOftenStayWhole) {
     const AcDbObjectId twice =
         drawing.addCurve(new TwiceMetLine(AcGePoint3d(0, 0, 0), AcGePoint3d(100, 0, 0)));
@@ -280,7 +313,6 @@ TEST_F(BreakLineTest, RandomLinesKeepTheirLengthTextsAndPlaces) {
     }
 }
 
-/// After the breaking no two pieces cross farther than 10 from an end of either.
 /// The same lines, broken pair by pair and by what lies near: ends and order of all lines.
 TEST_F(BreakLineTest, IndexAndPlainScanBreakTheSameLinesInTheSameOrder) {
     std::mt19937 random(11);
@@ -316,6 +348,7 @@ TEST_F(BreakLineTest, IndexAndPlainScanBreakTheSameLinesInTheSameOrder) {
     EXPECT_GT(pieces, 600);
 }
 
+/// After the breaking no two pieces cross farther than 10 from an end of either.
 TEST_F(BreakLineTest, NoTwoPiecesCrossInsideThemselves) {
     std::mt19937 random(7);
     std::uniform_real_distribution<double> place(0.0, 1000.0);

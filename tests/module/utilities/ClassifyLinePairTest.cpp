@@ -46,6 +46,14 @@ TEST_F(ClassifyLinePairTest, OneEndApartIsEnoughToPassTheFirstGate) {
     EXPECT_EQ(classify(AcDbLine({0, 0, 0}, {1, 0, 0}), AcDbLine({0, 0, 0}, {0, 10, 0})), 1);
 }
 
+TEST_F(ClassifyLinePairTest, AnEndExactlyTenFromBothOthersIsApart) {
+    // B's end at (0, 8) is 10 from (-6, 0) and from (6, 0), the other three pairs of ends are
+    // nearer.
+    EXPECT_EQ(classify(AcDbLine({-6, 0, 0}, {6, 0, 0}), AcDbLine({0, 0, 0}, {0, 8, 0})), 1);
+    EXPECT_EQ(classify(AcDbLine({-6, 0, 0}, {6, 0, 0}), AcDbLine({0, 8, 0}, {0, 0, 0})), 1);
+    EXPECT_EQ(classify(AcDbLine({-6, 0, 0}, {6, 0, 0}), AcDbLine({0, 0, 0}, {0, 7.9, 0})), 0);
+}
+
 TEST_F(ClassifyLinePairTest, LinesThatMeetNearAnEndOfEachMeetAtTheirEnds) {
     EXPECT_EQ(classify(hundred, AcDbLine({100, 0, 0}, {100, 90, 0})), 1);
     EXPECT_EQ(classify(hundred, AcDbLine({95, -5, 0}, {95, 90, 0})), 1);

@@ -168,6 +168,13 @@ TEST_F(XRecordsTest, TextsComeBackAsTheyWere) {
     }
 }
 
+TEST_F(XRecordsTest, TextThatIsThereIsReadForOne) {
+    keep(L"500");
+    CString value = L"as it was";
+    EXPECT_EQ(PelGetXRecord(L"SET", L"Scale", value), 1);
+    EXPECT_EQ(utf8(value), "500");
+}
+
 TEST_F(XRecordsTest, NamesAreFoundInAnyCase) {
     keep(L"500");
     EXPECT_EQ(PelSetXRecord(L"set", L"SCALE", L"250"), 1);

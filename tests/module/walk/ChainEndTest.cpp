@@ -108,6 +108,50 @@ TEST_F(ChainEndTest, KnownNodeBeyondTheReachDoesNot) {
     EXPECT_EQ(search->abortFlag, 0);
 }
 
+// Its reach of 1.515 would hold the node at 1.5, that of the node itself is 0.505.
+TEST_F(ChainEndTest, LargestWellThatWasMergedAwayDecidesNoLonger) {
+    const AcDbObjectId node = drawing.addWell({1.5, 0, 0}, {.diameter = L"1"});
+    const AcDbObjectId large = drawing.addWell({500, 0, 0}, {.diameter = L"3"});
+    for (const auto each : {tkvlt::CandidateMode::kIndexed, tkvlt::CandidateMode::kPlainScan}) {
+        mode = each;
+        collect();
+        result.wells.RemoveAll();
+        makeNode(node);
+        search->wellPool.Remove(well(large));
+        EXPECT_EQ(traceOutOfEnd(first), 0);
+        EXPECT_EQ(search->abortFlag, 0);
+    }
+}
+
+// Of two as large as one another either may go.
+TEST_F(ChainEndTest, OtherWellOfTheLargestReachGoesOnDeciding) {
+    const AcDbObjectId node = drawing.addWell({1.5, 0, 0}, {.diameter = L"1"});
+    const Ids large = {drawing.addWell({500, 0, 0}, {.diameter = L"3"}),
+                       drawing.addWell({600, 0, 0}, {.diameter = L"3"})};
+    for (const AcDbObjectId& gone : large) {
+        collect();
+        result.wells.RemoveAll();
+        makeNode(node);
+        search->wellPool.Remove(well(gone));
+        EXPECT_EQ(traceOutOfEnd(first), 0);
+        EXPECT_EQ(search->abortFlag, 1);
+    }
+}
+
+TEST_F(ChainEndTest, ChainThatComesToAKnownNodeIsToldToWhoAsks) {
+    const AcDbObjectId second = drawing.addPipe({-50, 0, 0}, {-20, 0, 0});
+    const AcDbObjectId node = drawing.addWell({1.01, 0, 0}, {.diameter = L"2"});
+    collect();
+    makeNode(node);
+    std::vector<tkvlt::ClosedChain> closed;
+    search->closedChains = &closed;
+    EXPECT_EQ(traceOutOfEnd(second), 0);
+    ASSERT_EQ(closed.size(), 1U);
+    EXPECT_EQ(closed[0].pipes, (std::vector<int>{pipe(second), pipe(first)}));
+    EXPECT_EQ(closed[0].node, 0);
+    EXPECT_TRUE(samePoint(closed[0].freeEnd, {0, 0, 0}, 0.0));
+}
+
 // The reach is that of any well of the drawing, of whatever system, and not the node's own.
 TEST_F(ChainEndTest, LargestWellOfTheDrawingDecidesHowNearAKnownNodeIs) {
     const AcDbObjectId node = drawing.addWell({1.5, 0, 0}, {.diameter = L"1"});

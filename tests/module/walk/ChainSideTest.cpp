@@ -130,6 +130,24 @@ TEST_F(ChainSideTest, PipesAtDifferentHeightsDoNotCross) {
     EXPECT_EQ(traceFirst(), 0);
 }
 
+// The pipe under trace ends at (20, 0), 11 degrees off the upright one, which runs past there a
+// fifth of a millionth to the right. At a height of a thousand million units coordinates are told
+// apart by 2^-23; four of these, some 4.8e-7, are noise, and so the two meet. A well stands on the
+// upright pipe's start.
+TEST_F(ChainSideTest, PipesThatRoundingAloneKeepsApartCross) {
+    constexpr double height = 1e9;
+    const AcDbObjectId traced = drawing.addPipe({18, -10, height}, {20, 0, height});
+    const AcDbObjectId upright = drawing.addPipe({20 + 2e-7, -30, height}, {20 + 2e-7, 10, height});
+    const AcDbObjectId atStart = drawing.addWell({20, -30.25, height});
+    for (const auto each : {tkvlt::CandidateMode::kIndexed, tkvlt::CandidateMode::kPlainScan}) {
+        mode = each;
+        collect();
+        EXPECT_EQ(traceOutOfEnd(traced), 1);
+        EXPECT_EQ(chain(), (Ids{traced, upright}));
+        EXPECT_EQ(target(), atStart);
+    }
+}
+
 TEST_F(ChainSideTest, CrossedPipeOfAnotherSystemJoinsNothing) {
     drawing.addPipe({-40, 6, 0}, {20, -6, 0}, {.system = kStorm});
     drawing.addWell({-40, 6, 0});

@@ -28,6 +28,13 @@ TEST_F(EndPathTest, WithoutAnEndBothPathsStayEmpty) {
     EXPECT_TRUE(result.pathSegs.IsEmpty());
 }
 
+TEST_F(EndPathTest, RootIsTheFirstNodeWhateverStoodThere) {
+    ASSERT_EQ(run(wells[0]), 1);
+    result.rootWell = 2;
+    EXPECT_EQ(search->TraceEndPath(), 1);
+    EXPECT_EQ(result.rootWell, 0);
+}
+
 TEST_F(EndPathTest, LoneNodeIsNoResult) {
     const AcDbObjectId lone = drawing.addWell({500, 0, 0});
     EXPECT_EQ(run(lone), 0);

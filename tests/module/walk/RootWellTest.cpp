@@ -68,6 +68,23 @@ TEST_F(RootWellTest, PipeWithOneWellStartsThereWhereverThePickLies) {
     }
 }
 
+// A target that stands first in its pool is one like any other.
+TEST_F(RootWellTest, TheOnlyWellOfTheDrawingMayStandBeyondThePipesEnd) {
+    const AcDbObjectId only = drawing.addWell({20, 0, 0});
+    const AcDbObjectId pipe = drawing.addPipe({0, 0, 0}, {19.5, 0, 0});
+    prepare(pipe);
+    ASSERT_EQ(well(only), 0);
+    ASSERT_EQ(search->PlaceRootWell(), 1);
+    EXPECT_EQ(nodes(), Ids{only});
+}
+
+TEST_F(RootWellTest, TheOnlyTankOfTheDrawingMayStandBeyondThePipesEnd) {
+    const AcDbObjectId only = drawing.addTank({19, -1, 0}, {25, 1, 0});
+    prepare(drawing.addPipe({0, 0, 0}, {19.5, 0, 0}));
+    ASSERT_EQ(search->PlaceRootWell(), 1);
+    EXPECT_EQ(nodes(), Ids{only});
+}
+
 TEST_F(RootWellTest, PipeBetweenTwoWellsStartsAtTheOneNearerToThePick) {
     const AcDbObjectId first = drawing.addWell({0, 0, 0});
     const AcDbObjectId last = drawing.addWell({20, 0, 0});

@@ -43,6 +43,27 @@ TEST_F(TouchTest, DistanceIsInSpace) {
     EXPECT_EQ(nodes(), Ids{root});
 }
 
+// The tank's point is its middle, farther from either pipe than any well reaches.
+TEST_F(TouchTest, PipeBackToTheTankThatTheWalkBeganAtIsToldToWhoAsks) {
+    const AcDbObjectId tank = drawing.addTank({90, 90, 0}, {110, 110, 0});
+    const AcDbObjectId out = drawing.addPipe({110, 100, 0}, {150, 100, 0});
+    const AcDbObjectId back = drawing.addPipe({150, 100.25, 0}, {110, 105, 0});
+    const AcDbObjectId far = drawing.addWell({150, 100, 0});
+    prepare(tank);
+    ASSERT_EQ(search->PlaceRootWell(), 1);
+    std::vector<tkvlt::ClosedChain> closed;
+    search->closedChains = &closed;
+    const int backIndex = pipe(back);
+    search->WalkFromWell(0);
+    EXPECT_EQ(search->abortFlag, 1);
+    EXPECT_EQ(nodes(), (Ids{tank, far}));
+    EXPECT_EQ(pipe(out), -1) << "the way there is a segment";
+    ASSERT_EQ(closed.size(), 1U);
+    EXPECT_EQ(closed[0].pipes, std::vector<int>{backIndex});
+    EXPECT_EQ(closed[0].node, 0);
+    EXPECT_TRUE(samePoint(closed[0].freeEnd, {100, 100, 0}));
+}
+
 TEST_F(TouchTest, SquareNodeIsTouchedAtItsCorner) {
     const AcDbObjectId square = drawing.addWell({0, 50, 0}, {.diameter = L"2", .square = true});
     drawing.addPipe({2.8379, 50, 0}, {20, 50, 0}); // 2 x 1 x 1.414 + 0.01 = 2.838
