@@ -33,6 +33,7 @@ INDEX_SIZE = 10_000
 EZDXF_LARGEST = 100_000
 TWIN_LARGEST = 100_000
 MEMORY_SMALLEST = 100_000
+GROWTH_SMALLEST = 10_000
 LARGE = 1_000_000
 GRIDS = [("shallow", "40 rising and 40 falling lines, no well"),
          ("shallow-well", "the same with a well in a corner"),
@@ -91,7 +92,8 @@ class Comparison:
             if size <= TWIN_LARGEST:
                 self.measure_twin(size)
             if size >= MEMORY_SMALLEST:
-                self.memory[size] = self.programs.memory("sewers", size)
+                for kind in ("sewers", "water"):
+                    self.memory[kind, size] = self.programs.memory(kind, size)
         for size in self.options.plain_sizes:
             self.measure_plain(size)
         self.measure_grids()
@@ -225,10 +227,10 @@ class Report:
                     self.pair(what, size, measured[first], measured[second], LIMITS[limit])
 
     def memory_pairs(self):
-        for size, (loaded, searched, file) in self.comparison.memory.items():
+        for (kind, size), (loaded, searched, file) in self.comparison.memory.items():
             for what, peak in (("load", loaded), ("search", searched)):
                 limit = LIMITS[what + " memory"]
-                row = f"peak memory of the {what}, beside the file"
+                row = f"{kind}: peak memory of the {what}, beside the file"
                 self.row(row, f"{size:,}",
                          f"{peak / 1024:,.0f} MiB", f"{file / 1024:,.0f} MiB", f"{peak / file:.3g}",
                          f"at most {limit:g}", self.verdict(row, peak / file <= limit))
@@ -254,7 +256,7 @@ class Report:
     def growth_row(self, kind, operation, figures):
         users = {size: measured[operation].user for size, measured in figures.items()
                  if operation in measured}
-        power = exponent(users)
+        power = exponent({size: user for size, user in users.items() if size >= GROWTH_SMALLEST})
         if operation == "trace_chains":
             power = None  # as many chains in every large town
         foreign = operation in ("peer", "ezdxf")
