@@ -36,8 +36,9 @@ AcDbObjectId nearestEntity(const Drawing& drawing, const AcGePoint3d& place) {
     AcDbObjectId nearest;
     double least = std::numeric_limits<double>::infinity();
     for (const NetworkEntity& entity : drawing.networkEntities()) {
-        const double here = entity.kind == EntityKind::pipe ? distance(planCurve(entity.id), spot)
-                                                            : distanceToBlock(entity, spot);
+        const double here = entity.kind == EntityKind::pipe
+                                ? distance(planCurve(entity.id, kPiecesToMeasure), spot)
+                                : distanceToBlock(entity, spot);
         if (here < least) {
             least = here;
             nearest = entity.id;

@@ -13,7 +13,6 @@ namespace {
 
 constexpr double kQuarterTurn = std::numbers::pi / 2.0;
 constexpr double kFlatTurn = std::numbers::pi / 30.0;
-constexpr int kPiecesOfOtherCurves = 96;
 
 PlanPoint inPlan(const AcGePoint3d& point) {
     return {point.x, point.y};
@@ -39,16 +38,17 @@ void addArc(PlanCurve& curve, const host_db::ArcPiece& arc) {
     }
 }
 
-void addOther(PlanCurve& curve, const host_db::CurvePath& path, std::size_t piece) {
+void addOther(PlanCurve& curve, const host_db::CurvePath& path, std::size_t piece, int count) {
     const double from = path.firstLocal(piece);
     const double to = path.lastLocal(piece);
-    for (int i = 1; i <= kPiecesOfOtherCurves; ++i) {
-        const double local = from + (to - from) * i / kPiecesOfOtherCurves;
+    for (int i = 1; i <= count; ++i) {
+        const double local = from + (to - from) * i / count;
         curve.steps.push_back({inPlan(path.pointAt({piece, local}))});
     }
 }
 
-void addPiece(PlanCurve& curve, const host_db::CurvePath& path, std::size_t piece) {
+void addPiece(PlanCurve& curve, const host_db::CurvePath& path, std::size_t piece,
+              int piecesOfOthers) {
     if (const auto* segment = std::get_if<host_db::SegmentPiece>(&path[piece])) {
         curve.steps.push_back({inPlan(segment->end)});
         return;
@@ -57,7 +57,7 @@ void addPiece(PlanCurve& curve, const host_db::CurvePath& path, std::size_t piec
     if (arc != nullptr && isCircleInPlan(*arc)) {
         addArc(curve, *arc);
     } else {
-        addOther(curve, path, piece);
+        addOther(curve, path, piece, piecesOfOthers);
     }
 }
 
@@ -108,7 +108,7 @@ double distance(const PlanPoint& a, const PlanPoint& b) {
     return std::hypot(b.x - a.x, b.y - a.y);
 }
 
-PlanCurve planCurve(const AcDbObjectId& id) {
+PlanCurve planCurve(const AcDbObjectId& id, int piecesOfOthers) {
     PlanCurve plan;
     const siblings::OpenedObject<AcDbCurve> curve(id, AcDb::kForRead);
     const host_db::CurvePath path = curve ? curve->path() : host_db::CurvePath();
@@ -117,7 +117,7 @@ PlanCurve planCurve(const AcDbObjectId& id) {
     }
     plan.start = inPlan(path.startPoint());
     for (std::size_t piece = 0; piece < path.size(); ++piece) {
-        addPiece(plan, path, piece);
+        addPiece(plan, path, piece, piecesOfOthers);
     }
     return plan;
 }

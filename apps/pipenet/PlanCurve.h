@@ -29,8 +29,15 @@ struct PlanCurve {
 
 double distance(const PlanPoint& a, const PlanPoint& b);
 
+/// So many straight pieces of what is neither straight nor a circular arc look round.
+inline constexpr int kPiecesToLookAt = 96;
+/// So many miss it by less than a millionth of its size.
+inline constexpr int kPiecesToMeasure = 4096;
+
 /// The plan of a curve entity; without steps when `id` is none.
-PlanCurve planCurve(const AcDbObjectId& id);
+/// @param piecesOfOthers how many straight pieces stand for a piece that is neither straight nor a
+///                       circular arc.
+PlanCurve planCurve(const AcDbObjectId& id, int piecesOfOthers = kPiecesToLookAt);
 
 /// Distance from the place to the curve, arcs taken exactly; infinite for a curve without steps.
 double distance(const PlanCurve& curve, const PlanPoint& place);

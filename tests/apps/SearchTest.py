@@ -1,5 +1,6 @@
 """The command search on networks that it finds."""
 import json
+import math
 import os
 import unittest
 
@@ -80,6 +81,22 @@ class SearchTest(PipenetTest):
         for pick, name in (("105,-5.2", "pipe D1"), ("105,-6.9", "pipe D2"),
                            ("105,-4", "pipe D1"), ("62.5,1.0", "tank C1"),
                            ("62.5,1.9", "well C2"), ("105,8", "pipe D1")):
+            run = self.run_program("search", path, "--pick", pick)
+            self.assertIn(f"no network from {name}:", run.err)
+
+    def test_pick_measures_to_an_ellipse_and_not_to_a_polygon(self):
+        # An ellipse of 1000 by 500 with its parameter cut into 96: half way along the piece behind
+        # the top its chord is 0.27 away, while a pipe 0.1 above is nearer than that.
+        t = math.pi / 2 + math.pi / 96
+        x, y = 1000.0 * math.cos(t), 500.0 * math.sin(t)
+        system = "1001\n管道系统\n1000\n燃气\n"
+        path = self.text_file("ellipse.dxf", (
+            "0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1027\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n"
+            "0\nELLIPSE\n5\nE1\n8\n0\n100\nAcDbEllipse\n10\n0.0\n20\n0.0\n11\n1000.0\n21\n0.0\n"
+            f"40\n0.5\n41\n0.0\n42\n{2 * math.pi!r}\n{system}"
+            f"0\nLINE\n5\nE2\n8\n0\n10\n{x - 1.0!r}\n20\n{y + 0.1!r}\n11\n{x + 1.0!r}\n21\n{y + 0.1!r}\n"
+            f"{system}0\nENDSEC\n0\nEOF\n"))
+        for pick, name in ((f"{x},{y}", "pipe E1"), (f"{x},{y + 0.09}", "pipe E2")):
             run = self.run_program("search", path, "--pick", pick)
             self.assertIn(f"no network from {name}:", run.err)
 
