@@ -6,6 +6,11 @@ target_compile_features(tkvlt_options INTERFACE cxx_std_20)
 # thresholds compared exactly would then fall differently.
 target_compile_options(tkvlt_options INTERFACE -Wall -Wextra -Wpedantic -Werror -ffp-contract=off)
 
+# No library of the project is meant to have single functions replaced from outside, so calls within
+# one library need not go through its table of symbols and may be inlined.
+target_compile_options(tkvlt_options INTERFACE -fno-semantic-interposition)
+target_link_options(tkvlt_options INTERFACE LINKER:-Bsymbolic-functions)
+
 # GCC 12 sees an overlap in every concatenation of a literal and a temporary string once it inlines it.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(tkvlt_options INTERFACE -Wno-restrict)

@@ -57,6 +57,10 @@ void leaveDatabase(std::uint32_t serial) {
 
 AcDbDatabase* databaseOf(std::uint32_t serial) {
     Registry& databases = registry();
+    // Nearly every id that is asked about belongs to the drawing that was opened last.
+    if (!databases.open.empty() && databases.open.back().serial == serial) {
+        return databases.open.back().database;
+    }
     const auto place = databases.placeOf(serial);
     const bool isOpen = place != databases.open.end() && place->serial == serial;
     return isOpen ? place->database : nullptr;

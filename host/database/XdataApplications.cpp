@@ -5,24 +5,37 @@
 #include <algorithm>
 
 namespace host_db {
+namespace {
+
+/// Names are too short for a call to be worth its while.
+bool isSame(const std::wstring& known, const wchar_t* name) {
+    const wchar_t* at = known.c_str();
+    while (*at == *name && *at != L'\0') {
+        ++at;
+        ++name;
+    }
+    return *at == *name;
+}
+
+} // namespace
 
 XdataApplications::XdataApplications() {
     setOf({});
 }
 
 std::uint32_t XdataApplications::find(const wchar_t* name) const {
-    if (name != nullptr) {
-        // Whoever asks once mostly asks for the same names again, in the same spelling.
-        const std::wstring_view spelling(name);
-        for (const Asked& asked : asked_) {
-            if (asked.name == spelling) {
-                return asked.number;
-            }
-        }
+    if (name == nullptr) {
+        return findFolded(name);
+    }
+    // Whoever asks once mostly asks for the same names again. What stands there may be another now.
+    const std::size_t place = reinterpret_cast<std::uintptr_t>(name) / sizeof(wchar_t);
+    Asked& asked = asked_[(place ^ place / kAskedPlaces) % kAskedPlaces];
+    if (asked.number != kNone && isSame(asked.name, name)) {
+        return asked.number;
     }
     const std::uint32_t number = findFolded(name);
-    if (name != nullptr && number != kNone && asked_.size() < kMostAsked) {
-        asked_.push_back({name, number});
+    if (number != kNone) {
+        asked = {name, number};
     }
     return number;
 }
@@ -43,7 +56,7 @@ std::uint32_t XdataApplications::add(const wchar_t* name) {
 
 void XdataApplications::forget(const wchar_t* name) {
     byName_.erase(nameKey(name));
-    asked_.clear();
+    asked_.fill({});
 }
 
 std::uint32_t XdataApplications::setOf(std::span<const std::uint32_t> applications) {
@@ -52,12 +65,17 @@ std::uint32_t XdataApplications::setOf(std::span<const std::uint32_t> applicatio
     set.erase(std::unique(set.begin(), set.end()), set.end());
     const auto [it, isNew] = bySet_.try_emplace(set, static_cast<std::uint32_t>(sets_.size()));
     if (isNew) {
+        std::uint64_t bits = 0;
+        for (const std::uint32_t application : set) {
+            bits |= application < kBits ? std::uint64_t{1} << application : 0;
+        }
+        firstOfSets_.push_back(bits);
         sets_.push_back(std::move(set));
     }
     return it->second;
 }
 
-bool XdataApplications::contains(std::uint32_t set, std::uint32_t application) const {
+bool XdataApplications::containsLater(std::uint32_t set, std::uint32_t application) const {
     return std::binary_search(sets_[set].begin(), sets_[set].end(), application);
 }
 

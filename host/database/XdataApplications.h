@@ -2,10 +2,12 @@
 
 #include "platform/CString.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -35,7 +37,10 @@ public:
     std::uint32_t setOf(std::span<const std::uint32_t> applications);
     /// The applications of a set in ascending order.
     const std::vector<std::uint32_t>& members(std::uint32_t set) const { return sets_[set]; }
-    bool contains(std::uint32_t set, std::uint32_t application) const;
+    bool contains(std::uint32_t set, std::uint32_t application) const {
+        return application < kBits ? (firstOfSets_[set] >> application & 1U) != 0
+                                   : containsLater(set, application);
+    }
     /// Number of distinct sets, the empty one included.
     std::size_t setCount() const { return sets_.size(); }
 
@@ -47,17 +52,23 @@ private:
     /// A spelling that was asked for and found, so that it need not be folded to be found again.
     struct Asked {
         std::wstring name;
-        std::uint32_t number;
+        std::uint32_t number = kNone;
     };
-    static constexpr std::size_t kMostAsked = 16;
+    static constexpr std::size_t kAskedPlaces = 64;
+    static constexpr std::uint32_t kBits = 64;
+
+    bool containsLater(std::uint32_t set, std::uint32_t application) const;
 
     std::uint32_t findFolded(const wchar_t* name) const;
 
     std::vector<CString> names_;
     std::unordered_map<std::wstring, std::uint32_t> byName_;
     std::vector<std::vector<std::uint32_t>> sets_;
+    std::vector<std::uint64_t> firstOfSets_; // a bit for each of the first 64 applications
     std::unordered_map<std::vector<std::uint32_t>, std::uint32_t, SetHash> bySet_;
-    mutable std::vector<Asked> asked_;
+    /// By where the spelling stood, for the names are mostly constants of a program. Of two in one
+    /// place the later stays.
+    mutable std::array<Asked, kAskedPlaces> asked_;
 };
 
 } // namespace host_db

@@ -63,6 +63,18 @@ std::string_view DxfDrawingSource::farText(const SourceRange& range,
     return tag.text;
 }
 
+const CString& DxfDrawingSource::repeatedText(std::size_t number) const {
+    if (number >= repeated_.size()) {
+        repeated_.resize(number + 1);
+    }
+    Repeated& repeated = repeated_[number];
+    if (!repeated.isRead) {
+        texts_.read(xdataNotes_.repeatedText(number), repeated.text);
+        repeated.isRead = true;
+    }
+    return repeated.text;
+}
+
 bool DxfDrawingSource::firstXdataString(const SourceRange& range, const wchar_t* application,
                                         std::uint32_t number, CString& text) const {
     using Outcome = XdataNotes::Outcome;
@@ -78,11 +90,14 @@ bool DxfDrawingSource::firstXdataString(const SourceRange& range, const wchar_t*
         break;
     case Outcome::Text: {
         const std::size_t begin = range.begin + xdataNotes_.beginOf(range.xdata) + finding.text;
-        text = texts_.of(TagCursor(*file_, begin, range.end, range.firstLine).textHere());
+        texts_.read(TagCursor(*file_, begin, range.end, range.firstLine).textHere(), text);
         break;
     }
+    case Outcome::RepeatedText:
+        text = repeatedText(finding.text);
+        break;
     case Outcome::Unknown:
-        text = texts_.of(farText(range, application));
+        texts_.read(farText(range, application), text);
         break;
     }
     return true;

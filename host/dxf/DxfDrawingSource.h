@@ -13,6 +13,7 @@
 #include <memory>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace host_dxf {
 
@@ -41,12 +42,18 @@ public:
 private:
     TagCursor xdataOf(const SourceRange& range) const;
     std::string_view farText(const SourceRange& range, const wchar_t* application) const;
+    const CString& repeatedText(std::size_t number) const;
 
     std::shared_ptr<const DxfSource> file_;
     std::shared_ptr<const TextDecoder> decoder_;
     FileOutline outline_;
     XdataNotes xdataNotes_;
     mutable RecentTexts texts_;
+    struct Repeated {
+        CString text;
+        bool isRead = false;
+    };
+    mutable std::vector<Repeated> repeated_; ///< by the number that the notes give
 };
 
 } // namespace host_dxf

@@ -128,10 +128,12 @@ std::uint32_t LoadContext::noteXdata(const DxfRecord& record) {
     const std::size_t begin = record.applications.front().begin;
     sections_.clear();
     for (std::size_t i = 0; i < record.firstTexts.size(); ++i) {
-        const char* const text = record.firstTexts[i].data();
+        const std::string_view text = record.firstTexts[i];
         const std::size_t offset =
-            text == nullptr ? 0 : static_cast<std::size_t>(text - file_.bytes().data()) - begin;
-        sections_.push_back({applicationNumbers_[i], offset});
+            text.data() == nullptr
+                ? 0
+                : static_cast<std::size_t>(text.data() - file_.bytes().data()) - begin;
+        sections_.push_back({applicationNumbers_[i], offset, text});
     }
     return notes_->add(static_cast<std::uint32_t>(begin - record.range.begin), sections_);
 }

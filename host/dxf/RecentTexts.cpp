@@ -1,6 +1,8 @@
 #include "dxf/RecentTexts.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 namespace host_dxf {
 
@@ -9,26 +11,32 @@ namespace {
 /// Longer texts are rarely said twice.
 constexpr std::size_t longestKept = 32;
 
+/// Of the length and of up to eight bytes at each end, which may overlap: texts that differ in the
+/// middle alone are rare.
 std::size_t numberOf(std::string_view bytes) {
-    std::uint32_t number = 2166136261U;
-    for (const char byte : bytes) {
-        number = (number ^ static_cast<unsigned char>(byte)) * 16777619U;
-    }
-    return number ^ (number >> 16);
+    const std::size_t part = std::min(bytes.size(), sizeof(std::uint64_t));
+    std::uint64_t front = 0;
+    std::uint64_t back = 0;
+    std::memcpy(&front, bytes.data(), part);
+    std::memcpy(&back, bytes.data() + bytes.size() - part, part);
+    const std::uint64_t number =
+        (front + 31 * back + bytes.size()) * 0x9E3779B97F4A7C15ULL;
+    return static_cast<std::size_t>(number >> 48);
 }
 
 } // namespace
 
-CString RecentTexts::of(std::string_view bytes) {
+void RecentTexts::read(std::string_view bytes, CString& text) {
     if (bytes.empty() || bytes.size() > longestKept) {
-        return CString(std::wstring_view(decoder_.decode(bytes)));
+        text = CString(std::wstring_view(decoder_.decode(bytes)));
+        return;
     }
     Known& known = known_[numberOf(bytes) % kPlaces];
     if (known.bytes != bytes) {
         known.text = CString(std::wstring_view(decoder_.decode(bytes)));
         known.bytes = bytes;
     }
-    return known.text;
+    text = known.text;
 }
 
 } // namespace host_dxf

@@ -17,7 +17,7 @@ public:
     explicit RecentTexts(const TextDecoder& decoder) : decoder_(decoder) {}
 
     /// `bytes` lie in the file, which outlives this.
-    CString of(std::string_view bytes);
+    void read(std::string_view bytes, CString& text);
 
 private:
     struct Known {

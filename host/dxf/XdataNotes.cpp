@@ -9,15 +9,38 @@ namespace host_dxf {
 namespace {
 
 constexpr std::uint16_t noText = 0;
-constexpr std::uint16_t tooFar = 0xFFFF;
+constexpr std::uint16_t tooFar = 0x7FFF;
+/// From here on a note is the number of a repeated text.
+constexpr std::uint16_t firstRepeated = 0x8000;
+constexpr std::size_t mostRepeated = 0x8000;
 constexpr std::size_t listPlace = 2;
 constexpr std::size_t sectionsPlace = 4;
 
-std::uint16_t noted(std::size_t text) {
-    return static_cast<std::uint16_t>(std::min<std::size_t>(text, tooFar));
-}
-
 } // namespace
+
+std::uint16_t XdataNotes::noted(const Section& section) {
+    const auto place = static_cast<std::uint16_t>(std::min<std::size_t>(section.text, tooFar));
+    if (section.bytes.empty()) {
+        return place;
+    }
+    if (section.application >= said_.size()) {
+        said_.resize(section.application + 1);
+    }
+    LatelySaid& lately = said_[section.application];
+    const auto said =
+        std::find_if(lately.texts.begin(), lately.texts.end(),
+                     [&](const Said& text) { return text.bytes == section.bytes; });
+    if (said == lately.texts.end()) {
+        lately.texts[lately.oldest] = {section.bytes, place};
+        lately.oldest = (lately.oldest + 1) % kSaid;
+        return place;
+    }
+    if (said->noted < firstRepeated && repeated_.size() < mostRepeated) {
+        said->noted = static_cast<std::uint16_t>(firstRepeated + repeated_.size());
+        repeated_.push_back(section.bytes);
+    }
+    return said->noted < firstRepeated ? place : said->noted;
+}
 
 std::uint32_t XdataNotes::add(std::uint32_t begin, std::span<const Section> sections) {
     if (notes_.size() >= std::numeric_limits<std::uint32_t>::max()) {
@@ -28,7 +51,7 @@ std::uint32_t XdataNotes::add(std::uint32_t begin, std::span<const Section> sect
     addLong(begin);
     addLong(list);
     for (const Section& section : sections) {
-        notes_.push_back(noted(section.text));
+        notes_.push_back(noted(section));
     }
     return note;
 }
@@ -48,6 +71,9 @@ XdataNotes::Finding XdataNotes::find(std::uint32_t note, std::uint32_t applicati
         notes_[place + sectionsPlace + static_cast<std::size_t>(found - list.begin())];
     if (text == noText) {
         return {Outcome::NoText, 0};
+    }
+    if (text >= firstRepeated) {
+        return {Outcome::RepeatedText, static_cast<std::size_t>(text - firstRepeated)};
     }
     return {text == tooFar ? Outcome::Unknown : Outcome::Text, text};
 }

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <map>
 #include <span>
+#include <string_view>
 #include <vector>
 
 namespace host_dxf {
@@ -12,23 +14,27 @@ namespace host_dxf {
 /// section: what is asked for most is then one line to read, wherever it stands among the others.
 ///
 /// A note takes two bytes for each section and eight for the object. Objects that carry the same
-/// applications in the same order share the list of these.
+/// applications in the same order share the list of these. A text that an application says again
+/// soon after, as of a system or a material, is noted by a number of its own and need not be looked
+/// up in the file at all.
 class XdataNotes {
 public:
     /// One section, in file order.
     struct Section {
         std::uint32_t application; ///< number of the application
         std::size_t text; ///< of the first text, from where the object's data begin; 0 for none
+        std::string_view bytes; ///< the text itself, which outlives the notes
     };
     enum class Outcome {
         NoSection, ///< the application is not there
         NoText,    ///< its first section has no text
         Text,
+        RepeatedText,
         Unknown ///< it is there, and its text lies too far off to be noted
     };
     struct Finding {
         Outcome outcome;
-        std::size_t text; ///< of Text, from where the object's data begin
+        std::size_t text; ///< of Text, from where the object's data begin; of RepeatedText its number
     };
 
     /// Notes an object whose data begin `begin` bytes behind the object itself. Gives the number
@@ -38,9 +44,24 @@ public:
     std::uint32_t beginOf(std::uint32_t note) const;
     /// The first section of an application.
     Finding find(std::uint32_t note, std::uint32_t application) const;
+    /// The text that has this number.
+    std::string_view repeatedText(std::size_t number) const { return repeated_[number]; }
 
 private:
     using Applications = std::vector<std::uint32_t>;
+    /// A text that an application said lately, and its number once it has said it again.
+    struct Said {
+        std::string_view bytes;
+        std::uint16_t noted = 0;
+    };
+    /// So many suffice where the entities of a few systems stand mixed.
+    static constexpr std::size_t kSaid = 4;
+    struct LatelySaid {
+        std::array<Said, kSaid> texts;
+        std::size_t oldest = 0;
+    };
+
+    std::uint16_t noted(const Section& section);
 
     std::uint32_t listOf(std::span<const Section> sections);
     std::uint32_t longAt(std::size_t place) const;
@@ -49,6 +70,8 @@ private:
     std::vector<Applications> lists_;
     std::map<Applications, std::uint32_t> numberOfList_;
     std::uint32_t lastList_ = 0;
+    std::vector<LatelySaid> said_; ///< by application
+    std::vector<std::string_view> repeated_;
     /// For each object where its data begin and its list, two halves each, then the sections.
     std::vector<std::uint16_t> notes_;
 };

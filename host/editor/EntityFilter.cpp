@@ -141,10 +141,28 @@ std::optional<EntityFilter> EntityFilter::compile(const resbuf* chain,
     }
     EntityFilter filter;
     filter.steps_ = compiler.takeSteps();
+    const bool asksForApplicationsAlone =
+        std::all_of(filter.steps_.begin(), filter.steps_.end(), [](const Step& step) {
+            return step.op != Op::Test || step.test->asksForApplicationsAlone();
+        });
+    if (asksForApplicationsAlone) {
+        filter.answers_.resize(database.applications().setCount(), Answer::Unknown);
+    }
     return filter;
 }
 
 bool EntityFilter::passes(const AcDbEntity& entity) const {
+    if (answers_.empty()) {
+        return worksOut(entity);
+    }
+    Answer& answer = answers_[entity.applicationSet()];
+    if (answer == Answer::Unknown) {
+        answer = worksOut(entity) ? Answer::Passes : Answer::Fails;
+    }
+    return answer == Answer::Passes;
+}
+
+bool EntityFilter::worksOut(const AcDbEntity& entity) const {
     values_.clear();
     for (const Step& step : steps_) {
         if (step.op == Op::Test) {

@@ -31,7 +31,8 @@ public:
     /// an application. nullptr gives the filter that everything passes.
     static std::optional<EntityFilter> compile(const resbuf* chain, const AcDbDatabase& database);
 
-    /// Cost: one small test for each condition; nothing is allocated.
+    /// Cost: one small test for each condition, nothing is allocated; a look into a table when the
+    /// conditions ask for applications alone.
     bool passes(const AcDbEntity& entity) const;
 
 private:
@@ -45,8 +46,14 @@ private:
     };
     class Compiler;
 
+    enum class Answer : char { Unknown, Passes, Fails };
+
+    bool worksOut(const AcDbEntity& entity) const;
+
     std::vector<Step> steps_;
     mutable std::vector<char> values_;
+    /// By the entity's set of applications; empty when more than that is asked for.
+    mutable std::vector<Answer> answers_;
 };
 
 } // namespace host_ed

@@ -197,6 +197,23 @@ std::shared_ptr<const EntityTest> numberTest(const resbuf& item, Comparison comp
     }
 }
 
+namespace {
+
+/// Whether each set of applications has what is wanted, worked out beforehand.
+class ApplicationsTest : public EntityTest {
+public:
+    explicit ApplicationsTest(std::vector<bool> passing) : passing_(std::move(passing)) {}
+    bool passes(const AcDbEntity& entity) const override {
+        return passing_[entity.applicationSet()];
+    }
+    bool asksForApplicationsAlone() const override { return true; }
+
+private:
+    std::vector<bool> passing_;
+};
+
+} // namespace
+
 std::shared_ptr<const EntityTest> xdataTest(const std::vector<const wchar_t*>& patterns,
                                             const AcDbDatabase& database) {
     const host_db::XdataApplications& applications = database.applications();
@@ -213,9 +230,7 @@ std::shared_ptr<const EntityTest> xdataTest(const std::vector<const wchar_t*>& p
                                                        [&](std::uint32_t i) { return named[i]; });
         }
     }
-    return testOf([passing = std::move(passing)](const AcDbEntity& entity) {
-        return passing[entity.applicationSet()];
-    });
+    return std::make_shared<ApplicationsTest>(std::move(passing));
 }
 
 } // namespace host_ed

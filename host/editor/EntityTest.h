@@ -20,6 +20,8 @@ public:
     virtual ~EntityTest();
 
     virtual bool passes(const AcDbEntity& entity) const = 0;
+    /// Entities that carry data of the same applications pass alike, whatever else they are.
+    virtual bool asksForApplicationsAlone() const { return false; }
 };
 
 /// The condition of a filter item of a text group; nullptr for a group that filters do not know.

@@ -6,10 +6,6 @@
 
 constinit const AcGePoint3d AcGePoint3d::kOrigin;
 
-double AcGePoint3d::distanceTo(const AcGePoint3d& other) const {
-    return (*this - other).length();
-}
-
 bool AcGePoint3d::isEqualTo(const AcGePoint3d& other, const AcGeTol& tol) const {
     const double noise = host_geometry::roundingNoise({*this, other});
     return distanceTo(other) <= host_geometry::meetingDistance(tol, noise);

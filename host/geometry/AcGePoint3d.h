@@ -15,7 +15,7 @@ public:
         return *this;
     }
 
-    double distanceTo(const AcGePoint3d& other) const;
+    double distanceTo(const AcGePoint3d& other) const { return (*this - other).length(); }
     AcGeVector3d asVector() const { return {x, y, z}; }
     /// Whether the points meet: within `equalPoint` or rounding noise, whichever is greater.
     bool isEqualTo(const AcGePoint3d& other, const AcGeTol& tol = AcGeContext::gTol) const;

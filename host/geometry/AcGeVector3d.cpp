@@ -22,10 +22,6 @@ double agreement(const AcGeVector3d& a, const AcGeVector3d& b, const AcGeTol& to
 
 } // namespace
 
-double AcGeVector3d::length() const {
-    return std::sqrt(lengthSqrd());
-}
-
 AcGeVector3d& AcGeVector3d::setLength(double length) {
     const double present = this->length();
     return present > 0.0 ? *this *= length / present : *this;

@@ -3,6 +3,8 @@
 #include "geometry/AcGeTol.h"
 #include "platform/PlatformTypes.h"
 
+#include <cmath>
+
 class AcGeMatrix3d;
 class AcGePlane;
 
@@ -23,7 +25,7 @@ public:
         return *this;
     }
 
-    double length() const;
+    double length() const { return std::sqrt(lengthSqrd()); }
     double lengthSqrd() const { return x * x + y * y + z * z; }
     /// Changes the length, keeping the direction; a vector without length stays as it is.
     AcGeVector3d& setLength(double length);

@@ -41,18 +41,9 @@ CString::Buffer* CString::allocate(int capacity) {
     return buffer;
 }
 
-CString::Buffer* CString::share(Buffer* buffer) noexcept {
-    if (buffer != nullptr) {
-        buffer->owners.fetch_add(1, std::memory_order_relaxed);
-    }
-    return buffer;
-}
-
-void CString::release(Buffer* buffer) noexcept {
-    if (buffer != nullptr && buffer->owners.fetch_sub(1, std::memory_order_acq_rel) == 1) {
-        buffer->~Buffer();
-        std::free(buffer);
-    }
+void CString::destroy(Buffer* buffer) noexcept {
+    buffer->~Buffer();
+    std::free(buffer);
 }
 
 bool CString::isWritable(int capacity) const noexcept {
@@ -107,10 +98,6 @@ void CString::append(std::wstring_view text) {
     }
 }
 
-CString::CString(const CString& other) noexcept : buffer_(share(other.buffer_)) {}
-
-CString::CString(CString&& other) noexcept : buffer_(std::exchange(other.buffer_, nullptr)) {}
-
 CString::CString(const wchar_t* text) {
     SetString(text);
 }
@@ -130,22 +117,6 @@ CString::CString(wchar_t character, int repeat) {
 
 CString::CString(std::wstring_view text) {
     assign(text);
-}
-
-CString::~CString() {
-    release(buffer_);
-}
-
-CString& CString::operator=(const CString& other) noexcept {
-    if (this != &other) {
-        release(std::exchange(buffer_, share(other.buffer_)));
-    }
-    return *this;
-}
-
-CString& CString::operator=(CString&& other) noexcept {
-    std::swap(buffer_, other.buffer_);
-    return *this;
 }
 
 CString& CString::operator=(const wchar_t* text) {
@@ -219,7 +190,8 @@ CString& CString::operator+=(wchar_t character) {
 }
 
 int CString::Compare(const wchar_t* other) const noexcept {
-    return std::wcscmp(GetString(), orEmpty(other));
+    const wchar_t* const own = GetString();
+    return own == other ? 0 : std::wcscmp(own, orEmpty(other));
 }
 
 int CString::CompareNoCase(const wchar_t* other) const noexcept {

@@ -7,11 +7,13 @@
 #include <cstddef>
 #include <functional>
 #include <string_view>
+#include <sys/single_threaded.h>
+#include <utility>
 
 /// Wide text of the platform's class library.
 ///
 /// Copies share one reference-counted buffer and part when one of them is changed, so a copy
-/// costs one atomic addition. An object is a single pointer without reference into itself: it
+/// costs one addition, an atomic one once the process has had a second thread. An object is a single pointer without reference into itself: it
 /// may be moved bitwise. Texts in different objects may be used from different threads, even
 /// when they share a buffer.
 ///
@@ -22,18 +24,26 @@
 class CString {
 public:
     CString() = default;
-    CString(const CString& other) noexcept;
-    CString(CString&& other) noexcept;
+    CString(const CString& other) noexcept : buffer_(share(other.buffer_)) {}
+    CString(CString&& other) noexcept : buffer_(std::exchange(other.buffer_, nullptr)) {}
     CString(const wchar_t* text);
     /// The first `length` characters of `text`, which has at least as many; `length` >= 0.
     CString(const wchar_t* text, int length);
     /// `repeat` times one character; none for `repeat` <= 0.
     explicit CString(wchar_t character, int repeat = 1);
     explicit CString(std::wstring_view text);
-    ~CString();
+    ~CString() { release(buffer_); }
 
-    CString& operator=(const CString& other) noexcept;
-    CString& operator=(CString&& other) noexcept;
+    CString& operator=(const CString& other) noexcept {
+        if (buffer_ != other.buffer_) {
+            release(std::exchange(buffer_, share(other.buffer_)));
+        }
+        return *this;
+    }
+    CString& operator=(CString&& other) noexcept {
+        std::swap(buffer_, other.buffer_);
+        return *this;
+    }
     CString& operator=(const wchar_t* text);
     CString& operator=(wchar_t character);
 
@@ -137,7 +147,7 @@ public:
     friend CString operator+(wchar_t a, const CString& b);
 
     friend bool operator==(const CString& a, const CString& b) noexcept {
-        return a.view() == b.view();
+        return a.buffer_ == b.buffer_ || a.view() == b.view();
     }
     friend bool operator==(const CString& a, const wchar_t* b) noexcept {
         return a.Compare(b) == 0;
@@ -185,8 +195,27 @@ private:
         return reinterpret_cast<wchar_t*>(buffer + 1);
     }
     static Buffer* allocate(int capacity);
-    static Buffer* share(Buffer* buffer) noexcept;
-    static void release(Buffer* buffer) noexcept;
+    static Buffer* share(Buffer* buffer) noexcept {
+        if (buffer != nullptr) {
+            addOwners(*buffer, 1);
+        }
+        return buffer;
+    }
+    static void release(Buffer* buffer) noexcept {
+        if (buffer != nullptr && addOwners(*buffer, -1) == 0) {
+            destroy(buffer);
+        }
+    }
+    /// Gives how many there are then.
+    static int addOwners(Buffer& buffer, int count) noexcept {
+        if (__libc_single_threaded == 0) {
+            return buffer.owners.fetch_add(count, std::memory_order_acq_rel) + count;
+        }
+        const int owners = buffer.owners.load(std::memory_order_relaxed) + count;
+        buffer.owners.store(owners, std::memory_order_relaxed);
+        return owners;
+    }
+    static void destroy(Buffer* buffer) noexcept;
     void assign(std::wstring_view text);
     void append(std::wstring_view text);
     /// Whether the buffer is this object's alone and holds `capacity` characters.

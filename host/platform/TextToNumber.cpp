@@ -3,6 +3,7 @@
 #include "platform/WideCharacters.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <climits>
 #include <cmath>
@@ -92,6 +93,56 @@ double toDouble(const std::string& number) {
     return value;
 }
 
+/// The number of at most fifteen digits that stands at `text`, which is moved behind it; false,
+/// with nothing moved, for any other. So many digits are a double without rounding, and so is the
+/// power of ten that they are divided by: the quotient is the correctly rounded one (W. D. Clinger,
+/// How to read floating point numbers accurately, 1990).
+bool readShortNumber(const wchar_t*& text, double& value) {
+    constexpr int mostDigits = 15;
+    constexpr std::array<double, mostDigits + 1> powers = {1e0,  1e1,  1e2,  1e3, 1e4,  1e5,
+                                                           1e6,  1e7,  1e8,  1e9, 1e10, 1e11,
+                                                           1e12, 1e13, 1e14, 1e15};
+    const wchar_t* rest = text;
+    std::int64_t whole = 0;
+    std::size_t decimals = 0;
+    int digits = 0;
+    bool hasPoint = false;
+    for (; digits <= mostDigits && (isDigit(*rest) || (*rest == L'.' && !hasPoint)); ++rest) {
+        if (*rest == L'.') {
+            hasPoint = true;
+            continue;
+        }
+        whole = whole * 10 + (*rest - L'0');
+        decimals += hasPoint ? 1 : 0;
+        ++digits;
+    }
+    if (digits == 0 || digits > mostDigits || *rest == L'e' || *rest == L'E') {
+        return false;
+    }
+    value = static_cast<double>(whole) / powers[decimals];
+    text = rest;
+    return true;
+}
+
+/// The same for a number of any length and with an exponent; false when there is none.
+bool readNumber(const wchar_t*& text, double& value) {
+    const wchar_t* rest = text;
+    std::string number;
+    int digits = readDigits(rest, number);
+    if (*rest == L'.' && (digits > 0 || isDigit(rest[1]))) {
+        number.push_back('.');
+        ++rest;
+        digits += readDigits(rest, number);
+    }
+    if (digits == 0) {
+        return false;
+    }
+    readExponent(rest, number);
+    value = toDouble(number);
+    text = rest;
+    return true;
+}
+
 } // namespace
 
 int _wtoi(const wchar_t* text) {
@@ -111,21 +162,12 @@ int _wtoi(const wchar_t* text) {
 double platform_crt::wcstod(const wchar_t* text, wchar_t** end) {
     const wchar_t* rest = skipSpace(text);
     const bool negative = readSign(rest);
-    std::string number;
-    int digits = readDigits(rest, number);
-    if (*rest == L'.' && (digits > 0 || isDigit(rest[1]))) {
-        number.push_back('.');
-        ++rest;
-        digits += readDigits(rest, number);
-    }
-    if (digits > 0) {
-        readExponent(rest, number);
-    } else {
+    double value = 0.0;
+    if (!readShortNumber(rest, value) && !readNumber(rest, value)) {
         rest = text;
     }
     if (end != nullptr) {
         *end = const_cast<wchar_t*>(rest);
     }
-    const double value = digits > 0 ? toDouble(number) : 0.0;
-    return digits > 0 && negative ? -value : value;
+    return rest != text && negative ? -value : value;
 }

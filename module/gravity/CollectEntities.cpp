@@ -25,9 +25,9 @@ bool Carries(const ReadEntity& entity, const wchar_t* key, CString& text) {
 
 int GravityNetworkSearch::CollectEntities() {
     const NetworkSelection selection{xdata::kWellSystem, xdata::kPipeSystem, xdata::kTank};
-    SquareWells squareWells;
+    WellShapes wellShapes;
     const Adesk::Int32 length = selection.Length();
-    pipeSites_.reserve(static_cast<std::size_t>(length));
+    MakeRoomForEntities(static_cast<std::size_t>(length));
     for (Adesk::Int32 index = 0; index < length; ++index) {
         const AcDbObjectId id = selection.At(index);
         ReadEntity entity(id);
@@ -38,7 +38,7 @@ int GravityNetworkSearch::CollectEntities() {
         if (Carries(entity, xdata::kPipeSystem, text)) {
             AddPipe(id, entity, text);
         } else if (Carries(entity, xdata::kWellSystem, text)) {
-            wellSites_.push_back(AddWellTo(wellPool, id, entity, text, squareWells, ReadsLater()));
+            wellSites_.push_back(AddWellTo(wellPool, id, entity, text, wellShapes, ReadsLater()));
         } else if (Carries(entity, xdata::kTank, text)) {
             // A tank belongs to no system, so that pipes of every system may end at it.
             entity.Close();
@@ -47,6 +47,14 @@ int GravityNetworkSearch::CollectEntities() {
     }
     candidates_ = MakeCandidateSource(*this, candidateMode_);
     return length > 0 ? 1 : 0;
+}
+
+/// Room that is never used costs no memory, for the system gives it at the first touch.
+void GravityNetworkSearch::MakeRoomForEntities(std::size_t most) {
+    pipePool.Reserve(most);
+    pipeSites_.reserve(most);
+    wellPool.Reserve(most);
+    wellSites_.reserve(most);
 }
 
 int GravityNetworkSearch::CollectEntitiesOnly() {

@@ -172,6 +172,7 @@ private:
 
     void AddPipe(const AcDbObjectId& id, ReadEntity& entity, const CString& system);
     int ValidateEndEntity();
+    void MakeRoomForEntities(std::size_t most);
     void MakeRoomForResult();
     void GiveSpareRoomBack();
 

@@ -15,7 +15,7 @@ IndexedCandidates::IndexedCandidates(const GravityNetworkSearch& search) : searc
     IndexWells();
     IndexPipes();
     IndexTanks();
-    nodes_ = PointGrid(usualQuery_, {});
+    nodes_ = PointGrid(usualQuery_);
     if (search_.result != nullptr) {
         for (int node = 0; node < static_cast<int>(search_.result->wells.GetSize()); ++node) {
             NodeAdded(node);
@@ -24,13 +24,12 @@ IndexedCandidates::IndexedCandidates(const GravityNetworkSearch& search) : searc
 }
 
 void IndexedCandidates::IndexPipes() {
-    std::vector<AcGePoint3d> ends;
-    ends.reserve(2 * search_.PipeSites().size());
-    for (const PipeSite& site : search_.PipeSites()) {
-        ends.push_back(site.startPoint);
-        ends.push_back(site.endPoint);
-    }
-    pipeEnds_ = PointGrid(std::max(usualQuery_, 2.0 * search_.snapDist), ends);
+    const std::vector<PipeSite>& sites = search_.PipeSites();
+    pipeEnds_ = PointGrid(std::max(usualQuery_, 2.0 * search_.snapDist), 2 * sites.size(),
+                          [&](std::size_t end) -> const AcGePoint3d& {
+                              const PipeSite& site = sites[end / 2];
+                              return end % 2 == 0 ? site.startPoint : site.endPoint;
+                          });
 }
 
 /// Only chains that find no pipe at their end ask for what crosses them.
@@ -55,25 +54,26 @@ void IndexedCandidates::IndexCurves() const {
 }
 
 void IndexedCandidates::IndexWells() {
-    std::vector<AcGePoint3d> positions;
+    const std::vector<WellSite>& sites = search_.WellSites();
     std::vector<double> reaches;
-    positions.reserve(search_.WellSites().size());
-    reaches.reserve(search_.WellSites().size());
-    for (const WellSite& site : search_.WellSites()) {
+    reaches.reserve(sites.size());
+    for (const WellSite& site : sites) {
+        const auto well = static_cast<int>(reaches.size());
         const double reach = WellReach(site);
         if (std::isnan(reach) || std::isnan(site.position.x + site.position.y + site.position.z)) {
-            unmeasurableWells_.push_back(static_cast<int>(positions.size()));
+            unmeasurableWells_.push_back(well);
         }
         if (reach > largestReach_) {
             largestReach_ = reach;
-            largestWell_ = static_cast<int>(positions.size());
+            largestWell_ = well;
         }
-        positions.push_back(site.position);
         reaches.push_back(reach);
     }
     constexpr double radiiOfTouch = 2.0;
     usualQuery_ = 2.0 * radiiOfTouch * MedianReach(std::move(reaches));
-    wells_ = PointGrid(usualQuery_, positions);
+    wells_ = PointGrid(usualQuery_, sites.size(), [&](std::size_t well) -> const AcGePoint3d& {
+        return sites[well].position;
+    });
 }
 
 /// The largest wells first, for when the largest has been merged away.
@@ -174,7 +174,7 @@ void IndexedCandidates::BegunAnew() {
         largestWell_ = wellsByReach_.front();
         largestReach_ = WellReach(search_.WellSites()[static_cast<std::size_t>(largestWell_)]);
     }
-    nodes_ = PointGrid(usualQuery_, {});
+    nodes_ = PointGrid(usualQuery_);
     nodeIds_ = IdIndex();
 }
 

@@ -60,7 +60,7 @@ void PressureNetworkSearch::AddToPool(const AcDbObjectId& id) {
         }
     } else if (ReadXdata(entity.get(), xdata::kWellSystem, value) != 0) {
         const bool readsLater = candidateMode_ == CandidateMode::kIndexed;
-        wellSites_.push_back(AddWellTo(wellPool, id, entity, value, squareWells_, readsLater));
+        wellSites_.push_back(AddWellTo(wellPool, id, entity, value, wellShapes_, readsLater));
     } else if (ReadXdata(entity.get(), xdata::kTank, value) != 0) {
         return; // a tank takes no part in a pressure network
     } else if (ReadXdata(entity.get(), xdata::kTemporaryOutflow, value) != 0 &&

@@ -126,7 +126,7 @@ private:
 
     CandidateMode candidateMode_;
     std::vector<WellSite> wellSites_; // of the well pool, as collected
-    SquareWells squareWells_;
+    WellShapes wellShapes_;
     std::unique_ptr<PressureCandidates> candidates_;
 };
 

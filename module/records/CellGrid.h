@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstddef>
-#include <numeric>
+#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -26,20 +26,23 @@ public:
     template<class ShapeOf>
     CellGrid(double cellSize, std::size_t count, ShapeOf shapeOf)
         : table_(cellSize, count), entries_(count) {
-        // A counting sort by place: how many there are in those before, then one after the other.
-        std::vector<int> end(table_.Places() + 1, 0);
+        // A counting sort by place: each place holds how many entries there are, then where they
+        // end, then where the last of those that are still to come goes.
+        std::vector<std::uint32_t> places(count);
         for (std::size_t item = 0; item < count; ++item) {
-            ++end[PlaceOf(shapeOf(item)) + 1];
+            places[item] = static_cast<std::uint32_t>(PlaceOf(shapeOf(item)));
+            ++table_.First(places[item]);
         }
-        std::partial_sum(end.begin(), end.end(), end.begin());
-        for (std::size_t item = 0; item < count; ++item) {
-            const Shape shape = shapeOf(item);
-            const std::size_t place = PlaceOf(shape);
-            const int at = end[place]++;
-            int& first = table_.First(place);
-            entries_[static_cast<std::size_t>(at)] = {shape, static_cast<int>(item), first};
-            first = at;
+        int end = 0;
+        for (std::size_t place = 0; place < table_.Places(); ++place) {
+            end += table_.First(place) - CellTable::kNone;
+            table_.First(place) = end;
         }
+        for (std::size_t item = count; item-- > 0;) {
+            const int at = --table_.First(places[item]);
+            entries_[static_cast<std::size_t>(at)] = {shapeOf(item), static_cast<int>(item), 0};
+        }
+        ChainNeighbours();
     }
 
     void Add(int item, const Shape& shape) {
@@ -94,6 +97,20 @@ private:
 
     std::size_t PlaceOf(const Shape& shape) const {
         return table_.PlaceOf(shape.CornerX(), shape.CornerY());
+    }
+
+    /// Chains the entries, which lie place by place, each place telling where its own begin.
+    void ChainNeighbours() {
+        auto end = static_cast<int>(entries_.size());
+        for (std::size_t place = table_.Places(); place-- > 0;) {
+            int& first = table_.First(place);
+            for (int at = first; at < end; ++at) {
+                entries_[static_cast<std::size_t>(at)].next = at + 1 < end ? at + 1 : CellTable::kNone;
+            }
+            const bool isEmpty = first == end;
+            end = first;
+            first = isEmpty ? CellTable::kNone : first;
+        }
     }
 
     /// Puts an entry in front of the chain at its place.

@@ -18,7 +18,7 @@ constexpr std::uint32_t kInBlock = (1U << kBlockBits) - 1;
 } // namespace
 
 CellTable::CellTable(double cellSize, std::size_t entries)
-    : cellSize_(std::isfinite(cellSize) && cellSize > 0.0 ? cellSize : 1.0) {
+    : cellsPerUnit_(1.0 / (std::isfinite(cellSize) && cellSize > 0.0 ? cellSize : 1.0)) {
     std::size_t places = kFewestPlaces;
     while (places < entries) {
         places *= 2;
@@ -27,10 +27,13 @@ CellTable::CellTable(double cellSize, std::size_t entries)
 }
 
 std::int32_t CellTable::CellNumber(double coordinate) const {
-    const double cell = std::floor(coordinate / cellSize_);
-    return std::isnan(cell)
-               ? 0
-               : static_cast<std::int32_t>(std::clamp(cell, -kOutermostCell, kOutermostCell));
+    const double cell = coordinate * cellsPerUnit_;
+    if (!(cell > -kOutermostCell && cell < kOutermostCell)) {
+        return std::isnan(cell) ? 0 : static_cast<std::int32_t>(std::copysign(kOutermostCell, cell));
+    }
+    // The conversion cuts towards zero; cells are numbered downwards.
+    const auto number = static_cast<std::int32_t>(cell);
+    return number - (static_cast<double>(number) > cell ? 1 : 0);
 }
 
 std::size_t CellTable::PlaceOf(std::int32_t x, std::int32_t y) const {

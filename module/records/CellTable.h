@@ -56,7 +56,7 @@ private:
     std::int32_t CellNumber(double coordinate) const;
     std::size_t PlaceOf(std::int32_t x, std::int32_t y) const;
 
-    double cellSize_;
+    double cellsPerUnit_;
     std::vector<int> first_; // the length is a power of two
 };
 

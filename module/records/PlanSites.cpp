@@ -27,12 +27,10 @@ void ReadWellAt(const WellSite& site, const AcDbObjectId& id, _Block& well) {
 }
 
 WellSite AddWellTo(RecordPool<_Block>& pool, const AcDbObjectId& id, ReadEntity& entity,
-                   const CString& system, SquareWells& squareWells, bool readsLater) {
+                   const CString& system, WellShapes& wellShapes, bool readsLater) {
     WellSite site;
-    AcDbObjectId definition;
-    if (readsLater && entity.IsWellBlock(site, definition)) {
+    if (readsLater && entity.IsWellBlock(site, wellShapes)) {
         site.systemName = system;
-        site.isSquareWell = squareWells.Has(definition);
         pool.AddUnread(id, ReadWell);
         return site;
     }
@@ -73,14 +71,14 @@ bool ReadEntity::IsStraightAndLonger(double length, PipeSite& site) const {
     return straight > length * clearly && straight < farthest && !BeginsWithAnArc(curve);
 }
 
-bool ReadEntity::IsWellBlock(WellSite& site, AcDbObjectId& definition) const {
+bool ReadEntity::IsWellBlock(WellSite& site, WellShapes& wellShapes) const {
     if (!object_->isKindOf(AcDbBlockReference::desc())) {
         return false;
     }
     auto* reference = static_cast<AcDbBlockReference*>(object_);
     site.position = reference->position();
-    site.radius = WellRadius(XdataText(object_, xdata::kWellDiameter));
-    definition = reference->blockTableRecord();
+    site.radius = wellShapes.Radius(XdataText(object_, xdata::kWellDiameter));
+    site.isSquareWell = wellShapes.IsSquare(reference->blockTableRecord());
     return true;
 }
 

@@ -43,9 +43,9 @@ public:
     /// True for a straight curve that is certainly longer than `length`; `site` is written then.
     /// False leaves the question to the pipe's record.
     bool IsStraightAndLonger(double length, PipeSite& site) const;
-    /// True for a block reference; all of `site` but the shape and the system is written then, and
-    /// its definition. False leaves the question to the well's record.
-    bool IsWellBlock(WellSite& site, AcDbObjectId& definition) const;
+    /// True for a block reference; all of `site` but the system is written then. False leaves the
+    /// question to the well's record.
+    bool IsWellBlock(WellSite& site, WellShapes& wellShapes) const;
 
 private:
     AcDbObject* object_ = nullptr;
@@ -57,6 +57,6 @@ void ReadWellAt(const WellSite& site, const AcDbObjectId& id, _Block& well);
 /// Appends the well `id` of a system to the pool and tells where it lies. The record of a block is
 /// read when it is first looked at, if `readsLater`; that of anything else now.
 WellSite AddWellTo(RecordPool<_Block>& pool, const AcDbObjectId& id, ReadEntity& entity,
-                   const CString& system, SquareWells& squareWells, bool readsLater);
+                   const CString& system, WellShapes& wellShapes, bool readsLater);
 
 } // namespace tkvlt

@@ -43,6 +43,12 @@ public:
         return entries_[static_cast<std::size_t>(index)].record != nullptr;
     }
 
+    /// Makes room for so many entries at once.
+    void Reserve(std::size_t entries) {
+        entries_.reserve(entries);
+        present_.reserve(entries);
+    }
+
     /// Appends a copy and returns its index.
     int Add(const Record& record) {
         auto copy = std::make_unique<Record>();

@@ -27,12 +27,25 @@ int IsSquareWellDefinition(const AcDbObjectId& definition) {
     return name.Compare(kSquareWellBlock) == 0 ? 1 : 0;
 }
 
-int SquareWells::Has(const AcDbObjectId& definition) {
-    const auto [known, isNew] = known_.try_emplace(definition, 0);
-    if (isNew) {
-        known->second = IsSquareWellDefinition(definition);
+int WellShapes::IsSquare(const AcDbObjectId& definition) {
+    if (known_.empty() || definition != lastDefinition_) {
+        const auto [known, isNew] = known_.try_emplace(definition, 0);
+        if (isNew) {
+            known->second = IsSquareWellDefinition(definition);
+        }
+        lastDefinition_ = definition;
+        lastIsSquare_ = known->second;
     }
-    return known->second;
+    return lastIsSquare_;
+}
+
+double WellShapes::Radius(const CString& diameter) {
+    if (!hasRadius_ || diameter != lastDiameter_) {
+        lastRadius_ = WellRadius(diameter);
+        lastDiameter_ = diameter;
+        hasRadius_ = true;
+    }
+    return lastRadius_;
 }
 
 } // namespace tkvlt

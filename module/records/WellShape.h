@@ -12,14 +12,22 @@ double WellRadius(const CString& diameter);
 /// 1 for the block definition of the square wells, else 0.
 int IsSquareWellDefinition(const AcDbObjectId& definition);
 
-/// Remembers which block definitions are square wells; a drawing has few of them.
-class SquareWells {
+/// Remembers which block definitions are square wells, and the radius of the diameter that was asked
+/// for last: a drawing has few of either.
+class WellShapes {
 public:
     /// The same as `IsSquareWellDefinition`, which is asked once for each definition.
-    int Has(const AcDbObjectId& definition);
+    int IsSquare(const AcDbObjectId& definition);
+    /// The same as `WellRadius`, as long as the scale of drawings stays.
+    double Radius(const CString& diameter);
 
 private:
     std::unordered_map<AcDbObjectId, int> known_;
+    AcDbObjectId lastDefinition_;
+    int lastIsSquare_ = 0;
+    CString lastDiameter_;
+    double lastRadius_ = 0.0;
+    bool hasRadius_ = false;
 };
 
 } // namespace tkvlt

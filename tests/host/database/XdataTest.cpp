@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -332,6 +333,42 @@ TEST(XdataApplicationsTest, EqualSetsAreOne) {
     EXPECT_EQ(applications.setOf({}), 0U);
     EXPECT_EQ(applications.setCount(), 2U);
     EXPECT_EQ(applications.find(L"C"), host_db::XdataApplications::kNone);
+}
+
+TEST(XdataApplicationsTest, ASetTellsItsMembersHoweverManyThereAre) {
+    host_db::XdataApplications applications;
+    std::vector<std::uint32_t> thirds;
+    for (std::uint32_t i = 0; i < 200; ++i) {
+        ASSERT_EQ(applications.add(std::to_wstring(i).c_str()), i);
+        if (i % 3 == 0) {
+            thirds.push_back(i);
+        }
+    }
+    const std::uint32_t set = applications.setOf(thirds);
+    for (std::uint32_t i = 0; i < 200; ++i) {
+        EXPECT_EQ(applications.contains(set, i), i % 3 == 0) << i;
+        EXPECT_FALSE(applications.contains(0, i)) << i;
+    }
+}
+
+TEST(XdataApplicationsTest, NamesAskedForAgainAreFoundInAnySpellingUntilTheyAreForgotten) {
+    host_db::XdataApplications applications;
+    for (std::uint32_t i = 0; i < 300; ++i) {
+        applications.add((L"app" + std::to_wstring(i)).c_str());
+    }
+    for (int round = 0; round < 2; ++round) {
+        for (std::uint32_t i = 0; i < 300; ++i) {
+            EXPECT_EQ(applications.find((L"app" + std::to_wstring(i)).c_str()), i);
+            EXPECT_EQ(applications.find((L"APP" + std::to_wstring(i)).c_str()), i);
+        }
+    }
+    applications.forget(L"App7");
+    EXPECT_EQ(applications.find(L"app7"), host_db::XdataApplications::kNone);
+    EXPECT_EQ(applications.find(L"APP7"), host_db::XdataApplications::kNone);
+    EXPECT_EQ(applications.add(L"app7"), 300U);
+    EXPECT_EQ(applications.find(L"APP7"), 300U);
+    EXPECT_EQ(applications.find(nullptr), host_db::XdataApplications::kNone);
+    EXPECT_EQ(applications.find(L""), host_db::XdataApplications::kNone);
 }
 
 } // namespace

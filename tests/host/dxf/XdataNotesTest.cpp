@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -61,11 +62,49 @@ TEST(XdataNotes, OfTwoSectionsOfOneApplicationTheFirstCounts) {
     EXPECT_EQ(found(notes, note, 5), kNoText);
 }
 
+TEST(XdataNotes, ATextThatAnApplicationSaysAgainHasANumber) {
+    XdataNotes notes;
+    const std::uint32_t first = notes.add(1, Sections{{1, 10, "PVC"}, {2, 20, "300"}});
+    const std::uint32_t second = notes.add(1, Sections{{1, 11, "PVC"}, {2, 21, "PVC"}});
+    const std::uint32_t third = notes.add(1, Sections{{1, 12, "PE"}, {2, 22, "300"}});
+    const std::uint32_t fourth = notes.add(1, Sections{{1, 13, "PVC"}, {2, 23, ""}});
+    EXPECT_EQ(found(notes, first, 1), textAt(10));
+    EXPECT_EQ(found(notes, first, 2), textAt(20));
+    EXPECT_EQ(notes.find(second, 1).outcome, Outcome::RepeatedText);
+    EXPECT_EQ(notes.repeatedText(notes.find(second, 1).text), "PVC");
+    EXPECT_EQ(found(notes, second, 2), textAt(21));
+    EXPECT_EQ(found(notes, third, 1), textAt(12));
+    EXPECT_EQ(notes.find(third, 2).outcome, Outcome::RepeatedText);
+    EXPECT_EQ(notes.repeatedText(notes.find(third, 2).text), "300");
+    EXPECT_EQ(notes.find(fourth, 1).text, notes.find(second, 1).text);
+    EXPECT_EQ(found(notes, fourth, 2), textAt(23));
+}
+
+// Each text is said twice in a row, by one application after another.
+TEST(XdataNotes, MoreRepeatedTextsThanThereAreNumbersAreNotedByTheirPlace) {
+    constexpr std::size_t numbers = 32'768;
+    std::vector<std::string> texts;
+    for (std::size_t i = 0; i < numbers + 10; ++i) {
+        texts.push_back(std::to_string(i));
+    }
+    XdataNotes notes;
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        notes.add(1, Sections{{1, 5, texts[i]}});
+        const std::uint32_t again = notes.add(1, Sections{{1, 6, texts[i]}});
+        if (i >= numbers) {
+            EXPECT_EQ(found(notes, again, 1), textAt(6));
+        } else {
+            ASSERT_EQ(notes.find(again, 1).outcome, Outcome::RepeatedText);
+            EXPECT_EQ(notes.repeatedText(notes.find(again, 1).text), texts[i]);
+        }
+    }
+}
+
 TEST(XdataNotes, ATextTooFarOffIsUnknown) {
     XdataNotes notes;
     const std::uint32_t note =
-        notes.add(1, Sections{{1, 65'534}, {2, 65'535}, {3, 65'536}, {4, 131'072}});
-    EXPECT_EQ(found(notes, note, 1), textAt(65'534));
+        notes.add(1, Sections{{1, 32'766}, {2, 32'767}, {3, 32'768}, {4, 131'072}});
+    EXPECT_EQ(found(notes, note, 1), textAt(32'766));
     for (const std::uint32_t application : {2U, 3U, 4U}) {
         EXPECT_EQ(found(notes, note, application).first, Outcome::Unknown);
     }

@@ -101,6 +101,23 @@ TEST_F(SelectionSetsTest, ApplicationNamesTakeWildCardsAndAllMustBeThere) {
     EXPECT_EQ(selected(acutBuildList(-3, RTLB, 1001, L"管*", RTLE, 0)), (Ids{both, well}));
 }
 
+// Entities with the same applications pass alike only where nothing else is asked for.
+TEST_F(SelectionSetsTest, ApplicationsBesideOtherConditionsAndUnderOperators) {
+    const AcDbObjectId first = addMarked({L"管道系统"});
+    const AcDbObjectId second = addMarked({L"管道系统"});
+    const AcDbObjectId both = addMarked({L"管道系统", L"OTHER"});
+    const AcDbObjectId bare = addMarked({});
+    ACHAR handle[17];
+    second.handle().getIntoAsciiBuffer(handle);
+    EXPECT_EQ(selected(acutBuildList(-3, 1001, L"管道系统", 5, handle, 0)), (Ids{second}));
+    EXPECT_EQ(selected(acutBuildList(-4, L"<not", -3, 1001, L"管道系统", -4, L"not>", 0)),
+              (Ids{bare}));
+    EXPECT_EQ(selected(acutBuildList(-4, L"<xor", -3, 1001, L"管道系统", -3, 1001, L"OTHER", -4,
+                                     L"xor>", 0)),
+              (Ids{first, second}));
+    EXPECT_EQ(selected(acutBuildList(-3, 1001, L"管道系统", -3, 1001, L"OTHER", 0)), (Ids{both}));
+}
+
 TEST_F(SelectionSetsTest, ApplicationsThatWereTakenAwayDoNotCount) {
     const AcDbObjectId id = addMarked({L"管道系统"});
     EXPECT_EQ(selected(acutBuildList(-3, 1001, L"管道系统", 0)), (Ids{id}));

@@ -6,7 +6,9 @@
 
 #include <climits>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
+#include <random>
 #include <string>
 
 namespace {
@@ -52,6 +54,31 @@ INSTANTIATE_TEST_SUITE_P(
         RealCase{L"1e-99999999999999999999", 0.0, 23}, RealCase{L"0e99999999999999999999", 0.0, 22},
         RealCase{L"4.9e-324", 0x1p-1074, 8}, RealCase{L"0.1", 0.1, 3},
         RealCase{L"9007199254740993", 9007199254740992.0, 16}, RealCase{L"\uFF11", 0.0, 0}));
+
+/// Up to twenty digits with a point somewhere or nowhere, now and then an exponent.
+std::string someNumber(std::mt19937& random) {
+    const std::size_t digits = 1 + random() % 20;
+    const std::size_t point = random() % (digits + 3);
+    std::string text = random() % 4 == 0 ? "-" : "";
+    for (std::size_t i = 0; i < digits; ++i) {
+        text += i == point ? "." : "";
+        text += static_cast<char>('0' + random() % 10);
+    }
+    return random() % 8 == 0 ? text + "e-" + std::to_string(random() % 30) : text;
+}
+
+// The C library's own conversion is the other road.
+TEST(RealText, NumbersAreRoundedCorrectly) {
+    std::mt19937 random(17);
+    for (int i = 0; i < 50000; ++i) {
+        const std::string text = someNumber(random);
+        const std::wstring wide(text.begin(), text.end());
+        wchar_t* end = nullptr;
+        const double value = platform_crt::wcstod(wide.c_str(), &end);
+        EXPECT_EQ(value, std::strtod(text.c_str(), nullptr)) << text;
+        EXPECT_EQ(end, wide.c_str() + wide.size()) << text;
+    }
+}
 
 TEST(RealText, LongNumbersKeepTheirMagnitude) {
     const std::wstring great = L"1" + std::wstring(400, L'0');

@@ -12,7 +12,7 @@ namespace {
 using tkvlt::PipeSite;
 using tkvlt::ReadEntity;
 using tkvlt::RecordPool;
-using tkvlt::SquareWells;
+using tkvlt::WellShapes;
 using tkvlt::WellSite;
 
 class PlanSites : public DrawingTest {
@@ -25,13 +25,13 @@ protected:
 
     WellSite addWell(AcDbObjectId id, bool readsLater) {
         ReadEntity entity(id);
-        return tkvlt::AddWellTo(pool, id, entity, XdataText(id, xdata::kWellSystem), squareWells,
+        return tkvlt::AddWellTo(pool, id, entity, XdataText(id, xdata::kWellSystem), wellShapes,
                                 readsLater);
     }
 
     PipeSite site;
     RecordPool<_Block> pool;
-    SquareWells squareWells;
+    WellShapes wellShapes;
 };
 
 TEST_F(PlanSites, AStraightPipeIsTakenFromItsCurve) {
