@@ -19,8 +19,7 @@ std::size_t numberOf(std::string_view bytes) {
     std::uint64_t back = 0;
     std::memcpy(&front, bytes.data(), part);
     std::memcpy(&back, bytes.data() + bytes.size() - part, part);
-    const std::uint64_t number =
-        (front + 31 * back + bytes.size()) * 0x9E3779B97F4A7C15ULL;
+    const std::uint64_t number = (front + 31 * back + bytes.size()) * 0x9E3779B97F4A7C15ULL;
     return static_cast<std::size_t>(number >> 48);
 }
 

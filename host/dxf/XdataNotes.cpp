@@ -27,9 +27,8 @@ std::uint16_t XdataNotes::noted(const Section& section) {
         said_.resize(section.application + 1);
     }
     LatelySaid& lately = said_[section.application];
-    const auto said =
-        std::find_if(lately.texts.begin(), lately.texts.end(),
-                     [&](const Said& text) { return text.bytes == section.bytes; });
+    const auto said = std::find_if(lately.texts.begin(), lately.texts.end(),
+                                   [&](const Said& text) { return text.bytes == section.bytes; });
     if (said == lately.texts.end()) {
         lately.texts[lately.oldest] = {section.bytes, place};
         lately.oldest = (lately.oldest + 1) % kSaid;

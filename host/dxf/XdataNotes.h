@@ -34,7 +34,8 @@ public:
     };
     struct Finding {
         Outcome outcome;
-        std::size_t text; ///< of Text, from where the object's data begin; of RepeatedText its number
+        std::size_t
+            text; ///< of Text, from where the object's data begin; of RepeatedText its number
     };
 
     /// Notes an object whose data begin `begin` bytes behind the object itself. Gives the number

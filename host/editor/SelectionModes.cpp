@@ -10,12 +10,12 @@ namespace {
 
 using Ids = std::vector<AcDbObjectId>;
 
+/// Erased ones too, which whoever looks at the entities anyway leaves out.
 Ids everything(const AcDbDatabase& database) {
     Ids ids;
     for (const AcDbObjectId space : database.spaceIds()) {
         if (const auto* record = host_db::peek<AcDbBlockTableRecord>(space)) {
-            std::copy_if(record->entityIds().begin(), record->entityIds().end(),
-                         std::back_inserter(ids), [](AcDbObjectId id) { return id.isValid(); });
+            ids.insert(ids.end(), record->entityIds().begin(), record->entityIds().end());
         }
     }
     return ids;

@@ -13,9 +13,9 @@
 /// Wide text of the platform's class library.
 ///
 /// Copies share one reference-counted buffer and part when one of them is changed, so a copy
-/// costs one addition, an atomic one once the process has had a second thread. An object is a single pointer without reference into itself: it
-/// may be moved bitwise. Texts in different objects may be used from different threads, even
-/// when they share a buffer.
+/// costs one addition, an atomic one once the process has had a second thread. An object is a
+/// single pointer without reference into itself: it may be moved bitwise. Texts in different
+/// objects may be used from different threads, even when they share a buffer.
 ///
 /// Indices are in characters. An index outside the text throws CInvalidArgException where it is
 /// said; storage that cannot be had throws CMemoryException or

@@ -99,9 +99,8 @@ double toDouble(const std::string& number) {
 /// How to read floating point numbers accurately, 1990).
 bool readShortNumber(const wchar_t*& text, double& value) {
     constexpr int mostDigits = 15;
-    constexpr std::array<double, mostDigits + 1> powers = {1e0,  1e1,  1e2,  1e3, 1e4,  1e5,
-                                                           1e6,  1e7,  1e8,  1e9, 1e10, 1e11,
-                                                           1e12, 1e13, 1e14, 1e15};
+    constexpr std::array<double, mostDigits + 1> powers = {
+        1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
     const wchar_t* rest = text;
     std::int64_t whole = 0;
     std::size_t decimals = 0;

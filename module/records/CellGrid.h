@@ -105,7 +105,8 @@ private:
         for (std::size_t place = table_.Places(); place-- > 0;) {
             int& first = table_.First(place);
             for (int at = first; at < end; ++at) {
-                entries_[static_cast<std::size_t>(at)].next = at + 1 < end ? at + 1 : CellTable::kNone;
+                entries_[static_cast<std::size_t>(at)].next =
+                    at + 1 < end ? at + 1 : CellTable::kNone;
             }
             const bool isEmpty = first == end;
             end = first;

@@ -29,7 +29,8 @@ CellTable::CellTable(double cellSize, std::size_t entries)
 std::int32_t CellTable::CellNumber(double coordinate) const {
     const double cell = coordinate * cellsPerUnit_;
     if (!(cell > -kOutermostCell && cell < kOutermostCell)) {
-        return std::isnan(cell) ? 0 : static_cast<std::int32_t>(std::copysign(kOutermostCell, cell));
+        return std::isnan(cell) ? 0
+                                : static_cast<std::int32_t>(std::copysign(kOutermostCell, cell));
     }
     // The conversion cuts towards zero; cells are numbered downwards.
     const auto number = static_cast<std::int32_t>(cell);

@@ -12,8 +12,8 @@ double WellRadius(const CString& diameter);
 /// 1 for the block definition of the square wells, else 0.
 int IsSquareWellDefinition(const AcDbObjectId& definition);
 
-/// Remembers which block definitions are square wells, and the radius of the diameter that was asked
-/// for last: a drawing has few of either.
+/// Remembers which block definitions are square wells, and the radius of the diameter that was
+/// asked for last: a drawing has few of either.
 class WellShapes {
 public:
     /// The same as `IsSquareWellDefinition`, which is asked once for each definition.
