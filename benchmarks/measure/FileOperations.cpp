@@ -72,7 +72,8 @@ private:
 
 std::vector<OperationKind> fileOperations() {
     const auto towns = [](const Specimen& s) {
-        return s.isOf("sewers") || s.isOf("water") || s.isOf("pipes") || s.isExample();
+        return s.isOf("sewers") || s.isOf("districts") || s.isOf("water") || s.isOf("pipes") ||
+               s.isExample();
     };
     const auto written = [](const Specimen& s) {
         return s.isOf("sewers") || s.isOf("water") || s.isExample();

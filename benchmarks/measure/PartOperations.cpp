@@ -15,8 +15,11 @@ using tkvlt::CandidateMode;
 using tkvlt::GravityNetworkSearch;
 using tkvlt::PressureNetworkSearch;
 
-/// What a search without a result needs to refer to.
+/// A search without a result, and what it needs to refer to. The drawing stays as it is, as whole
+/// searches have it.
 struct GravityContext {
+    GravityContext() { search.LetDrawingStay(); }
+
     AcDbObjectId none;
     AcGePoint3d origin;
     GravityNetworkSearch search{nullptr, none, none, origin, CandidateMode::kIndexed};
@@ -52,7 +55,7 @@ public:
         reached_ = 0;
         for (int i = 0; i < traces_; ++i) {
             context_.search.ResetChain(i);
-            reached_ += context_.search.TraceChain(i, 0, context_.search.pipePool[i].startPoint);
+            reached_ += context_.search.TraceChain(i, 0, context_.search.Site(i).startPoint);
         }
     }
     void check(bool) override {

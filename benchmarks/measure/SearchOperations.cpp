@@ -101,7 +101,7 @@ private:
 };
 
 bool isGravityTown(const Specimen& specimen) {
-    return specimen.isOf("sewers") || specimen.isOf("twin");
+    return specimen.isOf("sewers") || specimen.isOf("twin") || specimen.isOf("districts");
 }
 
 bool isGravityExample(const Specimen& specimen) {
@@ -112,14 +112,23 @@ bool isPressureExample(const Specimen& specimen) {
     return specimen.isExample() && specimen.known.systems.front().pressure;
 }
 
-bool isGrid(const Specimen& specimen) {
+bool isGravityGrid(const Specimen& specimen) {
     return specimen.isOf("shallow") || specimen.isOf("shallow-well") || specimen.isOf("arcs") ||
            specimen.isOf("arcs-well");
 }
 
-OperationKind search(const std::string& name, std::function<bool(const Specimen&)> appliesTo,
-                     bool plain) {
-    return {name, std::move(appliesTo), [plain](Bench& bench, const Specimen& specimen) {
+using AppliesTo = bool (*)(const Specimen&);
+
+bool isGravity(const Specimen& specimen) {
+    return isGravityTown(specimen) || isGravityExample(specimen) || isGravityGrid(specimen);
+}
+
+bool isPressure(const Specimen& specimen) {
+    return specimen.isOf("water") || specimen.isOf("square") || isPressureExample(specimen);
+}
+
+OperationKind search(const std::string& name, AppliesTo appliesTo, bool plain) {
+    return {name, appliesTo, [plain](Bench& bench, const Specimen& specimen) {
                 return std::make_unique<SearchOperation>(bench.open(specimen), plain);
             }};
 }
@@ -127,23 +136,17 @@ OperationKind search(const std::string& name, std::function<bool(const Specimen&
 } // namespace
 
 std::vector<OperationKind> searchOperations() {
-    const auto gravity = [](const Specimen& specimen) {
-        return isGravityTown(specimen) || isGravityExample(specimen) || isGrid(specimen);
-    };
-    const auto pressure = [](const Specimen& specimen) {
-        return specimen.isOf("water") || isPressureExample(specimen);
-    };
-    return {search("gravity_search", gravity, false),
-            search("gravity_search_plain", isGravityTown, true),
-            search("pressure_search", pressure, false),
-            search(
-                "pressure_search_plain", [](const Specimen& s) { return s.isOf("water"); }, true),
+    return {search("gravity_search", isGravity, false),
+            search("gravity_search_plain", isGravity, true),
+            search("pressure_search", isPressure, false),
+            search("pressure_search_plain", isPressure, true),
             {"single_segment",
              [](const Specimen& s) { return s.isOf("sewers") || s.isOf("water") || s.isExample(); },
              [](Bench& bench, const Specimen& specimen) {
                  return std::make_unique<SegmentOperation>(bench.open(specimen));
              }},
-            {"lower_heights", [](const Specimen& s) { return s.isOf("sewers"); },
+            {"lower_heights",
+             [](const Specimen& s) { return s.isOf("sewers") || s.isOf("districts"); },
              [](Bench& bench, const Specimen& specimen) {
                  return std::make_unique<LowerOperation>(bench, specimen);
              }}};

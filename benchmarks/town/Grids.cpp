@@ -6,8 +6,10 @@ namespace benchmark_town {
 
 namespace {
 
-void addPipe(Town& town, Place start, Place end, double bulge = 0.0) {
+void addPipe(Town& town, Place start, Place end, double bulge = 0.0,
+             System system = System::kFoul) {
     TownPipe pipe;
+    pipe.system = system;
     pipe.start = start;
     pipe.end = end;
     pipe.bulge = bulge;
@@ -27,6 +29,18 @@ void addShallow(Town& town, std::size_t side) {
     for (std::size_t i = 0; i < side; ++i) {
         const auto y = static_cast<double>(i);
         addPipe(town, {0.0, y + rise}, {length, y});
+    }
+}
+
+/// Each pipe reaches five metres beyond its first and last crossing.
+void addSquare(Town& town, std::size_t side) {
+    constexpr double pitch = 10.0;
+    constexpr double near = -5.0;
+    const double far = pitch * static_cast<double>(side) - 5.0;
+    for (std::size_t i = 0; i < side; ++i) {
+        const double at = pitch * static_cast<double>(i);
+        addPipe(town, {near, at}, {far, at}, 0.0, System::kWater);
+        addPipe(town, {at, near}, {at, far}, 0.0, System::kWater);
     }
 }
 
@@ -59,19 +73,26 @@ void finish(Town& town, const TownSystem& truth) {
 
 Town layGrid(GridKind kind, std::size_t side, bool corner) {
     Town town;
-    if (kind == GridKind::kShallow) {
+    switch (kind) {
+    case GridKind::kShallow:
         addShallow(town, side);
-    } else {
+        break;
+    case GridKind::kSquare:
+        addSquare(town, side);
+        break;
+    case GridKind::kArcs:
         addArcs(town, side);
+        break;
     }
     if (corner) {
         TownWell well;
+        well.system = town.pipes.front().system;
         well.place = town.pipes.front().start;
         well.number = "W1";
         town.wells.push_back(well);
     }
-    finish(town, {System::kFoul, !corner, 0, town.pipes.front().start, town.pipes.size() - 1, 0, 0,
-                  0, 0});
+    finish(town, {town.pipes.front().system, !corner, 0, town.pipes.front().start,
+                  town.pipes.size() - 1, 0, 0, 0, 0});
     return town;
 }
 

@@ -62,15 +62,15 @@ void FreeEnds::add(const Place& place) {
     cells_.insert(cellOf(place));
 }
 
-std::size_t addPieces(Town& town, const Run& run, std::size_t pieces, FreeEnds& ends,
-                      Chance& chance) {
+std::size_t addPieces(Town& town, const Run& run, std::size_t pieces, const Gaps& gaps,
+                      FreeEnds& ends, Chance& chance) {
     const double length = distance(run.from, run.to);
     std::vector<double> cuts; // where pieces end and begin by turns
     for (std::size_t piece = 1; piece < pieces; ++piece) {
         const double cut = length * (static_cast<double>(piece) + chance.between(-0.1, 0.1)) /
                            static_cast<double>(pieces);
         cuts.push_back(cut);
-        cuts.push_back(cut + chance.between(0.1, 0.3));
+        cuts.push_back(cut + chance.between(gaps.least, gaps.most));
     }
     const bool hasRoom = std::all_of(cuts.begin(), cuts.end(), [&](double cut) {
         return ends.hasRoomAt(towards(run.from, run.to, cut));

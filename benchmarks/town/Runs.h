@@ -44,11 +44,17 @@ private:
     std::unordered_set<std::uint64_t> cells_; ///< squares of one metre that hold something
 };
 
-/// Adds the whole run in `pieces` pieces, with gaps of 0.1 to 0.3 metres between them; in one piece
-/// where a gap would come too near to the ends of others.
+/// How wide the gaps between the pieces of a run are, metres.
+struct Gaps {
+    double least;
+    double most;
+};
+
+/// Adds the whole run in `pieces` pieces with gaps between them; in one piece where a gap would
+/// come too near to the ends of others.
 /// @return the number of pieces.
-std::size_t addPieces(Town& town, const Run& run, std::size_t pieces, FreeEnds& ends,
-                      Chance& chance);
+std::size_t addPieces(Town& town, const Run& run, std::size_t pieces, const Gaps& gaps,
+                      FreeEnds& ends, Chance& chance);
 
 /// Shuffles the drawing order of all that stands in the town.
 void shuffleOrder(Town& town, Chance& chance);

@@ -52,7 +52,7 @@ struct TownSystem {
     std::size_t start = 0;
     Place point;              ///< the place of the start
     std::size_t farPipe = 0;  ///< a pipe as far from the start as there is
-    std::size_t nodes = 0;    ///< wells of a gravity tree; 0 for a water main
+    std::size_t nodes = 0;    ///< wells of the gravity tree; 0 for a water main
     std::size_t segments = 0; ///< of the network
     std::size_t valves = 0;
     std::size_t meters = 0;
@@ -80,6 +80,12 @@ std::string pipeHandle(const Town& town, std::size_t pipe);
 /// seed.
 Town laySewers(std::size_t wells, bool twin, std::uint64_t seed);
 
+/// Sewers of one system in five networks: laid as those above, but forty metres apart, with gaps of
+/// 0.2 metres, and the wells, at least five, fall into five random trees that grew at once from
+/// random places. They are of different size and grow into one another, but nothing joins them and
+/// none crosses another. The town's one system is the first of them. The same for the same seed.
+Town layDistricts(std::size_t wells, std::uint64_t seed);
+
 /// A water main with `wells` wells (an even number, at least 4): a random tree of streets without a
 /// loop, a valve well at each corner, and from the middle of each street a house connection with a
 /// meter well at its end. Streets are drawn in one or two pieces with a gap.
@@ -88,6 +94,7 @@ Town layWaterMain(std::size_t wells, std::uint64_t seed);
 /// How the pipes of a grid lie.
 enum class GridKind {
     kShallow, ///< `side` rising and `side` falling lines, each of which crosses all of the others
+    kSquare,  ///< `side` streets and `side` avenues of a water main, ten metres apart
     kArcs,    ///< `side` by `side` places ten metres apart, neighbours joined by arcs
 };
 

@@ -1,12 +1,11 @@
 #include "town/Runs.h"
-#include "town/SpanningTree.h"
+#include "town/SpanningTrees.h"
 
 namespace benchmark_town {
 
 namespace {
 
-constexpr double kPitch = 30.0;
-constexpr double kJitter = 4.0;
+constexpr Lattice kCorners{30.0, 4.0, false};
 /// Street pipes stop so far from the centre of the valve well at a corner.
 constexpr double kFromCorner = 0.1;
 constexpr double kConnection = 4.0;
@@ -58,7 +57,7 @@ void addStreet(Town& town, Place from, Place to, Chance& chance) {
 Town layWaterMain(std::size_t wells, std::uint64_t seed) {
     Chance chance(seed);
     const std::size_t corners = wells / 2;
-    const SpanningTree tree = growTree(corners, kPitch, kJitter, false, chance);
+    const SpanningTrees tree = growTrees(corners, kCorners, 1, chance);
     const auto shifted = [&](std::size_t place) {
         return Place{tree.places[place].x + kOriginX, tree.places[place].y + kOriginY};
     };
@@ -67,11 +66,11 @@ Town layWaterMain(std::size_t wells, std::uint64_t seed) {
     for (const std::size_t i : tree.order) {
         const Place to = shifted(i);
         truth.farPipe = town.pipes.size();
-        if (tree.parents[i] != SpanningTree::kNone) {
+        if (tree.parents[i] != SpanningTrees::kNone) {
             addStreet(town, shifted(static_cast<std::size_t>(tree.parents[i])), to, chance);
             continue;
         }
-        const Place source{to.x - 0.9 * kPitch, to.y - 1.0};
+        const Place source{to.x - 0.9 * kCorners.pitch, to.y - 1.0};
         truth.point = towards(source, to, kFromCorner);
         addStreet(town, source, to, chance);
     }

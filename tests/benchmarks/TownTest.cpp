@@ -45,11 +45,13 @@ TEST(TownTest, TheSameSeedGivesTheSameFiles) {
     EXPECT_EQ(first.drawing, second.drawing);
     EXPECT_EQ(first.truth, second.truth);
     EXPECT_EQ(filesOf(layWaterMain(300, 7)).drawing, filesOf(layWaterMain(300, 7)).drawing);
+    EXPECT_EQ(filesOf(layDistricts(300, 7)).drawing, filesOf(layDistricts(300, 7)).drawing);
 }
 
 TEST(TownTest, AnotherSeedGivesAnotherTown) {
     EXPECT_NE(filesOf(laySewers(300, false, 7)).drawing, filesOf(laySewers(300, false, 8)).drawing);
     EXPECT_NE(filesOf(layWaterMain(300, 7)).drawing, filesOf(layWaterMain(300, 8)).drawing);
+    EXPECT_NE(filesOf(layDistricts(300, 7)).drawing, filesOf(layDistricts(300, 8)).drawing);
 }
 
 TEST(TownTest, EachWellDrainsToTheRootOfItsSystem) {
@@ -109,7 +111,7 @@ TEST(TownTest, FreeEndsOfDifferentRunsKeepApart) {
 }
 
 TEST(TownTest, WaterFallsByTheSlopeAlongEachPipe) {
-    for (const Town& town : {laySewers(500, true, 5), layWaterMain(500, 5)}) {
+    for (const Town& town : {laySewers(500, true, 5), layDistricts(500, 5), layWaterMain(500, 5)}) {
         for (const TownPipe& pipe : town.pipes) {
             const double fall = pipe.flowsToEnd ? pipe.startHeight - pipe.endHeight
                                                 : pipe.endHeight - pipe.startHeight;
@@ -142,9 +144,11 @@ TEST(TownTest, HandlesCountWellsAndThenPipes) {
     EXPECT_EQ(pipeHandle(town, 0), "100A");
 }
 
-/// 40 rising lines and 40 falling ones; 40 by 40 places with 40 times 39 arcs along either axis.
+/// 40 rising lines and 40 falling ones, 40 streets and 40 avenues; 40 by 40 places with 40 times 39
+/// arcs along either axis.
 TEST(TownTest, GridsHaveTheirPipes) {
     EXPECT_EQ(layGrid(GridKind::kShallow, 40, false).pipes.size(), 80U);
+    EXPECT_EQ(layGrid(GridKind::kSquare, 40, false).pipes.size(), 80U);
     EXPECT_EQ(layGrid(GridKind::kArcs, 40, false).pipes.size(), 3120U);
     EXPECT_TRUE(layGrid(GridKind::kArcs, 40, false).wells.empty());
     EXPECT_EQ(layGrid(GridKind::kShallow, 40, true).wells.size(), 1U);
