@@ -6,6 +6,8 @@
 #include "database/BlockExtents.h"
 #include "database/OpenObject.h"
 
+#include <utility>
+
 namespace host_db {
 namespace {
 
@@ -31,11 +33,12 @@ bool BlockWalk::isTooMuch() const {
 }
 
 bool BlockWalk::run(const AcDbBlockReference& reference, const AcGeMatrix3d& transform) {
-    push(reference, transform);
+    outermost_ = reference.blockTableRecord();
+    push(StepKind::Outermost, reference, transform);
     while (!work_.empty() && !isTooMuch()) {
         const Step step = work_.back();
         work_.pop_back();
-        if (step.leaves) {
+        if (step.kind == StepKind::Leaving) {
             path_.erase(step.block);
         } else {
             enter(step);
@@ -44,16 +47,17 @@ bool BlockWalk::run(const AcDbBlockReference& reference, const AcGeMatrix3d& tra
     return !isTooMuch();
 }
 
-void BlockWalk::pushCell(const AcDbBlockReference& reference, const AcGeMatrix3d& transform,
-                         int column, int row) {
+void BlockWalk::pushCell(StepKind kind, const AcDbBlockReference& reference,
+                         const AcGeMatrix3d& transform, int column, int row) {
     const bool isFirst = column == 0 && row == 0;
     const AcGeMatrix3d cell = isFirst ? transform : transform * cellShift(reference, column, row);
     const AcGeMatrix3d shown = reference.blockTransform();
     work_.push_back(
-        {reference.blockTableRecord(), changesNothing(cell) ? shown : cell * shown, false});
+        {kind, reference.blockTableRecord(), changesNothing(cell) ? shown : cell * shown});
 }
 
-void BlockWalk::push(const AcDbBlockReference& reference, const AcGeMatrix3d& transform) {
+void BlockWalk::push(StepKind kind, const AcDbBlockReference& reference,
+                     const AcGeMatrix3d& transform) {
     const int columns = reference.columns();
     const int rows = reference.rows();
     if (cells_ == Cells::Corners) {
@@ -61,7 +65,7 @@ void BlockWalk::push(const AcDbBlockReference& reference, const AcGeMatrix3d& tr
         const int rowStep = rows > 1 ? rows - 1 : 1;
         for (int column = 0; column < columns; column += columnStep) {
             for (int row = 0; row < rows; row += rowStep) {
-                pushCell(reference, transform, column, row);
+                pushCell(kind, reference, transform, column, row);
             }
         }
         return;
@@ -69,18 +73,35 @@ void BlockWalk::push(const AcDbBlockReference& reference, const AcGeMatrix3d& tr
     repeated_ += static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows) - 1;
     for (int column = 0; column < columns && !isTooMuch(); ++column) {
         for (int row = 0; row < rows; ++row) {
-            pushCell(reference, transform, column, row);
+            pushCell(kind, reference, transform, column, row);
         }
     }
 }
 
+/// False for a definition inside itself.
+bool BlockWalk::entersPath(const Step& step) {
+    if (step.kind == StepKind::Outermost) {
+        return true;
+    }
+    if (step.block == outermost_ || !path_.insert(step.block).second) {
+        return false;
+    }
+    work_.push_back({StepKind::Leaving, step.block, {}});
+    return true;
+}
+
+/// Whether the definition was entered before, as it is from now on.
+bool BlockWalk::wasSeen(const Step& step) {
+    return step.kind == StepKind::Outermost ? std::exchange(outermostWasSeen_, true)
+                                            : !seen_.insert(step.block).second;
+}
+
 void BlockWalk::enter(const Step& step) {
     const auto* block = peek<AcDbBlockTableRecord>(step.block);
-    if (block == nullptr || !path_.insert(step.block).second) {
+    if (block == nullptr || !entersPath(step)) {
         return;
     }
-    work_.push_back({step.block, {}, true});
-    if (!seen_.insert(step.block).second) {
+    if (wasSeen(step)) {
         repeated_ += block->entityIds().size() + 1;
         if (isTooMuch()) {
             return;
@@ -95,7 +116,7 @@ void BlockWalk::enter(const Step& step) {
 
 void BlockWalk::show(const AcDbEntity& entity, const AcGeMatrix3d& transform) {
     if (const auto* nested = AcDbBlockReference::cast(&entity)) {
-        push(*nested, transform);
+        push(StepKind::Nested, *nested, transform);
     } else if (!entity.isKindOf(AcDbAttributeDefinition::desc()) &&
                !entity.isKindOf(AcDbAttribute::desc())) {
         show_(entity, transform);

@@ -27,22 +27,29 @@ public:
     bool run(const AcDbBlockReference& reference, const AcGeMatrix3d& transform);
 
 private:
+    enum class StepKind { Outermost, Nested, Leaving };
     struct Step {
+        StepKind kind;
         AcDbObjectId block;
         AcGeMatrix3d transform;
-        bool leaves = false;
     };
 
-    void push(const AcDbBlockReference& reference, const AcGeMatrix3d& transform);
-    void pushCell(const AcDbBlockReference& reference, const AcGeMatrix3d& transform, int column,
-                  int row);
+    void push(StepKind kind, const AcDbBlockReference& reference, const AcGeMatrix3d& transform);
+    void pushCell(StepKind kind, const AcDbBlockReference& reference, const AcGeMatrix3d& transform,
+                  int column, int row);
     void enter(const Step& step);
+    bool entersPath(const Step& step);
+    bool wasSeen(const Step& step);
     void show(const AcDbEntity& entity, const AcGeMatrix3d& transform);
     bool isTooMuch() const;
 
     Cells cells_;
     Show show_;
     std::vector<Step> work_;
+    // The outermost definition, which is on the path throughout, stands by itself: most definitions
+    // nest nothing, and then the sets stay empty.
+    AcDbObjectId outermost_;
+    bool outermostWasSeen_ = false;
     std::unordered_set<AcDbObjectId> path_;
     std::unordered_set<AcDbObjectId> seen_;
     std::size_t repeated_ = 0;

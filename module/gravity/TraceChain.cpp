@@ -121,7 +121,9 @@ int GravityNetworkSearch::TraceChain(int pipe, int outThroughStart, AcGePoint3d 
 GravityNetworkSearch::Trace
 GravityNetworkSearch::FollowChain(const ChainBranch& first, ChainOutlook* outlook, int takeBacks) {
     // An explicit stack of levels: a chain may be as long as there are pipes.
+    constexpr std::size_t usualLength = 4;
     std::vector<ChainFrame> levels;
+    levels.reserve(usualLength);
     levels.push_back(EnterPipe(first));
     ChainEnd end = EndOfChain(levels.back());
     while (end != ChainEnd::kTarget) {
@@ -286,7 +288,6 @@ void GravityNetworkSearch::BeginNextStage(ChainFrame& level) const {
         break;
     default:
         level.stage = ChainStage::kExhausted;
-        level.candidates.clear();
         break;
     }
 }

@@ -77,13 +77,14 @@ int GravityNetworkSearch::ArriveAtWell(int well) {
 }
 
 void GravityNetworkSearch::MergeOverlappingWells(int well) {
+    const double gap = JointGap();
     int next = 0;
     bool merged = true;
     while (merged) {
         merged = false;
         const Well& node = result->wells.ElementAt(well);
         const double widest = std::max(candidates_->LargestWellReach(), 0.0);
-        const double farthest = widest + node.nodeRadius + JointGap();
+        const double farthest = widest + node.nodeRadius + gap;
         for (const int i : candidates_->WellsIn(PlanBox::Around(node.nodePoint, farthest))) {
             const WellSite& site = SiteOfWell(i);
             if (i < next || site.systemName.Compare(systemName) != 0 || IsNode(wellPool.IdOf(i))) {
@@ -91,7 +92,7 @@ void GravityNetworkSearch::MergeOverlappingWells(int well) {
             }
             const double distance = node.nodePoint.distanceTo(site.position);
             const double radius = RadiusToCorner(site, site.radius);
-            if (!(distance > radius + node.nodeRadius + JointGap())) {
+            if (!(distance > radius + node.nodeRadius + gap)) {
                 MergeWell(well, i, distance, radius);
                 // The node has moved and grown; wells behind this one are judged by that, and those
                 // before it are not looked at again.
