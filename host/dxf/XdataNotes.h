@@ -23,7 +23,7 @@ public:
     struct Section {
         std::uint32_t application; ///< number of the application
         std::size_t text; ///< of the first text, from where the object's data begin; 0 for none
-        std::string_view bytes; ///< the text itself, which outlives the notes
+        std::string_view bytes = {}; ///< the text itself, which outlives the notes
     };
     enum class Outcome {
         NoSection, ///< the application is not there

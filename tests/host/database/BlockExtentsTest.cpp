@@ -208,6 +208,19 @@ TEST_F(BlockExtentsTest, AnExplodingNestIsGivenUp) {
     expectBox(box, {1.0, 2.0, 3.0}, {4.0, 5.0, 6.0}, 0.0);
 }
 
+TEST_F(BlockExtentsTest, AnArrayOfANestWithItselfInsideReachesToItsLastCell) {
+    const AcDbObjectId leaf = addBlock(L"LEAF");
+    addTo(leaf, line({0.0, 0.0, 0.0}, {1.0, 0.0, 0.0}));
+    const AcDbObjectId outer = addBlock(L"OUTER");
+    addTo(outer, reference(leaf, {0.0, 2.0, 0.0}));
+    addTo(outer, reference(outer, {1000.0, 0.0, 0.0}));
+    addTo(outer, reference(leaf, {0.0, -2.0, 0.0}));
+    AcDbBlockReference placed({100.0, 0.0, 0.0}, outer);
+    placed.setGrid(2, 2, 10.0, 20.0);
+    // Cells at 100 and 110, 0 and 20, each one wide and from -2 to 2.
+    expectBox(boxOf(placed), {100.0, -2.0, 0.0}, {111.0, 22.0, 0.0});
+}
+
 TEST_F(BlockExtentsTest, AnArrayReachesToItsLastCell) {
     const AcDbObjectId block = addBlock(L"B");
     addTo(block, line({0.0, 0.0, 0.0}, {1.0, 1.0, 0.0}));

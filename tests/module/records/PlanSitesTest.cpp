@@ -125,6 +125,26 @@ TEST_F(PlanSites, AWellIsTakenFromItsReference) {
     EXPECT_TRUE(pool.IsRead(0));
 }
 
+// What is remembered of one well must not be taken for the next.
+TEST_F(PlanSites, WellsOfMixedSizesAndShapesKeepTheirOwn) {
+    drawing.setDrawScale(1000.0);
+    struct Case {
+        const wchar_t* diameter;
+        bool square;
+        double radius;
+    };
+    const Case cases[] = {{L"", false, 0.0},    {L"1", false, 0.5}, {L"1", true, 0.5},
+                          {L"2.5", true, 1.25}, {L"1", false, 0.5}, {L"", true, 0.0},
+                          {L"", false, 0.0},    {L"3", false, 1.5}, {L"1.0", false, 0.5}};
+    for (const Case& each : cases) {
+        const AcDbObjectId id = drawing.addWell(
+            {1, 2, 0}, {.diameter = each.diameter, .system = kStorm, .square = each.square});
+        const WellSite well = addWell(id, true);
+        EXPECT_DOUBLE_EQ(well.radius, each.radius) << utf8(CString(each.diameter));
+        EXPECT_EQ(well.isSquareWell, each.square ? 1 : 0) << utf8(CString(each.diameter));
+    }
+}
+
 TEST_F(PlanSites, AWellThatIsNoBlockIsReadAtOnce) {
     // Anything may carry the key of a well; its record then stays where records begin, and is as
     // wide as its text says: half of 3 metres at 1000.
