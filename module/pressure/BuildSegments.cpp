@@ -41,6 +41,25 @@ double NoiseOfDistances(const PipePieces& pipes, int a, int b, const AcGePoint3d
     return std::max(noise, RoundingNoise({centreA, centreB})) + centres + radii;
 }
 
+/// Lets an array of segments grow by large steps while this lives.
+///
+/// Growing by its own small steps, it would move from one gap of the memory to the next larger one
+/// and leave them all behind, for among its steps the segments' own lists are laid out.
+class LargeSteps {
+public:
+    /// @param pipes so many segments there may come to be.
+    LargeSteps(CArray<PressureSeg, PressureSeg&>& segs, int pipes) : segs_(segs) {
+        constexpr int steps = 4;
+        segs_.SetSize(segs_.GetSize(), pipes / steps);
+    }
+    ~LargeSteps() { segs_.SetSize(segs_.GetSize(), 0); }
+    LargeSteps(const LargeSteps&) = delete;
+    LargeSteps& operator=(const LargeSteps&) = delete;
+
+private:
+    CArray<PressureSeg, PressureSeg&>& segs_;
+};
+
 } // namespace
 
 int PressureNetworkSearch::BuildSegments() {
@@ -48,9 +67,11 @@ int PressureNetworkSearch::BuildSegments() {
     if (piece < 0) {
         return 0;
     }
+    const LargeSteps steps(segs, pipePool.Size());
     PlaceRoot(piece);
     rootSeg = 0;
     WalkFromSeg(0);
+    segs.FreeExtra();
     return 1;
 }
 
