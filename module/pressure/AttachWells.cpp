@@ -34,12 +34,13 @@ bool LiesOn(const PressureSeg& seg, const WellSite& well) {
 } // namespace
 
 int PressureNetworkSearch::AttachWells() {
-    const std::vector<CString> names = KeepMetersAndValves();
+    candidates_->LoopsChecked();
+    const std::vector<bool> isMeter = KeepMetersAndValves();
     for (int s = 0; s < static_cast<int>(segs.GetSize()); ++s) {
         PressureSeg& seg = segs.ElementAt(s);
         for (const int w : WellsOn(seg)) {
             const WellSite& well = SiteOfWell(w);
-            if (names[static_cast<std::size_t>(w)].Compare(kMeterWellBlock) == 0) {
+            if (isMeter[static_cast<std::size_t>(w)]) {
                 seg.InsertMeterWell(well.position, wellPool.IdOf(w));
             } else {
                 seg.InsertValveWell(well.position, wellPool.IdOf(w));
@@ -48,7 +49,7 @@ int PressureNetworkSearch::AttachWells() {
         }
     }
     for (const int w : AllPresent(wellPool)) {
-        wellPool[w].note = names[static_cast<std::size_t>(w)];
+        wellPool[w].note = isMeter[static_cast<std::size_t>(w)] ? kMeterWellBlock : kValveWellBlock;
     }
     return 1;
 }
@@ -63,17 +64,19 @@ std::vector<int> PressureNetworkSearch::WellsOn(const PressureSeg& seg) const {
 }
 
 /// The kind of a well is the name of its block definition. Wells of any other name leave the pool;
-/// the names of all are given back by pool index.
-std::vector<CString> PressureNetworkSearch::KeepMetersAndValves() {
-    std::vector<CString> names(static_cast<std::size_t>(wellPool.Size()));
+/// which of the others are meters is given back by pool index.
+std::vector<bool> PressureNetworkSearch::KeepMetersAndValves() {
+    std::vector<bool> isMeter(static_cast<std::size_t>(wellPool.Size()));
     for (int i = 0; i < wellPool.Size(); ++i) {
-        CString& name = names[static_cast<std::size_t>(i)];
+        CString name;
         GetBlockRefName(wellPool.IdOf(i), name);
-        if (name.Compare(kMeterWellBlock) != 0 && name.Compare(kValveWellBlock) != 0) {
+        if (name.Compare(kMeterWellBlock) == 0) {
+            isMeter[static_cast<std::size_t>(i)] = true;
+        } else if (name.Compare(kValveWellBlock) != 0) {
             wellPool.Remove(i);
         }
     }
-    return names;
+    return isMeter;
 }
 
 } // namespace tkvlt

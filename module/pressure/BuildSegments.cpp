@@ -13,8 +13,8 @@ namespace tkvlt {
 
 namespace {
 
-double DistanceToCurve(const _Pipe& pipe, const AcGePoint3d& point) {
-    return pipe.isArc != 0 ? pipe.arc.distanceTo(point) : pipe.line.distanceTo(point);
+double DistanceToCurve(const PipeCurve& curve, const AcGePoint3d& point) {
+    return curve.arc != nullptr ? curve.arc->distanceTo(point) : curve.line.distanceTo(point);
 }
 
 /// Two circles whose centres and radii differ by no more than this, in drawing units, are one.
@@ -23,18 +23,42 @@ constexpr double kOneCircle = 1e-7;
 /// Below this difference two pieces of one entity lie equally far from the point. The circles of
 /// two pieces of one arc, each laid through three points, may differ by more than their coordinates
 /// do; those of a piece whose end was moved to a well differ in earnest.
-double NoiseOfDistances(const _Pipe& a, const _Pipe& b, const AcGePoint3d& point) {
-    const double noise = RoundingNoise({point, a.startPoint, a.endPoint, b.startPoint, b.endPoint});
-    if (a.isArc == 0 || b.isArc == 0) {
+double NoiseOfDistances(const PipePieces& pipes, int a, int b, const AcGePoint3d& point) {
+    const PipePiece& pieceA = pipes.At(a);
+    const PipePiece& pieceB = pipes.At(b);
+    const double noise = RoundingNoise(
+        {point, pieceA.startPoint, pieceA.endPoint, pieceB.startPoint, pieceB.endPoint});
+    if (pieceA.isArc == 0 || pieceB.isArc == 0) {
         return noise;
     }
-    const double centres = a.arc.center().distanceTo(b.arc.center());
-    const double radii = std::abs(a.arc.radius() - b.arc.radius());
+    const AcGePoint3d centreA = pipes.ArcOf(a).center();
+    const AcGePoint3d centreB = pipes.ArcOf(b).center();
+    const double centres = centreA.distanceTo(centreB);
+    const double radii = std::abs(pipes.ArcOf(a).radius() - pipes.ArcOf(b).radius());
     if (!(centres <= kOneCircle && radii <= kOneCircle)) {
         return noise;
     }
-    return std::max(noise, RoundingNoise({a.arc.center(), b.arc.center()})) + centres + radii;
+    return std::max(noise, RoundingNoise({centreA, centreB})) + centres + radii;
 }
+
+/// Lets an array of segments grow by large steps while this lives.
+///
+/// Growing by its own small steps, it would move from one gap of the memory to the next larger one
+/// and leave them all behind, for among its steps the segments' own lists are laid out.
+class LargeSteps {
+public:
+    /// @param pipes so many segments there may come to be.
+    LargeSteps(CArray<PressureSeg, PressureSeg&>& segs, int pipes) : segs_(segs) {
+        constexpr int steps = 4;
+        segs_.SetSize(segs_.GetSize(), pipes / steps);
+    }
+    ~LargeSteps() { segs_.SetSize(segs_.GetSize(), 0); }
+    LargeSteps(const LargeSteps&) = delete;
+    LargeSteps& operator=(const LargeSteps&) = delete;
+
+private:
+    CArray<PressureSeg, PressureSeg&>& segs_;
+};
 
 } // namespace
 
@@ -43,9 +67,11 @@ int PressureNetworkSearch::BuildSegments() {
     if (piece < 0) {
         return 0;
     }
+    const LargeSteps steps(segs, pipePool.Size());
     PlaceRoot(piece);
     rootSeg = 0;
     WalkFromSeg(0);
+    segs.FreeExtra();
     return 1;
 }
 
@@ -69,9 +95,8 @@ int PressureNetworkSearch::FindRootPiece() const {
         if (!pipePool.Has(i) || pipePool.IdOf(i) != pickedId) {
             continue;
         }
-        const double distance = DistanceToCurve(pipePool[i], pickedPoint);
-        const double noise =
-            index < 0 ? 0.0 : NoiseOfDistances(pipePool[i], pipePool[index], pickedPoint);
+        const double distance = DistanceToCurve(pipePool.CurveOf(i), pickedPoint);
+        const double noise = index < 0 ? 0.0 : NoiseOfDistances(pipePool, i, index, pickedPoint);
         if (distance < best - noise) {
             best = distance;
             index = i;
@@ -81,14 +106,19 @@ int PressureNetworkSearch::FindRootPiece() const {
 }
 
 void PressureNetworkSearch::AdoptPipe(PressureSeg& seg, int pipe) const {
-    const _Pipe& adopted = pipePool[pipe];
+    const PipePiece& adopted = pipePool.At(pipe);
     seg.orientationFlags.Add(adopted.orientationFlag);
-    seg.pipeIds.append(adopted.id);
+    seg.pipeIds.setPhysicalLength(1); // most segments keep to one pipe
+    seg.pipeIds.append(pipePool.IdOf(pipe));
     seg.startPoint = adopted.startPoint;
     seg.endPoint = adopted.endPoint;
     seg.isArc = adopted.isArc;
-    seg.arc = adopted.arc;
-    seg.line = adopted.line;
+    if (adopted.isArc != 0) {
+        seg.arc = pipePool.ArcOf(pipe);
+        seg.line = pipePool[pipe].line;
+    } else {
+        seg.line = adopted.Chord();
+    }
 }
 
 /// The elevations follow the walk and not the water: the one at the entity's end nearer to the

@@ -29,13 +29,14 @@ bool CutHistory::HoldsAt(const Place& place, const Cut& cut) const {
            });
 }
 
-bool CutHistory::Holds(const _Pipe& pipe, const AcGePoint3d& cutPoint) const {
-    const Cut cut{pipe.startPoint, pipe.endPoint, cutPoint};
+bool CutHistory::Holds(const AcDbObjectId& id, const PipePiece& piece,
+                       const AcGePoint3d& cutPoint) const {
+    const Cut cut{piece.startPoint, piece.endPoint, cutPoint};
     const std::int64_t x = SquareOf(cutPoint.x);
     const std::int64_t y = SquareOf(cutPoint.y);
     for (const std::int64_t dx : {-1, 0, 1}) {
         for (const std::int64_t dy : {-1, 0, 1}) {
-            if (HoldsAt({pipe.id.asOldId(), x + dx, y + dy}, cut)) {
+            if (HoldsAt({id.asOldId(), x + dx, y + dy}, cut)) {
                 return true;
             }
         }
@@ -43,9 +44,9 @@ bool CutHistory::Holds(const _Pipe& pipe, const AcGePoint3d& cutPoint) const {
     return false;
 }
 
-void CutHistory::Note(const _Pipe& pipe, const AcGePoint3d& cutPoint) {
-    const Place place{pipe.id.asOldId(), SquareOf(cutPoint.x), SquareOf(cutPoint.y)};
-    cuts_[place].push_back({pipe.startPoint, pipe.endPoint, cutPoint});
+void CutHistory::Note(const AcDbObjectId& id, const PipePiece& piece, const AcGePoint3d& cutPoint) {
+    const Place place{id.asOldId(), SquareOf(cutPoint.x), SquareOf(cutPoint.y)};
+    cuts_[place].push_back({piece.startPoint, piece.endPoint, cutPoint});
 }
 
 } // namespace tkvlt

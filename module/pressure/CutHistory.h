@@ -5,7 +5,7 @@
 #include <tuple>
 #include <vector>
 
-#include "records/Pipe.h"
+#include "pressure/PipePieces.h"
 
 namespace tkvlt {
 
@@ -17,8 +17,8 @@ public:
     /// @param tolerance drawing units; its sign is of no account, and no number counts as 0.
     explicit CutHistory(double tolerance);
 
-    bool Holds(const _Pipe& pipe, const AcGePoint3d& cutPoint) const;
-    void Note(const _Pipe& pipe, const AcGePoint3d& cutPoint);
+    bool Holds(const AcDbObjectId& id, const PipePiece& piece, const AcGePoint3d& cutPoint) const;
+    void Note(const AcDbObjectId& id, const PipePiece& piece, const AcGePoint3d& cutPoint);
 
 private:
     struct Cut {

@@ -4,7 +4,8 @@
 
 /// Rebuilds the pressure network that hangs on a picked pipe as a tree of segments.
 ///
-/// @param segs    gets the segments appended; it should be empty, and is never emptied here.
+/// @param segs    gets the segments appended; it should be empty, and is never emptied here. It
+///                grows by its usual steps afterwards.
 /// @param startId the picked pipe.
 /// @param point   the picked point, drawing units: the reading begins at the end nearest to it, and
 ///                what hangs on that end stays outside.

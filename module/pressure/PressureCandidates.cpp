@@ -10,7 +10,6 @@
 #include "records/BoxGrid.h"
 #include "records/Candidates.h"
 #include "records/MedianReach.h"
-#include "records/PipeBox.h"
 #include "records/PointGrid.h"
 
 namespace tkvlt {
@@ -51,6 +50,7 @@ public:
     }
     double LargestWellRadius() const override { return LargestRadius(search_.WellSites()); }
     void SegsBuilt() override {}
+    void LoopsChecked() override {}
     std::vector<int> SegsEndingIn(const PlanBox& /*box*/) const override {
         std::vector<int> all(static_cast<std::size_t>(search_.segs.GetSize()));
         std::iota(all.begin(), all.end(), 0);
@@ -73,7 +73,7 @@ public:
 
     /// What was drawn stands in front of every piece, so a piece need not look at it.
     std::vector<int> LaterPipesNear(int pipe, double gap) const override {
-        const PlanBox reachable = PipeBox(search_.pipePool[pipe]).Widened(gap).Widened(slack_);
+        const PlanBox reachable = search_.pipePool.BoxOf(pipe).Widened(gap).Widened(slack_);
         std::vector<int> pipes;
         if (pipe < drawnPipes_) {
             pipeCurves_.Collect(reachable, pipes);
@@ -83,22 +83,22 @@ public:
         return PresentInOrder(std::move(pipes), search_.pipePool);
     }
 
-    void PieceAdded(int pipe) override { pieces_.Add(pipe, PipeBox(search_.pipePool[pipe])); }
+    void PieceAdded(int pipe) override { pieces_.Add(pipe, search_.pipePool.BoxOf(pipe)); }
 
     void PipeCut(int pipe) override {
         if (pipe >= drawnPipes_) {
-            pieces_.Remove(pipe, PipeBox(search_.pipePool[pipe]));
+            pieces_.Remove(pipe, search_.pipePool.BoxOf(pipe));
         }
     }
 
     void PipesPrepared() override {
-        std::vector<AcGePoint3d> ends;
-        ends.reserve(2 * static_cast<std::size_t>(search_.pipePool.Size()));
-        for (int i = 0; i < search_.pipePool.Size(); ++i) {
-            ends.push_back(search_.pipePool[i].startPoint);
-            ends.push_back(search_.pipePool[i].endPoint);
-        }
-        pipeEnds_ = PointGrid(usualQuery_, ends);
+        pipeCurves_ = BoxTree();
+        pieces_ = BoxGrid();
+        const auto ends = 2 * static_cast<std::size_t>(search_.pipePool.Size());
+        pipeEnds_ = PointGrid(usualQuery_, ends, [&](std::size_t end) -> const AcGePoint3d& {
+            const PipePiece& piece = search_.pipePool.At(static_cast<int>(end / 2));
+            return end % 2 == 0 ? piece.startPoint : piece.endPoint;
+        });
     }
 
     std::vector<int> PipesWithEndIn(const PlanBox& box) const override {
@@ -119,6 +119,7 @@ public:
     double LargestWellRadius() const override { return largestRadius_; }
 
     void SegsBuilt() override {
+        pipeEnds_ = PointGrid();
         std::vector<AcGePoint3d> points;
         points.reserve(static_cast<std::size_t>(search_.segs.GetSize()));
         for (int i = 0; i < static_cast<int>(search_.segs.GetSize()); ++i) {
@@ -126,6 +127,8 @@ public:
         }
         searchPoints_ = PointGrid(2.0 * kOnePlace, points);
     }
+
+    void LoopsChecked() override { searchPoints_ = PointGrid(); }
 
     std::vector<int> SegsEndingIn(const PlanBox& box) const override {
         std::vector<int> indices;
@@ -141,7 +144,7 @@ private:
         curves.reserve(static_cast<std::size_t>(search_.pipePool.Size()));
         sides.reserve(curves.capacity());
         for (int i = 0; i < search_.pipePool.Size(); ++i) {
-            const PlanBox box = PipeBox(search_.pipePool[i]);
+            const PlanBox box = search_.pipePool.BoxOf(i);
             curves.push_back(box);
             sides.push_back(std::max(box.maxX - box.minX, box.maxY - box.minY));
         }
@@ -150,16 +153,16 @@ private:
     }
 
     void IndexWells() {
-        std::vector<AcGePoint3d> positions;
+        const std::vector<WellSite>& sites = search_.WellSites();
         std::vector<double> radii;
-        positions.reserve(search_.WellSites().size());
-        radii.reserve(search_.WellSites().size());
-        for (const WellSite& well : search_.WellSites()) {
-            positions.push_back(well.position);
+        radii.reserve(sites.size());
+        for (const WellSite& well : sites) {
             radii.push_back(well.radius);
         }
         usualQuery_ = 2.0 * MedianReach(std::move(radii));
-        wells_ = PointGrid(usualQuery_, positions);
+        wells_ = PointGrid(usualQuery_, sites.size(), [&](std::size_t well) -> const AcGePoint3d& {
+            return sites[well].position;
+        });
     }
 
     const PressureNetworkSearch& search_;

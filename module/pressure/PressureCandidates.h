@@ -12,7 +12,8 @@ class PressureNetworkSearch;
 
 /// Answers which pool entries and segments of a pressure search can matter at a place. Whatever
 /// could pass a rule's test there is among the answers, in pool order and without what has been
-/// taken; the test itself stays with the rule. All boxes are in plan.
+/// taken; the test itself stays with the rule. All boxes are in plan. What a step asks can be asked
+/// from the call that ends the step before it to the one that ends the step itself.
 class PressureCandidates {
 public:
     virtual ~PressureCandidates() = default;
@@ -26,7 +27,7 @@ public:
     virtual void PipeCut(int pipe) = 0;
     /// From here on the pipes of the pool stay as they are.
     virtual void PipesPrepared() = 0;
-    /// Pipes with their start or end point in `box`. After `PipesPrepared`.
+    /// Pipes with their start or end point in `box`. From `PipesPrepared` to `SegsBuilt`.
     virtual std::vector<int> PipesWithEndIn(const PlanBox& box) const = 0;
     /// Wells with their position in `box`.
     virtual std::vector<int> WellsIn(const PlanBox& box) const = 0;
@@ -34,7 +35,9 @@ public:
     virtual double LargestWellRadius() const = 0;
     /// The segments are complete.
     virtual void SegsBuilt() = 0;
-    /// Segments with their search point in `box`. After `SegsBuilt`.
+    /// Nobody asks for segments any more.
+    virtual void LoopsChecked() = 0;
+    /// Segments with their search point in `box`. From `SegsBuilt` to `LoopsChecked`.
     virtual std::vector<int> SegsEndingIn(const PlanBox& box) const = 0;
 };
 

@@ -40,6 +40,8 @@ int PressureNetworkSearch::CollectEntities() {
     for (Adesk::Int32 index = 0; index < length; ++index) {
         AddToPool(selection.At(index));
     }
+    wellPool.CloseUp();
+    wellSites_.shrink_to_fit();
     candidates_ = MakePressureCandidates(*this, candidateMode_);
     return length > 0 ? 1 : 0;
 }
@@ -51,22 +53,31 @@ void PressureNetworkSearch::AddToPool(const AcDbObjectId& id) {
     }
     CString value;
     if (ReadXdata(entity.get(), xdata::kPipeSystem, value) != 0) {
-        entity.Close();
         if (value.Compare(systemName) == 0) {
-            auto pipe = std::make_unique<_Pipe>(id, value);
-            if (pipe->GetLength() > kLongestIgnoredPipe) {
-                pipePool.Add(std::move(pipe));
-            }
+            AddPipe(id, entity, value);
         }
     } else if (ReadXdata(entity.get(), xdata::kWellSystem, value) != 0) {
-        const bool readsLater = candidateMode_ == CandidateMode::kIndexed;
-        wellSites_.push_back(AddWellTo(wellPool, id, entity, value, wellShapes_, readsLater));
+        wellSites_.push_back(AddWellTo(wellPool, id, entity, value, wellShapes_, ReadsLater()));
     } else if (ReadXdata(entity.get(), xdata::kTank, value) != 0) {
         return; // a tank takes no part in a pressure network
     } else if (ReadXdata(entity.get(), xdata::kTemporaryOutflow, value) != 0 &&
                value.Compare(kOutflowIsTemporary) == 0) {
         entity.Close();
         outflowPool.Add(std::make_unique<_Block>(id, CString(), CString()));
+    }
+}
+
+void PressureNetworkSearch::AddPipe(const AcDbObjectId& id, ReadEntity& entity,
+                                    const CString& system) {
+    PipeSite site;
+    if (ReadsLater() && entity.IsStraightAndLonger(kLongestIgnoredPipe, site)) {
+        pipePool.Add(id, {site.startPoint, site.endPoint});
+        return;
+    }
+    entity.Close();
+    auto pipe = std::make_unique<_Pipe>(id, system);
+    if (pipe->GetLength() > kLongestIgnoredPipe) {
+        pipePool.Add(std::move(pipe));
     }
 }
 
@@ -82,6 +93,7 @@ int PressureNetworkSearch::FindPickedPipe() {
 int PressureNetworkSearch::PreparePipes() {
     SplitCrossings();
     SnapEndsToWells();
+    pipePool.CloseUp();
     candidates_->PipesPrepared();
     return 1;
 }

@@ -4,11 +4,11 @@
 #include <vector>
 
 #include "pressure/CutHistory.h"
+#include "pressure/PipePieces.h"
 #include "pressure/PressureCandidates.h"
 #include "pressure/PressureSeg.h"
 #include "records/Block.h"
 #include "records/Candidates.h"
-#include "records/Pipe.h"
 #include "records/PlanSites.h"
 #include "records/RecordPool.h"
 
@@ -57,7 +57,7 @@ public:
     int WalkFromSeg(int k);
     /// 0 when two segments end less than one drawing unit apart: the network closes on itself.
     int CheckNoLoops();
-    /// The segments behind `k` that end in one place with it. After `CheckNoLoops`.
+    /// The segments behind `k` that end in one place with it. From `CheckNoLoops` to `AttachWells`.
     std::vector<int> LaterSegsEndingAt(int k);
     /// Puts meters and valves onto the segments that they lie on.
     int AttachWells();
@@ -67,14 +67,15 @@ public:
     int WellHolding(const AcGePoint3d& point, const CString& system) const;
     /// How near to `point` the end of a pipe must be to hang on a segment that ends there.
     double ReachFrom(const AcGePoint3d& point, const CString& system) const;
-    /// The pipes of the pool that are in reach of a segment's end at `point`. After `PreparePipes`.
+    /// The pipes of the pool that are in reach of a segment's end at `point`. From `PreparePipes`
+    /// to `CheckNoLoops`.
     std::vector<int> PipesInReach(const AcGePoint3d& point, const CString& system) const;
 
     CArray<PressureSeg, PressureSeg&>& segs; ///< the caller's; appended to, never emptied
     int& rootSeg;
     AcDbObjectId pickedId;
     AcGePoint3d pickedPoint;
-    RecordPool<_Pipe> pipePool;  ///< pipes still to be placed in a segment
+    PipePieces pipePool;         ///< pipes still to be placed in a segment
     RecordPool<_Block> wellPool; ///< wells of all systems; `AttachWells` consumes it
     RecordPool<_Block>
         outflowPool; ///< blocks whose temporary outflow flag is "0"; no step reads it
@@ -99,6 +100,8 @@ private:
     };
 
     void AddToPool(const AcDbObjectId& id);
+    void AddPipe(const AcDbObjectId& id, ReadEntity& entity, const CString& system);
+    bool ReadsLater() const { return candidateMode_ == CandidateMode::kIndexed; }
     const WellSite& SiteOfWell(int well) const {
         return wellSites_[static_cast<std::size_t>(well)];
     }
@@ -106,12 +109,12 @@ private:
     void SplitCrossings();
     bool SplitAll(CutLimits limits);
     void SplitPipe(int pipe, CutLimits& limits);
-    bool IsCutBy(const _Pipe& pipe, const AcGePoint3d& point, const CutLimits& limits) const;
+    bool IsCutBy(int pipe, const AcGePoint3d& point, const CutLimits& limits) const;
     int CutPipe(int pipe, const AcGePoint3d& point, CutLimits& limits);
 
     void SnapEndsToWells();
-    void SnapPipe(_Pipe& pipe);
-    std::vector<int> WellsAtEnds(const _Pipe& pipe) const;
+    void SnapPipe(int index);
+    std::vector<int> WellsAtEnds(const PipePiece& pipe) const;
 
     int FindRootPiece() const;
     void AdoptPipe(PressureSeg& seg, int pipe) const;
@@ -122,7 +125,7 @@ private:
     bool MergeOnlyChild(int k);
     bool Continue(const PressureSeg& seg, const PressureSeg& child) const;
 
-    std::vector<CString> KeepMetersAndValves();
+    std::vector<bool> KeepMetersAndValves();
 
     CandidateMode candidateMode_;
     std::vector<WellSite> wellSites_; // of the well pool, as collected

@@ -32,6 +32,9 @@ int InsertPoint(CArray<AcGePoint3d, AcGePoint3d>& points, const AcGePoint3d& beg
 /// caller has left the list shorter than the points.
 void InsertId(AcDbObjectIdArray& ids, const CArray<AcGePoint3d, AcGePoint3d>& points, int place,
               const AcDbObjectId& id) {
+    if (ids.physicalLength() == 0) {
+        ids.setPhysicalLength(1); // few segments have several
+    }
     if (place == points.GetUpperBound()) {
         ids.append(id);
     } else {

@@ -11,22 +11,22 @@ namespace {
 /// A pipe end is at a well when it is nearer to its position than this many radii.
 constexpr double kAtWell = 1.1;
 
-void MoveEnd(_Pipe& pipe, const AcGePoint3d& position) {
-    if (pipe.isArc == 0) {
-        pipe.line.set(pipe.startPoint, position);
-    } else {
-        pipe.arc.set(pipe.startPoint, pipe.endPoint, position);
+void MoveEnd(PipePieces& pipes, int index, const AcGePoint3d& position) {
+    PipePiece piece = pipes.At(index);
+    if (piece.isArc != 0) {
+        pipes.ArcOf(index).set(piece.startPoint, piece.endPoint, position);
     }
-    pipe.endPoint = position;
+    piece.endPoint = position;
+    pipes.Set(index, piece);
 }
 
-void MoveStart(_Pipe& pipe, const AcGePoint3d& position) {
-    if (pipe.isArc == 0) {
-        pipe.line.set(position, pipe.endPoint);
-    } else {
-        pipe.arc.set(position, pipe.startPoint, pipe.endPoint);
+void MoveStart(PipePieces& pipes, int index, const AcGePoint3d& position) {
+    PipePiece piece = pipes.At(index);
+    if (piece.isArc != 0) {
+        pipes.ArcOf(index).set(position, piece.startPoint, piece.endPoint);
     }
-    pipe.startPoint = position;
+    piece.startPoint = position;
+    pipes.Set(index, piece);
 }
 
 } // namespace
@@ -37,12 +37,12 @@ void PressureNetworkSearch::SnapEndsToWells() {
     }
     for (int i = 0; i < pipePool.Size(); ++i) {
         if (pipePool.Has(i)) {
-            SnapPipe(pipePool[i]);
+            SnapPipe(i);
         }
     }
 }
 
-std::vector<int> PressureNetworkSearch::WellsAtEnds(const _Pipe& pipe) const {
+std::vector<int> PressureNetworkSearch::WellsAtEnds(const PipePiece& pipe) const {
     const double reach = candidates_->LargestWellRadius() * kAtWell;
     std::vector<int> wells = candidates_->WellsIn(PlanBox::Around(pipe.startPoint, reach));
     const std::vector<int> atEnd = candidates_->WellsIn(PlanBox::Around(pipe.endPoint, reach));
@@ -53,7 +53,8 @@ std::vector<int> PressureNetworkSearch::WellsAtEnds(const _Pipe& pipe) const {
 
 /// Each end moves once, to the first well in pool order that it lies at; wells behind that one are
 /// tested against the moved end. A pipe with both ends at one well stays as it is from there on.
-void PressureNetworkSearch::SnapPipe(_Pipe& pipe) {
+void PressureNetworkSearch::SnapPipe(int index) {
+    const PipePiece& pipe = pipePool.At(index);
     bool startDone = false;
     bool endDone = false;
     std::vector<int> wells = WellsAtEnds(pipe);
@@ -72,10 +73,10 @@ void PressureNetworkSearch::SnapPipe(_Pipe& pipe) {
             continue;
         }
         if (nearEnd) {
-            MoveEnd(pipe, well.position);
+            MoveEnd(pipePool, index, well.position);
             endDone = true;
         } else {
-            MoveStart(pipe, well.position);
+            MoveStart(pipePool, index, well.position);
             startDone = true;
         }
         // The moved end lies at other wells now; those behind this one count.

@@ -32,31 +32,31 @@ double StraightCutsOf(int drawn) {
 
 /// The first half of a straight pipe, and of an arc the way round its circle over the old end: the
 /// piece keeps the circle and has the right ends, only its sweep is the longer one.
-void EndPieceAt(_Pipe& piece, const AcGePoint3d& point) {
+void EndPieceAt(PipePieces& pipes, int index, const AcGePoint3d& point) {
+    PipePiece piece = pipes.At(index);
     piece.orientationFlag = 0;
     piece.endPoint = point;
-    if (piece.isArc == 0) {
-        const AcGePoint3d start = piece.line.startPoint();
-        piece.line.set(start, point);
-    } else {
-        const AcGePoint3d start = piece.arc.startPoint();
-        const AcGePoint3d end = piece.arc.endPoint();
-        piece.arc.set(start, end, point);
+    if (piece.isArc != 0) {
+        AcGeCircArc3d& arc = pipes.ArcOf(index);
+        const AcGePoint3d start = arc.startPoint();
+        const AcGePoint3d end = arc.endPoint();
+        arc.set(start, end, point);
     }
+    pipes.Set(index, piece);
 }
 
 /// The second half; of an arc the way from the cut over the old end round to the old start.
-void StartPieceAt(_Pipe& piece, const AcGePoint3d& point) {
+void StartPieceAt(PipePieces& pipes, int index, const AcGePoint3d& point) {
+    PipePiece piece = pipes.At(index);
     piece.orientationFlag = 0;
     piece.startPoint = point;
-    if (piece.isArc == 0) {
-        const AcGePoint3d end = piece.line.endPoint();
-        piece.line.set(point, end);
-    } else {
-        const AcGePoint3d start = piece.arc.startPoint();
-        const AcGePoint3d end = piece.arc.endPoint();
-        piece.arc.set(point, end, start);
+    if (piece.isArc != 0) {
+        AcGeCircArc3d& arc = pipes.ArcOf(index);
+        const AcGePoint3d start = arc.startPoint();
+        const AcGePoint3d end = arc.endPoint();
+        arc.set(point, end, start);
     }
+    pipes.Set(index, piece);
 }
 
 } // namespace
@@ -101,14 +101,14 @@ void PressureNetworkSearch::SplitPipe(int i, CutLimits& limits) {
         if (!pipePool.Has(j)) {
             continue;
         }
-        const PipeCrossing crossing = CrossingOf(pipePool[i], pipePool[j]);
+        const PipeCrossing crossing = CrossingOf(pipePool.CurveOf(i), pipePool.CurveOf(j));
         if (!crossing.hit) {
             continue;
         }
-        const bool cutI = IsCutBy(pipePool[i], crossing.point, limits);
-        const bool cutJ = IsCutBy(pipePool[j], crossing.point, limits);
+        const bool cutI = IsCutBy(i, crossing.point, limits);
+        const bool cutJ = IsCutBy(j, crossing.point, limits);
         if (cuts != nullptr && (cutI || cutJ)) {
-            cuts->push_back({pipePool[i].id, pipePool[j].id, crossing.point});
+            cuts->push_back({pipePool.IdOf(i), pipePool.IdOf(j), crossing.point});
         }
         if (cutJ) {
             // Pieces lie at the end of the pool, so this list too stays in pool order.
@@ -124,30 +124,31 @@ void PressureNetworkSearch::SplitPipe(int i, CutLimits& limits) {
 }
 
 /// A crossing between the pipe's ends cuts it.
-bool PressureNetworkSearch::IsCutBy(const _Pipe& pipe, const AcGePoint3d& point,
+bool PressureNetworkSearch::IsCutBy(int pipe, const AcGePoint3d& point,
                                     const CutLimits& limits) const {
+    const PipePiece& piece = pipePool.At(pipe);
     const auto isNear = [&](const AcGePoint3d& end) {
         return point.distanceTo(end) < limits.endTolerance;
     };
-    return !isNear(pipe.startPoint) && !isNear(pipe.endPoint) &&
-           (limits.history == nullptr || !limits.history->Holds(pipe, point));
+    return !isNear(piece.startPoint) && !isNear(piece.endPoint) &&
+           (limits.history == nullptr || !limits.history->Holds(pipePool.IdOf(pipe), piece, point));
 }
 
 /// Replaces the pipe by two pieces at the end of the pool and gives the index of the first.
 int PressureNetworkSearch::CutPipe(int pipe, const AcGePoint3d& point, CutLimits& limits) {
     if (limits.history != nullptr) {
-        limits.history->Note(pipePool[pipe], point);
+        limits.history->Note(pipePool.IdOf(pipe), pipePool.At(pipe), point);
     }
     // Straight pieces only ever get shorter, unless no place counts as an end.
-    if (pipePool[pipe].isArc != 0 || !(limits.endTolerance > 0.0)) {
+    if (pipePool.At(pipe).isArc != 0 || !(limits.endTolerance > 0.0)) {
         --limits.rest;
     } else {
         limits.straightRest -= 1.0;
     }
-    const int first = pipePool.Add(pipePool[pipe]);
-    EndPieceAt(pipePool[first], point);
-    const int second = pipePool.Add(pipePool[pipe]);
-    StartPieceAt(pipePool[second], point);
+    const int first = pipePool.AddCopyOf(pipe);
+    EndPieceAt(pipePool, first, point);
+    const int second = pipePool.AddCopyOf(pipe);
+    StartPieceAt(pipePool, second, point);
     pipePool.Remove(pipe);
     candidates_->PipeCut(pipe);
     candidates_->PieceAdded(first);

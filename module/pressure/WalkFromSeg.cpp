@@ -33,7 +33,7 @@ PlanBox EndsInReach(const AcGePoint3d& point, double reach) {
     return PlanBox::Around(point, std::numeric_limits<double>::infinity());
 }
 
-NearestEnd NearestEndOf(const _Pipe& pipe, const AcGePoint3d& point) {
+NearestEnd NearestEndOf(const PipePiece& pipe, const AcGePoint3d& point) {
     NearestEnd nearest{kFarthestEnd, false};
     const double fromStart = pipe.startPoint.distanceTo(point);
     const double fromEnd = pipe.endPoint.distanceTo(point);
@@ -110,7 +110,7 @@ std::vector<int> PressureNetworkSearch::PipesInReach(const AcGePoint3d& point,
     pipes.erase(std::remove_if(pipes.begin(), pipes.end(),
                                [&](int pipe) {
                                    const double distance =
-                                       NearestEndOf(pipePool[pipe], point).distance;
+                                       NearestEndOf(pipePool.At(pipe), point).distance;
                                    return distance - wellRadius > reach;
                                }),
                 pipes.end());
@@ -120,7 +120,7 @@ std::vector<int> PressureNetworkSearch::PipesInReach(const AcGePoint3d& point,
 void PressureNetworkSearch::AdoptPipesInReach(int k) {
     const AcGePoint3d searchPoint = segs.ElementAt(k).GetSearchPoint();
     for (const int i : PipesInReach(searchPoint, segs.ElementAt(k).systemName)) {
-        const NearestEnd nearest = NearestEndOf(pipePool[i], searchPoint);
+        const NearestEnd nearest = NearestEndOf(pipePool.At(i), searchPoint);
         const int added = static_cast<int>(segs.GetSize());
         segs.SetSize(added + 1);
         PressureSeg& child = segs.ElementAt(added);

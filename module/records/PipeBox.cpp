@@ -50,23 +50,16 @@ double RoundingSlack(const AcGeCircArc3d& arc) {
     return (LargestCoordinate(arc.center()) + arc.radius()) * kRelativeSlack;
 }
 
-double RoundingSlack(const RecordPool<_Pipe>& pipes) {
-    double largest = 0.0;
-    for (int i = 0; i < pipes.Size(); ++i) {
-        const _Pipe& pipe = pipes[i];
-        largest = std::max({largest, RoundingSlack(pipe.startPoint), RoundingSlack(pipe.endPoint)});
-        if (pipe.isArc != 0) {
-            largest = std::max(largest, RoundingSlack(pipe.arc));
-        }
-    }
-    return largest;
+PlanBox PipeBox(const _Pipe& pipe) {
+    return PipeBox(pipe.startPoint, pipe.endPoint, pipe.isArc != 0 ? &pipe.arc : nullptr);
 }
 
-PlanBox PipeBox(const _Pipe& pipe) {
-    PlanBox box = PlanBox::Of(pipe.startPoint);
-    box.Include(PlanBox::Of(pipe.endPoint));
-    if (pipe.isArc != 0) {
-        box.Include(ArcBox(pipe.arc));
+PlanBox PipeBox(const AcGePoint3d& startPoint, const AcGePoint3d& endPoint,
+                const AcGeCircArc3d* arc) {
+    PlanBox box = PlanBox::Of(startPoint);
+    box.Include(PlanBox::Of(endPoint));
+    if (arc != nullptr) {
+        box.Include(ArcBox(*arc));
     }
     return box;
 }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "platform.h"
@@ -21,6 +22,13 @@ class RecordPool {
 public:
     /// Fills a record from the entity.
     using Reader = void (*)(Record& record, const AcDbObjectId& id);
+
+    RecordPool() = default;
+    virtual ~RecordPool() = default;
+    RecordPool(const RecordPool&) = delete;
+    RecordPool& operator=(const RecordPool&) = delete;
+    RecordPool(RecordPool&&) noexcept = default;
+    RecordPool& operator=(RecordPool&&) noexcept = default;
 
     /// One more than the largest index ever given; entries taken away are counted.
     int Size() const { return static_cast<int>(entries_.size()); }
@@ -82,12 +90,36 @@ public:
         ++count_;
     }
 
+    /// Drops the entries that have been taken away and spare room: the rest moves up, in its order.
+    void CloseUp() {
+        std::size_t kept = 0;
+        for (std::size_t i = 0; i < entries_.size(); ++i) {
+            if (present_[i] != 0) {
+                std::swap(entries_[kept++], entries_[i]);
+            }
+        }
+        entries_.resize(kept);
+        entries_.shrink_to_fit();
+        present_.assign(entries_.size(), 1);
+        present_.shrink_to_fit();
+    }
+
     /// Makes the pool what it was when it had its first `size` entries and none had been taken.
     void RestoreFirst(int size) {
         entries_.resize(static_cast<std::size_t>(size));
         present_.assign(static_cast<std::size_t>(size), 1);
         count_ = size;
     }
+
+protected:
+    /// Appends an entry whose record a derived class makes.
+    int AddUnread(const AcDbObjectId& id) { return Append(id); }
+
+    /// Drops a record that `ReadRecord` made; it is made anew when it is next looked at.
+    void Forget(int index) { entries_[static_cast<std::size_t>(index)].record.reset(); }
+
+    /// Fills the record of an entry that is looked at for the first time.
+    virtual void ReadRecord(Record& record, int index) const { read_(record, IdOf(index)); }
 
 private:
     struct Entry {
@@ -106,7 +138,7 @@ private:
         const Entry& entry = entries_[static_cast<std::size_t>(index)];
         if (!entry.record) {
             auto record = std::make_unique<Record>();
-            read_(*record, entry.id);
+            ReadRecord(*record, index);
             entry.record = std::move(record);
         }
         return *entry.record;

@@ -385,17 +385,17 @@ TEST_F(PressureWalkTest, PiecesOfAnArcAreToldApartOnlyAsFarAsItsMiddleAllows) {
         segs.RemoveAll();
         const auto search = collected(cut, {0, 5, 0});
         ASSERT_EQ(search->pipePool.Size(), 1);
-        const _Pipe whole = search->pipePool[0];
+        _Pipe whole;
+        whole = search->pipePool[0];
         search->pipePool.Remove(0);
         constexpr double radius = 1e6;
         for (const double above : {isClearlyNearer ? 1e-9 : 2e-10, 0.0}) {
-            _Pipe piece;
-            piece = whole;
+            auto piece = std::make_unique<_Pipe>(whole);
             // Angles run from the west to the south.
-            piece.arc.set({radius, 0, 0}, {0, 0, 1}, {-1, 0, 0}, radius, above / radius, 1e-5);
-            piece.startPoint = piece.arc.startPoint();
-            piece.endPoint = piece.arc.endPoint();
-            search->pipePool.Add(piece);
+            piece->arc.set({radius, 0, 0}, {0, 0, 1}, {-1, 0, 0}, radius, above / radius, 1e-5);
+            piece->startPoint = piece->arc.startPoint();
+            piece->endPoint = piece->arc.endPoint();
+            search->pipePool.Add(std::move(piece));
         }
         ASSERT_EQ(search->BuildSegments(), 1);
         ASSERT_GT(count(), 0);

@@ -79,6 +79,24 @@ TEST(RecordPool, RestoredItHasItsFirstEntriesAllPresent) {
     EXPECT_TRUE(pool.IsEmpty());
 }
 
+TEST(RecordPool, ClosedUpItHasWhatWasLeftInItsOrder) {
+    Pool pool = poolOf(5);
+    for (const int taken : {0, 2, 3}) {
+        pool.Remove(taken);
+    }
+    pool.CloseUp();
+    ASSERT_EQ(pool.Size(), 2);
+    EXPECT_EQ(present(pool), (std::vector<int>{0, 1}));
+    EXPECT_EQ(pool[0].endPoint.x, 1.0);
+    EXPECT_EQ(pool[1].endPoint.x, 4.0);
+    pool.Remove(1);
+    EXPECT_FALSE(pool.IsEmpty());
+    pool.Remove(0);
+    EXPECT_TRUE(pool.IsEmpty());
+    pool.CloseUp();
+    EXPECT_EQ(pool.Size(), 0);
+}
+
 TEST(RecordPool, RestoredWithoutEntriesItIsEmptyAndTakesNewOnes) {
     Pool pool = poolOf(2);
     pool.RestoreFirst(0);

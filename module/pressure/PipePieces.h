@@ -1,0 +1,67 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "records/Pipe.h"
+#include "records/PipeCrossing.h"
+#include "records/PlanBox.h"
+#include "records/RecordPool.h"
+
+namespace tkvlt {
+
+/// Where a pipe or a piece of one lies: all that a search must know of a straight one. Names and
+/// meanings are those of its record.
+struct PipePiece {
+    AcGePoint3d startPoint;
+    AcGePoint3d endPoint;
+    int isArc = 0; ///< the curve is the arc of the record
+    int orientationFlag = 1;
+
+    /// What the record of a straight one keeps as its line.
+    AcGeLineSeg3d Chord() const { return {startPoint, endPoint}; }
+};
+
+/// The pipes of one system and the pieces that they are cut into, in pool order.
+///
+/// A record is several times as large as what it says of a straight pipe, and a search takes all
+/// pipes of a system and cuts many. So only the record of an arc stands here; that of a straight
+/// one is made when somebody looks at it, and forgotten when the pipe is changed.
+class PipePieces : public RecordPool<_Pipe> {
+public:
+    /// Appends a whole pipe as its record tells it and returns its index.
+    int Add(std::unique_ptr<_Pipe> pipe);
+    /// Appends a straight pipe and returns its index.
+    int Add(const AcDbObjectId& id, const PipePiece& piece);
+    /// Appends a copy of an entry and returns its index.
+    int AddCopyOf(int index);
+
+    /// @param index any that was given, as for all that follows, also of an entry that has been
+    ///              taken away since.
+    const PipePiece& At(int index) const { return pieces_[static_cast<std::size_t>(index)]; }
+    void Set(int index, const PipePiece& piece);
+    /// The curve of an entry that is an arc.
+    AcGeCircArc3d& ArcOf(int index) { return RecordPool::operator[](index).arc; }
+    const AcGeCircArc3d& ArcOf(int index) const { return (*this)[index].arc; }
+    /// Valid until the pool changes.
+    PipeCurve CurveOf(int index) const;
+    /// The curve and the chord in plan.
+    PlanBox BoxOf(int index) const;
+
+    /// The record of an entry; one that has been looked at stands until the entry changes.
+    const _Pipe& operator[](int index) const { return RecordPool::operator[](index); }
+
+    void RestoreFirst(int size);
+    void CloseUp();
+
+private:
+    void ReadRecord(_Pipe& record, int index) const override;
+
+    std::vector<PipePiece> pieces_; // by index
+};
+
+/// What rounding may hide between two of these pipes, drawing units: they meet within a noise that
+/// grows with the largest coordinate of either, height and arc centre included.
+double RoundingSlack(const PipePieces& pipes);
+
+} // namespace tkvlt
