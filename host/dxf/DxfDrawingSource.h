@@ -40,6 +40,12 @@ public:
     XdataNotes& xdataNotes() { return xdataNotes_; }
 
 private:
+    /// A text to which the notes give a number, decoded when it is first asked for.
+    struct Repeated {
+        CString text;
+        bool isRead = false;
+    };
+
     TagCursor xdataOf(const SourceRange& range) const;
     std::string_view farText(const SourceRange& range, const wchar_t* application) const;
     const CString& repeatedText(std::size_t number) const;
@@ -49,10 +55,6 @@ private:
     FileOutline outline_;
     XdataNotes xdataNotes_;
     mutable RecentTexts texts_;
-    struct Repeated {
-        CString text;
-        bool isRead = false;
-    };
     mutable std::vector<Repeated> repeated_; ///< by the number that the notes give
 };
 

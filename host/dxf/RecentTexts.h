@@ -16,7 +16,7 @@ public:
     /// `decoder` outlives this.
     explicit RecentTexts(const TextDecoder& decoder) : decoder_(decoder) {}
 
-    /// `bytes` lie in the file, which outlives this.
+    /// Writes the text of `bytes`, which lie in the file that outlives this.
     void read(std::string_view bytes, CString& text);
 
 private:

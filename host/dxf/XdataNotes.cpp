@@ -13,6 +13,8 @@ constexpr std::uint16_t tooFar = 0x7FFF;
 /// From here on a note is the number of a repeated text.
 constexpr std::uint16_t firstRepeated = 0x8000;
 constexpr std::size_t mostRepeated = 0x8000;
+/// What more applications say is not remembered.
+constexpr std::uint32_t mostApplications = 0x10000;
 constexpr std::size_t listPlace = 2;
 constexpr std::size_t sectionsPlace = 4;
 
@@ -20,7 +22,7 @@ constexpr std::size_t sectionsPlace = 4;
 
 std::uint16_t XdataNotes::noted(const Section& section) {
     const auto place = static_cast<std::uint16_t>(std::min<std::size_t>(section.text, tooFar));
-    if (section.bytes.empty()) {
+    if (section.bytes.empty() || section.application >= mostApplications) {
         return place;
     }
     if (section.application >= said_.size()) {

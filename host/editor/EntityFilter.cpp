@@ -141,11 +141,13 @@ std::optional<EntityFilter> EntityFilter::compile(const resbuf* chain,
     }
     EntityFilter filter;
     filter.steps_ = compiler.takeSteps();
+    const auto isTest = [](const Step& step) { return step.op == Op::Test; };
     const bool asksForApplicationsAlone =
-        std::all_of(filter.steps_.begin(), filter.steps_.end(), [](const Step& step) {
-            return step.op != Op::Test || step.test->asksForApplicationsAlone();
+        std::all_of(filter.steps_.begin(), filter.steps_.end(), [&](const Step& step) {
+            return !isTest(step) || step.test->asksForApplicationsAlone();
         });
-    if (asksForApplicationsAlone) {
+    if (asksForApplicationsAlone &&
+        std::any_of(filter.steps_.begin(), filter.steps_.end(), isTest)) {
         filter.answers_.resize(database.applications().setCount(), Answer::Unknown);
     }
     return filter;

@@ -49,7 +49,7 @@ int GravityNetworkSearch::CollectEntities() {
     return length > 0 ? 1 : 0;
 }
 
-/// Room that is never used costs no memory, for the system gives it at the first touch.
+/// In a large drawing the room that is left over costs addresses alone.
 void GravityNetworkSearch::MakeRoomForEntities(std::size_t most) {
     pipePool.Reserve(most);
     pipeSites_.reserve(most);

@@ -26,7 +26,9 @@ struct PipePiece {
 ///
 /// A record is several times as large as what it says of a straight pipe, and a search takes all
 /// pipes of a system and cuts many. So only the record of an arc stands here; that of a straight
-/// one is made when somebody looks at it, and forgotten when the pipe is changed.
+/// one is made when somebody looks at it, and forgotten when the pipe is changed. So the drawing
+/// must stay as it is as long as records are looked at. What changes the pool goes through this
+/// class.
 class PipePieces : public RecordPool<_Pipe> {
 public:
     /// Appends a whole pipe as its record tells it and returns its index.
@@ -36,8 +38,8 @@ public:
     /// Appends a copy of an entry and returns its index.
     int AddCopyOf(int index);
 
-    /// @param index any that was given, as for all that follows, also of an entry that has been
-    ///              taken away since.
+    /// @param index any that was given since `CloseUp`, as for all that follows, also of an entry
+    ///              that has been taken away since.
     const PipePiece& At(int index) const { return pieces_[static_cast<std::size_t>(index)]; }
     void Set(int index, const PipePiece& piece);
     /// The curve of an entry that is an arc.

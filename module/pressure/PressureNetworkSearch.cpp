@@ -40,7 +40,7 @@ int PressureNetworkSearch::CollectEntities() {
     for (Adesk::Int32 index = 0; index < length; ++index) {
         AddToPool(selection.At(index));
     }
-    wellPool.CloseUp();
+    wellPool.CloseUp(); // of spare room alone: no well has been taken away, and sites go by index
     wellSites_.shrink_to_fit();
     candidates_ = MakePressureCandidates(*this, candidateMode_);
     return length > 0 ? 1 : 0;

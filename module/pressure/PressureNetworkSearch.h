@@ -48,7 +48,7 @@ public:
     int CollectEntities();
     int FindPickedPipe();
     /// Cuts pipes at their crossings and, in any length mode but 0, moves pipe ends to well
-    /// centres.
+    /// centres. To be called once; the pipes have other indices afterwards.
     int PreparePipes();
     int BuildSegments();
     /// Makes an entry of the pipe pool a root and takes it from the pool.

@@ -26,8 +26,8 @@ public:
     template<class ShapeOf>
     CellGrid(double cellSize, std::size_t count, ShapeOf shapeOf)
         : table_(cellSize, count), entries_(count) {
-        // A counting sort by place: each place holds how many entries there are, then where they
-        // end, then where the last of those that are still to come goes.
+        // A counting sort by place: each place tells how many entries there are, then where they
+        // end, and in the end where they begin.
         std::vector<std::uint32_t> places(count);
         for (std::size_t item = 0; item < count; ++item) {
             places[item] = static_cast<std::uint32_t>(PlaceOf(shapeOf(item)));

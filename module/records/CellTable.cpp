@@ -1,6 +1,5 @@
 #include "records/CellTable.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace tkvlt {

@@ -11,9 +11,9 @@ namespace tkvlt {
 
 /// Records of the drawing in selection order, from which a search takes entries away.
 ///
-/// An entry keeps its index for the life of the pool, and taking one away costs the same wherever
-/// it stands; scans pass over what has been taken. The order of the rest never changes, which is
-/// what every tie between two entries rests on.
+/// An entry keeps its index until the pool is closed up, and taking one away costs the same
+/// wherever it stands; scans pass over what has been taken. The order of the rest never changes,
+/// which is what every tie between two entries rests on.
 ///
 /// A record may be read from the drawing only when it is first looked at: most entities of a
 /// drawing lie nowhere near the network that is searched. The drawing must stay as it is meanwhile.
@@ -30,7 +30,7 @@ public:
     RecordPool(RecordPool&&) noexcept = default;
     RecordPool& operator=(RecordPool&&) noexcept = default;
 
-    /// One more than the largest index ever given; entries taken away are counted.
+    /// One more than the largest index given since `CloseUp`; entries taken away are counted.
     int Size() const { return static_cast<int>(entries_.size()); }
 
     bool IsEmpty() const { return count_ == 0; }
@@ -90,7 +90,8 @@ public:
         ++count_;
     }
 
-    /// Drops the entries that have been taken away and spare room: the rest moves up, in its order.
+    /// Drops the entries that have been taken away and spare room: the rest moves up, in its order,
+    /// and the indices given before mean nothing any more where one was taken away.
     void CloseUp() {
         std::size_t kept = 0;
         for (std::size_t i = 0; i < entries_.size(); ++i) {

@@ -32,7 +32,7 @@ public:
         : pool_(forest.search().pipePool), forest_(forest), under_(under) {
         std::vector<tkvlt::PlanBox> boxes;
         for (const int piece : forest.prepared()) {
-            boxes.push_back(tkvlt::PipeBox(pool_[piece]));
+            boxes.push_back(pool_.BoxOf(piece));
         }
         pieces_ = tkvlt::BoxTree(boxes);
         for (std::size_t i = 0; i < under.pieces.runs.size(); ++i) {
@@ -69,7 +69,7 @@ private:
         if (near.piece < 0) {
             return;
         }
-        const AcDbObjectId& other = pool_[near.piece].id;
+        const AcDbObjectId& other = pool_.IdOf(near.piece);
         if (nearRings_.count(end.pipe) != 0 || nearRings_.count(other) != 0) {
             return; // told as a ring, which is what the search makes of it
         }
@@ -146,7 +146,7 @@ private:
         return finding;
     }
 
-    const tkvlt::RecordPool<_Pipe>& pool_;
+    const tkvlt::PipePieces& pool_;
     const PressureForest& forest_;
     SystemUnderCheck& under_;
     tkvlt::BoxTree pieces_; ///< item i is the i-th prepared pipe

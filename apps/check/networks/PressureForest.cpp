@@ -46,7 +46,7 @@ NetworkPieces PressureForest::grow() {
     }
     for (int i = 0; i < search_.pipePool.Size(); ++i) {
         if (search_.pipePool.Has(i)) {
-            growFrom(i, search_.pipePool[i].startPoint);
+            growFrom(i, search_.pipePool.At(i).startPoint);
         }
     }
     search_.CheckNoLoops();
@@ -76,12 +76,13 @@ void PressureForest::findFreeEnds() {
             continue;
         }
         prepared_.push_back(i);
-        const _Pipe& pipe = search_.pipePool[i];
+        const tkvlt::PipePiece& pipe = search_.pipePool.At(i);
+        const AcDbObjectId id = search_.pipePool.IdOf(i);
         for (const bool isStart : {true, false}) {
             const AcGePoint3d& place = isStart ? pipe.startPoint : pipe.endPoint;
             const std::vector<int> inReach = search_.PipesInReach(place, system_);
             if (std::all_of(inReach.begin(), inReach.end(), [i](int p) { return p == i; })) {
-                freeEnds_.push_back({i, pipe.id, place, isStart, waterComesFrom(pipe.id, isStart),
+                freeEnds_.push_back({i, id, place, isStart, waterComesFrom(id, isStart),
                                      search_.ReachFrom(place, system_), foreignWellAt(place)});
             } else {
                 addJoint(i, place, inReach);
@@ -98,10 +99,10 @@ void PressureForest::addJoint(int piece, const AcGePoint3d& place,
     Joint joint{place, {}};
     for (const int other : inReach) {
         if (other != piece) {
-            joint.others.push_back(search_.pipePool[other].id);
+            joint.others.push_back(search_.pipePool.IdOf(other));
         }
     }
-    joints_.emplace(search_.pipePool[piece].id, std::move(joint));
+    joints_.emplace(search_.pipePool.IdOf(piece), std::move(joint));
 }
 
 AcDbObjectId PressureForest::foreignWellAt(const AcGePoint3d& place) const {

@@ -80,7 +80,7 @@ TEST(XdataNotes, ATextThatAnApplicationSaysAgainHasANumber) {
     EXPECT_EQ(found(notes, fourth, 2), textAt(23));
 }
 
-// Each text is said twice in a row, by one application after another.
+// Each text is said twice in a row.
 TEST(XdataNotes, MoreRepeatedTextsThanThereAreNumbersAreNotedByTheirPlace) {
     constexpr std::size_t numbers = 32'768;
     std::vector<std::string> texts;

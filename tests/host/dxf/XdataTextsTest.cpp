@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 using dxf_test::BinaryFile;
@@ -91,6 +92,48 @@ TEST(XdataTexts, EachObjectHasItsOwn) {
     EXPECT_EQ(textsOf(drawing, 1, {L"A", L"B"}), (Texts{L"second", L"more"}));
     EXPECT_EQ(textsOf(drawing, 2, {L"A", L"B"}), (Texts{L"-", L"-"}));
     EXPECT_EQ(textsOf(drawing, 3, {L"A", L"B"}), (Texts{L"last", L"-"}));
+}
+
+/// A text file that is written like a binary one.
+struct SpokenText : TextFile {
+    SpokenText& text(int code, std::string_view value) {
+        group(code, value);
+        return *this;
+    }
+};
+
+/// One of several lines that all say the same.
+template<class File>
+void addSpeaker(File& file) {
+    file.text(0, "LINE").text(8, "0");
+    file.text(1001, "A").text(1000, "same").text(1000, "more");
+    file.text(1001, "LONG").text(1000, std::string(200, 'x'));
+    file.text(1001, "EMPTY").text(1000, "").text(1001, "NONE");
+    file.text(1001, "a").text(1000, "later");
+}
+
+template<class File>
+std::string threeSayingTheSame(File file) {
+    file.text(0, "SECTION").text(2, "ENTITIES");
+    for (int i = 0; i < 3; ++i) {
+        addSpeaker(file);
+    }
+    return file.text(0, "ENDSEC").text(0, "EOF").bytes();
+}
+
+// What is said again is told from memory and not from the file.
+TEST(XdataTexts, ThatAreSaidAgainAreTheSame) {
+    for (const std::string& bytes : {threeSayingTheSame(SpokenText()),
+                                     threeSayingTheSame(BinaryFile(BinaryFile::Codes::Short)),
+                                     threeSayingTheSame(BinaryFile(BinaryFile::Codes::Wide))}) {
+        const LoadedDrawing drawing = LoadedDrawing::fromBytes(bytes);
+        for (int round = 0; round < 2; ++round) {
+            for (const std::size_t line : {2U, 0U, 1U}) {
+                EXPECT_EQ(textsOf(drawing, line, {L"A", L"LONG", L"EMPTY", L"NONE"}),
+                          (Texts{L"same", std::wstring(200, L'x'), L"", L""}));
+            }
+        }
+    }
 }
 
 TEST(XdataTexts, OfTwoSectionsOfOneNameTheFirstCounts) {

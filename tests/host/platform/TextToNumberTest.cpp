@@ -53,7 +53,12 @@ INSTANTIATE_TEST_SUITE_P(
         RealCase{L"-1e-400", -0.0, 7}, RealCase{L"1e99999999999999999999", infinite, 22},
         RealCase{L"1e-99999999999999999999", 0.0, 23}, RealCase{L"0e99999999999999999999", 0.0, 22},
         RealCase{L"4.9e-324", 0x1p-1074, 8}, RealCase{L"0.1", 0.1, 3},
-        RealCase{L"9007199254740993", 9007199254740992.0, 16}, RealCase{L"\uFF11", 0.0, 0}));
+        RealCase{L"9007199254740993", 9007199254740992.0, 16}, RealCase{L"\uFF11", 0.0, 0},
+        // Around the most digits that are a double without rounding.
+        RealCase{L"999999999999999.", 999999999999999.0, 16},
+        RealCase{L"123456789012345m", 123456789012345.0, 15},
+        RealCase{L"1234567890.12345.6", 1234567890.12345, 16},
+        RealCase{L"0000000000000001.5", 1.5, 18}, RealCase{L"-.0", -0.0, 3}));
 
 /// Up to twenty digits with a point somewhere or nowhere, now and then an exponent.
 std::string someNumber(std::mt19937& random) {
