@@ -4,7 +4,7 @@
 #include "faults/ShortPipes.h"
 #include "records/BoxTree.h"
 #include "records/Candidates.h"
-#include "records/PipeBox.h"
+#include "records/PlanBox.h"
 #include "Systems.h"
 
 #include <algorithm>
