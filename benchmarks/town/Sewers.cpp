@@ -165,6 +165,7 @@ Town lay(const std::vector<Plan>& plans, std::uint64_t seed) {
     Town town;
     FreeEnds ends;
     std::vector<Ground> grounds;
+    grounds.reserve(plans.size());
     for (const Plan& plan : plans) {
         grounds.push_back(standWells(town, plan, ends, chance));
     }

@@ -195,10 +195,12 @@ std::vector<Place> layPlaces(std::size_t count, std::size_t columns, const Latti
                              Chance& chance) {
     std::vector<Place> places;
     for (std::size_t i = 0; i < count; ++i) {
-        const auto column = static_cast<double>(i % columns);
-        const auto row = static_cast<double>(i / columns);
-        const double x = lattice.pitch * column + chance.between(-lattice.jitter, lattice.jitter);
-        const double y = lattice.pitch * row + chance.between(-lattice.jitter, lattice.jitter);
+        const std::size_t column = i % columns;
+        const std::size_t row = i / columns;
+        const double x = lattice.pitch * static_cast<double>(column) +
+                         chance.between(-lattice.jitter, lattice.jitter);
+        const double y = lattice.pitch * static_cast<double>(row) +
+                         chance.between(-lattice.jitter, lattice.jitter);
         places.push_back({x, y});
     }
     return places;

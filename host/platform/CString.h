@@ -34,7 +34,7 @@ public:
     explicit CString(std::wstring_view text);
     ~CString() { release(buffer_); }
 
-    CString& operator=(const CString& other) noexcept {
+    CString& operator=(const CString& other) noexcept { // NOLINT(*-self-assignment)
         if (buffer_ != other.buffer_) {
             release(std::exchange(buffer_, share(other.buffer_)));
         }
