@@ -1,9 +1,9 @@
 #pragma once
 
 #include <memory>
-#include <vector>
 
 #include "records/CandidateMode.h"
+#include "records/Indices.h"
 #include "records/PlanBox.h"
 
 namespace tkvlt {
@@ -21,22 +21,22 @@ public:
     virtual ~CandidateSource() = default;
 
     /// Pipes with their start or end point in `box`.
-    virtual std::vector<int> PipesWithEndIn(const PlanBox& box) const = 0;
+    virtual Indices PipesWithEndIn(const PlanBox& box) const = 0;
     /// Pipes whose curve or chord may reach into `box`.
-    virtual std::vector<int> PipesReachingInto(const PlanBox& box) const = 0;
+    virtual Indices PipesReachingInto(const PlanBox& box) const = 0;
     /// Wells with their position in `box`.
-    virtual std::vector<int> WellsIn(const PlanBox& box) const = 0;
+    virtual Indices WellsIn(const PlanBox& box) const = 0;
     /// Tanks with extents that reach into `box`.
-    virtual std::vector<int> TanksReachingInto(const PlanBox& box) const = 0;
+    virtual Indices TanksReachingInto(const PlanBox& box) const = 0;
     /// Nodes of the result with their node point in `box`.
-    virtual std::vector<int> NodesIn(const PlanBox& box) const = 0;
+    virtual Indices NodesIn(const PlanBox& box) const = 0;
     /// Nodes of the result that may stand for the block `id` or have merged it.
-    virtual std::vector<int> NodesOf(const AcDbObjectId& id) const = 0;
+    virtual Indices NodesOf(const AcDbObjectId& id) const = 0;
 
     /// Pool entries that may be the entity `id`.
-    virtual std::vector<int> PipesOf(const AcDbObjectId& id) const = 0;
-    virtual std::vector<int> WellsOf(const AcDbObjectId& id) const = 0;
-    virtual std::vector<int> TanksOf(const AcDbObjectId& id) const = 0;
+    virtual Indices PipesOf(const AcDbObjectId& id) const = 0;
+    virtual Indices WellsOf(const AcDbObjectId& id) const = 0;
+    virtual Indices TanksOf(const AcDbObjectId& id) const = 0;
 
     /// The largest reach of a well still in the pool; negative infinity for none.
     virtual double LargestWellReach() const = 0;

@@ -2,9 +2,9 @@
 
 #include <cstddef>
 #include <optional>
-#include <vector>
 
 #include "platform.h"
+#include "records/Indices.h"
 
 namespace tkvlt {
 
@@ -25,7 +25,7 @@ struct ChainFrame {
     AcGePoint3d freeEnd; ///< where it leaves
     double savedLength = 0.0;
     ChainStage stage = ChainStage::kEntered;
-    std::vector<int> candidates; ///< pipes to try in this stage
+    Indices candidates; ///< pipes to try in this stage
     std::size_t nextCandidate = 0;
     std::optional<ChainBranch> towardsEnd; ///< second way into the pipe that was crossed last
     bool throughChain = false;             ///< the pipes of the chain are ways out like any other

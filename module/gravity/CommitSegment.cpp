@@ -1,7 +1,5 @@
 // Turns a traced chain into a node, a segment and the links between them.
 
-#include <algorithm>
-
 #include "gravity/GravityNetworkSearch.h"
 #include "records/ClosedAtEnd.h"
 #include "records/XdataKeys.h"
@@ -88,12 +86,11 @@ int GravityNetworkSearch::CommitSegment(int well) {
 
 /// The ids stand in pool order, whatever the order of the chain.
 void GravityNetworkSearch::TakeChainPipes(GravitySeg& seg) {
-    std::vector<int> taken;
-    taken.reserve(static_cast<std::size_t>(chainPipes.GetSize()));
+    Indices taken;
     for (int i = 0; i < static_cast<int>(chainPipes.GetSize()); ++i) {
         taken.push_back(chainPipes.GetAt(i));
     }
-    std::sort(taken.begin(), taken.end());
+    taken.SortUnique();
     // Exactly so many, for a network has as many of these lists as segments.
     seg.pipeIds.setPhysicalLength(static_cast<int>(taken.size()));
     for (const int pipe : taken) {

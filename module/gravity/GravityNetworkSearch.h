@@ -1,10 +1,12 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "frame/GravitySearchObject.h"
 #include "gravity/CandidateSource.h"
+#include "gravity/ChainFrame.h"
 #include "records/Block.h"
 #include "records/Pipe.h"
 #include "records/PlanSites.h"
@@ -20,12 +22,18 @@ enum EntityKind { kWellEntity = 0, kTankEntity = 1, kPipeEntity = 2 };
 enum TargetKind { kTankTarget = 0, kWellTarget = 1 };
 
 class ChainOutlook;
-struct ChainBranch;
-struct ChainFrame;
 struct PipeEnds;
 
 /// What one step of a walk did.
 enum class WalkStep { kDescended, kScanEnded, kCycle };
+
+/// A node that a walk stands at.
+struct StandingNode {
+    int well = -1; ///< its index in the result
+    /// The pipes that may touch it, once they are known and if they are few: pipes only leave, so
+    /// that none is missing here when the walk comes back.
+    std::optional<Indices> pipes;
+};
 
 /// A chain that came back to what the search had reached before, for which the search fails.
 struct ClosedChain {
@@ -83,10 +91,10 @@ public:
     int WalkFromWell(int well);
     /// Begins a walk: merges what overlaps the node `well` and puts it on `standing`, the nodes
     /// that the walk stands at. 0 when no well is left in the pool, and then nothing is put there.
-    int StandAt(int well, std::vector<int>& standing);
+    int StandAt(int well, std::vector<StandingNode>& standing);
     /// Follows one pipe out of the last node of `standing`, or leaves that node when no pipe is
     /// left there. `kCycle` once `abortFlag` is up and the walk is to end.
-    WalkStep NextStep(std::vector<int>& standing);
+    WalkStep NextStep(std::vector<StandingNode>& standing);
     int TraceEndPath();
     /// Goes on with what is left in the pools: an empty result, no node known, no cycle met.
     void BeginAnother(GravitySearchObject* object);
@@ -135,7 +143,7 @@ public:
     /// The direction rule: whether a chain may go on from the one pipe to the other.
     bool MayContinue(const PipeSite& current, const PipeSite& next) const;
     /// Pipes that may touch the node.
-    std::vector<int> PipesNear(const Well& node) const;
+    Indices PipesNear(const Well& node) const;
     /// Whether a walk leaves the node through the pipe, and with which of its ends there.
     bool TouchesNode(const PipeSite& pipe, const Well& node, int& nearEndIsStart,
                      AcGePoint3d& seed) const;
@@ -184,7 +192,8 @@ private:
     void MergeOverlappingWells(int well);
     void MergeWell(int well, int poolWell, double distance, double radius);
     bool IsNode(const AcDbObjectId& id) const;
-    WalkStep FollowNextPipe(int well, int& reached);
+    Indices PipesLeftAt(StandingNode& node) const;
+    WalkStep FollowNextPipe(StandingNode& node, int& reached);
 
     Trace FollowChain(const ChainBranch& first, ChainOutlook* outlook, int takeBacks);
     void TakeChainBack(std::vector<ChainFrame>& levels);
@@ -204,10 +213,10 @@ private:
                         ChainBranch& branch) const;
 
     void TakeChainPipes(GravitySeg& seg);
-    double PipeLength(int pipe) const;
+    double PipeLength(int pipe);
     double PipeLength(int pipe, const AcGePoint3d& from, const AcGePoint3d& to) const;
     void AnnotateOnPipe(int pipe, const PipeEnds& ends, double distance, AcGePoint3d& point,
-                        AcGeVector3d& vector) const;
+                        AcGeVector3d& vector);
     const _Block& TargetBlock(int kind, int index) const;
     const AcDbObjectId& TargetId(int kind, int index) const;
     int AddNode(int kind, int index);
@@ -223,6 +232,9 @@ private:
     std::vector<PipeSite> pipeSites_; // of the pipe pool, as collected
     std::vector<WellSite> wellSites_; // of the well pool, as collected
     std::unique_ptr<CandidateSource> candidates_;
+    std::vector<ChainFrame> levels_; // of the chain that is being traced
+    int measuredPipe_ = -1;          // the pipe that was measured last, and its length
+    double measuredLength_ = 0.0;
 };
 
 /// Straight pipes may be one run when the angle between them is at most this, radians.

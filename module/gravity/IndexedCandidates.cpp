@@ -100,8 +100,8 @@ void IndexedCandidates::IndexTanks() {
     tanks_ = BoxTree(extents);
 }
 
-std::vector<int> IndexedCandidates::PipesWithEndIn(const PlanBox& box) const {
-    std::vector<int> ends;
+Indices IndexedCandidates::PipesWithEndIn(const PlanBox& box) const {
+    Indices ends;
     pipeEnds_.Collect(box, ends);
     for (int& end : ends) {
         end /= 2;
@@ -109,44 +109,44 @@ std::vector<int> IndexedCandidates::PipesWithEndIn(const PlanBox& box) const {
     return PresentInOrder(std::move(ends), search_.pipePool);
 }
 
-std::vector<int> IndexedCandidates::PipesReachingInto(const PlanBox& box) const {
+Indices IndexedCandidates::PipesReachingInto(const PlanBox& box) const {
     if (!hasCurves_) {
         IndexCurves();
     }
     return PresentInOrder(Collected(pipeCurves_, box.Widened(slack_)), search_.pipePool);
 }
 
-std::vector<int> IndexedCandidates::WellsIn(const PlanBox& box) const {
+Indices IndexedCandidates::WellsIn(const PlanBox& box) const {
     // A distance that is no number is not greater than any, so such a well may lie anywhere.
-    std::vector<int> wells = unmeasurableWells_;
+    Indices wells = unmeasurableWells_;
     wells_.Collect(box, wells);
     return PresentInOrder(std::move(wells), search_.wellPool);
 }
 
-std::vector<int> IndexedCandidates::TanksReachingInto(const PlanBox& box) const {
+Indices IndexedCandidates::TanksReachingInto(const PlanBox& box) const {
     return PresentInOrder(Collected(tanks_, box), search_.tankPool);
 }
 
-std::vector<int> IndexedCandidates::NodesIn(const PlanBox& box) const {
-    std::vector<int> nodes;
+Indices IndexedCandidates::NodesIn(const PlanBox& box) const {
+    Indices nodes;
     nodes_.Collect(box, nodes);
-    SortUnique(nodes);
+    nodes.SortUnique();
     return nodes;
 }
 
-std::vector<int> IndexedCandidates::NodesOf(const AcDbObjectId& id) const {
+Indices IndexedCandidates::NodesOf(const AcDbObjectId& id) const {
     return nodeIds_.Matches(id);
 }
 
-std::vector<int> IndexedCandidates::PipesOf(const AcDbObjectId& id) const {
+Indices IndexedCandidates::PipesOf(const AcDbObjectId& id) const {
     return PresentInOrder(pipeIds_.Matches(search_.pipePool, id), search_.pipePool);
 }
 
-std::vector<int> IndexedCandidates::WellsOf(const AcDbObjectId& id) const {
+Indices IndexedCandidates::WellsOf(const AcDbObjectId& id) const {
     return PresentInOrder(wellIds_.Matches(search_.wellPool, id), search_.wellPool);
 }
 
-std::vector<int> IndexedCandidates::TanksOf(const AcDbObjectId& id) const {
+Indices IndexedCandidates::TanksOf(const AcDbObjectId& id) const {
     return PresentInOrder(tankIds_.Matches(search_.tankPool, id), search_.tankPool);
 }
 

@@ -18,15 +18,15 @@ class IndexedCandidates final : public CandidateSource {
 public:
     explicit IndexedCandidates(const GravityNetworkSearch& search);
 
-    std::vector<int> PipesWithEndIn(const PlanBox& box) const override;
-    std::vector<int> PipesReachingInto(const PlanBox& box) const override;
-    std::vector<int> WellsIn(const PlanBox& box) const override;
-    std::vector<int> TanksReachingInto(const PlanBox& box) const override;
-    std::vector<int> NodesIn(const PlanBox& box) const override;
-    std::vector<int> NodesOf(const AcDbObjectId& id) const override;
-    std::vector<int> PipesOf(const AcDbObjectId& id) const override;
-    std::vector<int> WellsOf(const AcDbObjectId& id) const override;
-    std::vector<int> TanksOf(const AcDbObjectId& id) const override;
+    Indices PipesWithEndIn(const PlanBox& box) const override;
+    Indices PipesReachingInto(const PlanBox& box) const override;
+    Indices WellsIn(const PlanBox& box) const override;
+    Indices TanksReachingInto(const PlanBox& box) const override;
+    Indices NodesIn(const PlanBox& box) const override;
+    Indices NodesOf(const AcDbObjectId& id) const override;
+    Indices PipesOf(const AcDbObjectId& id) const override;
+    Indices WellsOf(const AcDbObjectId& id) const override;
+    Indices TanksOf(const AcDbObjectId& id) const override;
     double LargestWellReach() const override;
     void BegunAnew() override;
     void NodeAdded(int node) override;
@@ -47,7 +47,7 @@ private:
     mutable bool hasCurves_ = false;
     mutable double slack_ = 0.0; // by which pipes may miss one another and still meet
     PointGrid wells_;
-    std::vector<int> unmeasurableWells_; // with a place or a reach that is no number
+    Indices unmeasurableWells_; // with a place or a reach that is no number
     BoxTree tanks_;
     PointGrid nodes_;
     EntryIndex pipeIds_;

@@ -46,7 +46,7 @@ void AnnotateArc(const AcGeCircArc3d& arc, double length, const PipeEnds& ends, 
 } // namespace
 
 void GravityNetworkSearch::AnnotateOnPipe(int pipe, const PipeEnds& ends, double distance,
-                                          AcGePoint3d& point, AcGeVector3d& vector) const {
+                                          AcGePoint3d& point, AcGeVector3d& vector) {
     if (Site(pipe).isArc == 0) {
         AnnotateStraight(Site(pipe), ends, distance, point, vector);
     } else {

@@ -9,8 +9,7 @@ namespace {
 
 /// Index of the first entry among `indices` that is the entity `id`; -1 for none.
 template<class Record>
-int FirstOf(const std::vector<int>& indices, const RecordPool<Record>& pool,
-            const AcDbObjectId& id) {
+int FirstOf(const Indices& indices, const RecordPool<Record>& pool, const AcDbObjectId& id) {
     for (const int index : indices) {
         if (pool.IdOf(index) == id) {
             return index;

@@ -1,7 +1,6 @@
 #include "gravity/PlainCandidates.h"
 
 #include <limits>
-#include <numeric>
 
 #include "gravity/GravityNetworkSearch.h"
 #include "records/Candidates.h"
@@ -10,44 +9,42 @@ namespace tkvlt {
 
 PlainCandidates::PlainCandidates(const GravityNetworkSearch& search) : search_(search) {}
 
-std::vector<int> PlainCandidates::PipesWithEndIn(const PlanBox& /*box*/) const {
+Indices PlainCandidates::PipesWithEndIn(const PlanBox& /*box*/) const {
     return AllPresent(search_.pipePool);
 }
 
-std::vector<int> PlainCandidates::PipesReachingInto(const PlanBox& /*box*/) const {
+Indices PlainCandidates::PipesReachingInto(const PlanBox& /*box*/) const {
     return AllPresent(search_.pipePool);
 }
 
-std::vector<int> PlainCandidates::WellsIn(const PlanBox& /*box*/) const {
+Indices PlainCandidates::WellsIn(const PlanBox& /*box*/) const {
     return AllPresent(search_.wellPool);
 }
 
-std::vector<int> PlainCandidates::TanksReachingInto(const PlanBox& /*box*/) const {
+Indices PlainCandidates::TanksReachingInto(const PlanBox& /*box*/) const {
     return AllPresent(search_.tankPool);
 }
 
-std::vector<int> PlainCandidates::NodesIn(const PlanBox& /*box*/) const {
+Indices PlainCandidates::NodesIn(const PlanBox& /*box*/) const {
     return NodesOf(AcDbObjectId());
 }
 
-std::vector<int> PlainCandidates::NodesOf(const AcDbObjectId& /*id*/) const {
+Indices PlainCandidates::NodesOf(const AcDbObjectId& /*id*/) const {
     if (search_.result == nullptr) {
         return {};
     }
-    std::vector<int> nodes(static_cast<std::size_t>(search_.result->wells.GetSize()));
-    std::iota(nodes.begin(), nodes.end(), 0);
-    return nodes;
+    return FirstIndices(static_cast<int>(search_.result->wells.GetSize()));
 }
 
-std::vector<int> PlainCandidates::PipesOf(const AcDbObjectId& /*id*/) const {
+Indices PlainCandidates::PipesOf(const AcDbObjectId& /*id*/) const {
     return AllPresent(search_.pipePool);
 }
 
-std::vector<int> PlainCandidates::WellsOf(const AcDbObjectId& /*id*/) const {
+Indices PlainCandidates::WellsOf(const AcDbObjectId& /*id*/) const {
     return AllPresent(search_.wellPool);
 }
 
-std::vector<int> PlainCandidates::TanksOf(const AcDbObjectId& /*id*/) const {
+Indices PlainCandidates::TanksOf(const AcDbObjectId& /*id*/) const {
     return AllPresent(search_.tankPool);
 }
 

@@ -9,15 +9,15 @@ class PlainCandidates final : public CandidateSource {
 public:
     explicit PlainCandidates(const GravityNetworkSearch& search);
 
-    std::vector<int> PipesWithEndIn(const PlanBox& box) const override;
-    std::vector<int> PipesReachingInto(const PlanBox& box) const override;
-    std::vector<int> WellsIn(const PlanBox& box) const override;
-    std::vector<int> TanksReachingInto(const PlanBox& box) const override;
-    std::vector<int> NodesIn(const PlanBox& box) const override;
-    std::vector<int> NodesOf(const AcDbObjectId& id) const override;
-    std::vector<int> PipesOf(const AcDbObjectId& id) const override;
-    std::vector<int> WellsOf(const AcDbObjectId& id) const override;
-    std::vector<int> TanksOf(const AcDbObjectId& id) const override;
+    Indices PipesWithEndIn(const PlanBox& box) const override;
+    Indices PipesReachingInto(const PlanBox& box) const override;
+    Indices WellsIn(const PlanBox& box) const override;
+    Indices TanksReachingInto(const PlanBox& box) const override;
+    Indices NodesIn(const PlanBox& box) const override;
+    Indices NodesOf(const AcDbObjectId& id) const override;
+    Indices PipesOf(const AcDbObjectId& id) const override;
+    Indices WellsOf(const AcDbObjectId& id) const override;
+    Indices TanksOf(const AcDbObjectId& id) const override;
     double LargestWellReach() const override;
     void BegunAnew() override;
     void NodeAdded(int node) override;

@@ -84,8 +84,14 @@ int GravityNetworkSearch::AddChainLink(int pipe, int nextPipe, AcGePoint3d from,
     return 1;
 }
 
-double GravityNetworkSearch::PipeLength(int pipe) const {
-    return PipeLength(pipe, Site(pipe).startPoint, Site(pipe).endPoint);
+/// Asked of a pipe when it joins the chain and again when the label is placed, mostly in
+/// succession.
+double GravityNetworkSearch::PipeLength(int pipe) {
+    if (pipe != measuredPipe_) {
+        measuredLength_ = PipeLength(pipe, Site(pipe).startPoint, Site(pipe).endPoint);
+        measuredPipe_ = pipe;
+    }
+    return measuredLength_;
 }
 
 double GravityNetworkSearch::PipeLength(int pipe, const AcGePoint3d& from,
@@ -121,9 +127,8 @@ int GravityNetworkSearch::TraceChain(int pipe, int outThroughStart, AcGePoint3d 
 GravityNetworkSearch::Trace
 GravityNetworkSearch::FollowChain(const ChainBranch& first, ChainOutlook* outlook, int takeBacks) {
     // An explicit stack of levels: a chain may be as long as there are pipes.
-    constexpr std::size_t usualLength = 4;
-    std::vector<ChainFrame> levels;
-    levels.reserve(usualLength);
+    std::vector<ChainFrame>& levels = levels_;
+    levels.clear();
     levels.push_back(EnterPipe(first));
     ChainEnd end = EndOfChain(levels.back());
     while (end != ChainEnd::kTarget) {
@@ -204,7 +209,7 @@ int GravityNetworkSearch::KnownNodeNear(const AcGePoint3d& freeEnd) const {
         return -1;
     }
     const double reach = candidates_->LargestWellReach();
-    const std::vector<int> nodes = candidates_->NodesIn(PlanBox::Around(freeEnd, reach));
+    const Indices nodes = candidates_->NodesIn(PlanBox::Around(freeEnd, reach));
     const auto near = std::find_if(nodes.begin(), nodes.end(), [&](int node) {
         return result->wells.GetAt(node).nodePoint.distanceTo(freeEnd) <= reach;
     });

@@ -26,7 +26,7 @@ double TouchReach(const Well& node) {
 
 int GravityNetworkSearch::WalkFromWell(int well) {
     // An explicit stack: a network may be as deep as it has wells.
-    std::vector<int> standing;
+    std::vector<StandingNode> standing;
     if (StandAt(well, standing) == 0) {
         return 0;
     }
@@ -38,15 +38,15 @@ int GravityNetworkSearch::WalkFromWell(int well) {
     return 1;
 }
 
-int GravityNetworkSearch::StandAt(int well, std::vector<int>& standing) {
+int GravityNetworkSearch::StandAt(int well, std::vector<StandingNode>& standing) {
     if (ArriveAtWell(well) == 0) {
         return 0;
     }
-    standing.push_back(well);
+    standing.emplace_back().well = well;
     return 1;
 }
 
-WalkStep GravityNetworkSearch::NextStep(std::vector<int>& standing) {
+WalkStep GravityNetworkSearch::NextStep(std::vector<StandingNode>& standing) {
     int reached = -1;
     const WalkStep step = FollowNextPipe(standing.back(), reached);
     if (step == WalkStep::kDescended && StandAt(reached, standing) != 0) {
@@ -124,7 +124,7 @@ bool GravityNetworkSearch::IsNode(const AcDbObjectId& id) const {
     return false;
 }
 
-std::vector<int> GravityNetworkSearch::PipesNear(const Well& node) const {
+Indices GravityNetworkSearch::PipesNear(const Well& node) const {
     if (node.isWell == 0) {
         const AcGePoint3d low = node.extents.minPoint();
         const AcGePoint3d high = node.extents.maxPoint();
@@ -149,9 +149,21 @@ bool GravityNetworkSearch::TouchesNode(const PipeSite& pipe, const Well& node, i
     return !(near.distance > TouchReach(node));
 }
 
-WalkStep GravityNetworkSearch::FollowNextPipe(int well, int& reached) {
-    const std::vector<int> pipes = PipesNear(result->wells.ElementAt(well));
-    for (const int i : pipes) {
+Indices GravityNetworkSearch::PipesLeftAt(StandingNode& node) const {
+    if (!node.pipes) {
+        Indices near = PipesNear(result->wells.ElementAt(node.well));
+        if (near.size() <= Indices::kFew) {
+            node.pipes = near;
+        }
+        return near;
+    }
+    node.pipes->EraseIf([&](int pipe) { return !pipePool.Has(pipe); });
+    return *node.pipes;
+}
+
+WalkStep GravityNetworkSearch::FollowNextPipe(StandingNode& node, int& reached) {
+    const int well = node.well;
+    for (const int i : PipesLeftAt(node)) {
         int nearEndIsStart = 0;
         AcGePoint3d seed;
         if (Site(i).systemName.Compare(systemName) != 0 ||

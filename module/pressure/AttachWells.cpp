@@ -54,12 +54,10 @@ int PressureNetworkSearch::AttachWells() {
     return 1;
 }
 
-std::vector<int> PressureNetworkSearch::WellsOn(const PressureSeg& seg) const {
+Indices PressureNetworkSearch::WellsOn(const PressureSeg& seg) const {
     const double reach = candidates_->LargestWellRadius() + kStraightMargin;
-    std::vector<int> wells = candidates_->WellsIn(CurveBox(seg).Widened(reach));
-    wells.erase(std::remove_if(wells.begin(), wells.end(),
-                               [&](int well) { return !LiesOn(seg, SiteOfWell(well)); }),
-                wells.end());
+    Indices wells = candidates_->WellsIn(CurveBox(seg).Widened(reach));
+    wells.EraseIf([&](int well) { return !LiesOn(seg, SiteOfWell(well)); });
     return wells;
 }
 

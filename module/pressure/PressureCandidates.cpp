@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <numeric>
 #include <utility>
 
 #include "pressure/PressureNetworkSearch.h"
@@ -36,25 +35,21 @@ class PlainPressureCandidates final : public PressureCandidates {
 public:
     explicit PlainPressureCandidates(const PressureNetworkSearch& search) : search_(search) {}
 
-    std::vector<int> LaterPipesNear(int pipe, double /*gap*/) const override {
+    Indices LaterPipesNear(int pipe, double /*gap*/) const override {
         return AllPresent(search_.pipePool, pipe + 1);
     }
     void PieceAdded(int /*pipe*/) override {}
     void PipeCut(int /*pipe*/) override {}
     void PipesPrepared() override {}
-    std::vector<int> PipesWithEndIn(const PlanBox& /*box*/) const override {
+    Indices PipesWithEndIn(const PlanBox& /*box*/) const override {
         return AllPresent(search_.pipePool);
     }
-    std::vector<int> WellsIn(const PlanBox& /*box*/) const override {
-        return AllPresent(search_.wellPool);
-    }
+    Indices WellsIn(const PlanBox& /*box*/) const override { return AllPresent(search_.wellPool); }
     double LargestWellRadius() const override { return LargestRadius(search_.WellSites()); }
     void SegsBuilt() override {}
     void LoopsChecked() override {}
-    std::vector<int> SegsEndingIn(const PlanBox& /*box*/) const override {
-        std::vector<int> all(static_cast<std::size_t>(search_.segs.GetSize()));
-        std::iota(all.begin(), all.end(), 0);
-        return all;
+    Indices SegsEndingIn(const PlanBox& /*box*/) const override {
+        return FirstIndices(static_cast<int>(search_.segs.GetSize()));
     }
 
 private:
@@ -72,14 +67,14 @@ public:
     }
 
     /// What was drawn stands in front of every piece, so a piece need not look at it.
-    std::vector<int> LaterPipesNear(int pipe, double gap) const override {
+    Indices LaterPipesNear(int pipe, double gap) const override {
         const PlanBox reachable = search_.pipePool.BoxOf(pipe).Widened(gap).Widened(slack_);
-        std::vector<int> pipes;
+        Indices pipes;
         if (pipe < drawnPipes_) {
             pipeCurves_.Collect(reachable, pipes);
         }
         pieces_.Collect(reachable, pipes);
-        std::erase_if(pipes, [pipe](int other) { return other <= pipe; });
+        pipes.EraseIf([pipe](int other) { return other <= pipe; });
         return PresentInOrder(std::move(pipes), search_.pipePool);
     }
 
@@ -101,8 +96,8 @@ public:
         });
     }
 
-    std::vector<int> PipesWithEndIn(const PlanBox& box) const override {
-        std::vector<int> pipes;
+    Indices PipesWithEndIn(const PlanBox& box) const override {
+        Indices pipes;
         pipeEnds_.Collect(box, pipes);
         for (int& pipe : pipes) {
             pipe /= 2; // two ends a pipe
@@ -110,8 +105,8 @@ public:
         return PresentInOrder(std::move(pipes), search_.pipePool);
     }
 
-    std::vector<int> WellsIn(const PlanBox& box) const override {
-        std::vector<int> wells;
+    Indices WellsIn(const PlanBox& box) const override {
+        Indices wells;
         wells_.Collect(box, wells);
         return PresentInOrder(std::move(wells), search_.wellPool);
     }
@@ -130,10 +125,10 @@ public:
 
     void LoopsChecked() override { searchPoints_ = PointGrid(); }
 
-    std::vector<int> SegsEndingIn(const PlanBox& box) const override {
-        std::vector<int> indices;
+    Indices SegsEndingIn(const PlanBox& box) const override {
+        Indices indices;
         searchPoints_.Collect(box, indices);
-        SortUnique(indices);
+        indices.SortUnique();
         return indices;
     }
 

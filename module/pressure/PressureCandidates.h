@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "records/CandidateMode.h"
+#include "records/Indices.h"
 #include "records/PlanBox.h"
 
 namespace tkvlt {
@@ -20,7 +21,7 @@ public:
 
     /// Pipes behind `pipe` in the pool, pieces included, that may come as near to it with their
     /// curve or chord as `gap`. Before `PipesPrepared`.
-    virtual std::vector<int> LaterPipesNear(int pipe, double gap) const = 0;
+    virtual Indices LaterPipesNear(int pipe, double gap) const = 0;
     /// The pool got the piece `pipe` at its end.
     virtual void PieceAdded(int pipe) = 0;
     /// The pipe was taken from the pool.
@@ -28,9 +29,9 @@ public:
     /// From here on the pipes of the pool stay as they are.
     virtual void PipesPrepared() = 0;
     /// Pipes with their start or end point in `box`. From `PipesPrepared` to `SegsBuilt`.
-    virtual std::vector<int> PipesWithEndIn(const PlanBox& box) const = 0;
+    virtual Indices PipesWithEndIn(const PlanBox& box) const = 0;
     /// Wells with their position in `box`.
-    virtual std::vector<int> WellsIn(const PlanBox& box) const = 0;
+    virtual Indices WellsIn(const PlanBox& box) const = 0;
     /// No well's radius is larger; 0.0 for none.
     virtual double LargestWellRadius() const = 0;
     /// The segments are complete.
@@ -38,7 +39,7 @@ public:
     /// Nobody asks for segments any more.
     virtual void LoopsChecked() = 0;
     /// Segments with their search point in `box`. From `SegsBuilt` to `LoopsChecked`.
-    virtual std::vector<int> SegsEndingIn(const PlanBox& box) const = 0;
+    virtual Indices SegsEndingIn(const PlanBox& box) const = 0;
 };
 
 /// A source over the pools of `search` as they stand. The search must outlive it.

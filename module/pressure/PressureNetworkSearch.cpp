@@ -108,8 +108,8 @@ int PressureNetworkSearch::CheckNoLoops() {
     return 1;
 }
 
-std::vector<int> PressureNetworkSearch::LaterSegsEndingAt(int k) {
-    std::vector<int> later;
+Indices PressureNetworkSearch::LaterSegsEndingAt(int k) {
+    Indices later;
     const AcGePoint3d searchPoint = segs.ElementAt(k).GetSearchPoint();
     for (const int j : candidates_->SegsEndingIn(PlanBox::Around(searchPoint, kOnePlace))) {
         if (j > k && searchPoint.distanceTo(segs.ElementAt(j).GetSearchPoint()) < kOnePlace) {

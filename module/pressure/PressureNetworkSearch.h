@@ -58,18 +58,18 @@ public:
     /// 0 when two segments end less than one drawing unit apart: the network closes on itself.
     int CheckNoLoops();
     /// The segments behind `k` that end in one place with it. From `CheckNoLoops` to `AttachWells`.
-    std::vector<int> LaterSegsEndingAt(int k);
+    Indices LaterSegsEndingAt(int k);
     /// Puts meters and valves onto the segments that they lie on.
     int AttachWells();
     /// The wells of the pool that lie on a segment, of whatever system.
-    std::vector<int> WellsOn(const PressureSeg& seg) const;
+    Indices WellsOn(const PressureSeg& seg) const;
     /// The first well of the system that holds `point`; -1 for none.
     int WellHolding(const AcGePoint3d& point, const CString& system) const;
     /// How near to `point` the end of a pipe must be to hang on a segment that ends there.
     double ReachFrom(const AcGePoint3d& point, const CString& system) const;
     /// The pipes of the pool that are in reach of a segment's end at `point`. From `PreparePipes`
     /// to `CheckNoLoops`.
-    std::vector<int> PipesInReach(const AcGePoint3d& point, const CString& system) const;
+    Indices PipesInReach(const AcGePoint3d& point, const CString& system) const;
 
     CArray<PressureSeg, PressureSeg&>& segs; ///< the caller's; appended to, never emptied
     int& rootSeg;
@@ -114,7 +114,7 @@ private:
 
     void SnapEndsToWells();
     void SnapPipe(int index);
-    std::vector<int> WellsAtEnds(const PipePiece& pipe) const;
+    Indices WellsAtEnds(const PipePiece& pipe) const;
 
     int FindRootPiece() const;
     void AdoptPipe(PressureSeg& seg, int pipe) const;

@@ -42,12 +42,11 @@ void PressureNetworkSearch::SnapEndsToWells() {
     }
 }
 
-std::vector<int> PressureNetworkSearch::WellsAtEnds(const PipePiece& pipe) const {
+Indices PressureNetworkSearch::WellsAtEnds(const PipePiece& pipe) const {
     const double reach = candidates_->LargestWellRadius() * kAtWell;
-    std::vector<int> wells = candidates_->WellsIn(PlanBox::Around(pipe.startPoint, reach));
-    const std::vector<int> atEnd = candidates_->WellsIn(PlanBox::Around(pipe.endPoint, reach));
-    wells.insert(wells.end(), atEnd.begin(), atEnd.end());
-    SortUnique(wells);
+    Indices wells = candidates_->WellsIn(PlanBox::Around(pipe.startPoint, reach));
+    wells.Append(candidates_->WellsIn(PlanBox::Around(pipe.endPoint, reach)));
+    wells.SortUnique();
     return wells;
 }
 
@@ -57,7 +56,7 @@ void PressureNetworkSearch::SnapPipe(int index) {
     const PipePiece& pipe = pipePool.At(index);
     bool startDone = false;
     bool endDone = false;
-    std::vector<int> wells = WellsAtEnds(pipe);
+    Indices wells = WellsAtEnds(pipe);
     for (std::size_t n = 0; n < wells.size() && !(startDone && endDone); ++n) {
         const int w = wells[n];
         const WellSite& well = SiteOfWell(w);

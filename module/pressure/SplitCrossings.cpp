@@ -95,7 +95,7 @@ bool PressureNetworkSearch::SplitAll(CutLimits limits) {
 /// Pairs pipe i with every pipe behind it, until i itself is cut: its pieces have their turn later.
 void PressureNetworkSearch::SplitPipe(int i, CutLimits& limits) {
     const double slack = 2.0 * AcGeContext::gTol.equalPoint();
-    std::vector<int> others = candidates_->LaterPipesNear(i, slack);
+    Indices others = candidates_->LaterPipesNear(i, slack);
     for (std::size_t n = 0; n < others.size() && !limits.IsExhausted(); ++n) {
         const int j = others[n];
         if (!pipePool.Has(j)) {

@@ -102,18 +102,14 @@ double PressureNetworkSearch::ReachFrom(const AcGePoint3d& point, const CString&
     return WellRadiusAt(point, system) + PipeReach();
 }
 
-std::vector<int> PressureNetworkSearch::PipesInReach(const AcGePoint3d& point,
-                                                     const CString& system) const {
+Indices PressureNetworkSearch::PipesInReach(const AcGePoint3d& point, const CString& system) const {
     const double wellRadius = WellRadiusAt(point, system);
     const double reach = PipeReach();
-    std::vector<int> pipes = candidates_->PipesWithEndIn(EndsInReach(point, wellRadius + reach));
-    pipes.erase(std::remove_if(pipes.begin(), pipes.end(),
-                               [&](int pipe) {
-                                   const double distance =
-                                       NearestEndOf(pipePool.At(pipe), point).distance;
-                                   return distance - wellRadius > reach;
-                               }),
-                pipes.end());
+    Indices pipes = candidates_->PipesWithEndIn(EndsInReach(point, wellRadius + reach));
+    pipes.EraseIf([&](int pipe) {
+        const double distance = NearestEndOf(pipePool.At(pipe), point).distance;
+        return distance - wellRadius > reach;
+    });
     return pipes;
 }
 

@@ -42,7 +42,7 @@ void BoxGrid::Remove(int item, const PlanBox& box) {
     LevelOf(box).boxes.Remove(item, {box});
 }
 
-void BoxGrid::Collect(const PlanBox& box, std::vector<int>& items) const {
+void BoxGrid::Collect(const PlanBox& box, Indices& items) const {
     for (const auto& [number, level] : levels_) {
         const PlanBox widened = box.Widened(level.cellSize);
         const PlanBox corners{widened.minX, widened.minY, box.maxX, box.maxY};

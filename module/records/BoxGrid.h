@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "records/CellGrid.h"
+#include "records/Indices.h"
 
 namespace tkvlt {
 
@@ -22,7 +23,7 @@ public:
     /// Removes an item that was added with this box.
     void Remove(int item, const PlanBox& box);
     /// Appends the items whose boxes overlap `box`, in no order and now and then twice.
-    void Collect(const PlanBox& box, std::vector<int>& items) const;
+    void Collect(const PlanBox& box, Indices& items) const;
 
 private:
     struct PlacedBox : PlanBox {

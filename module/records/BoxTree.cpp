@@ -91,7 +91,7 @@ void BoxTree::AddLevel(const std::vector<PlanBox>& children) {
     levels_.push_back(std::move(parents));
 }
 
-void BoxTree::Collect(const PlanBox& box, std::vector<int>& items) const {
+void BoxTree::Collect(const PlanBox& box, Indices& items) const {
     if (levels_.empty()) {
         return;
     }

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "records/Indices.h"
 #include "records/PlanBox.h"
 
 namespace tkvlt {
@@ -19,7 +20,7 @@ public:
     explicit BoxTree(const std::vector<PlanBox>& boxes);
 
     /// Appends the items whose boxes overlap `box`, in no order.
-    void Collect(const PlanBox& box, std::vector<int>& items) const;
+    void Collect(const PlanBox& box, Indices& items) const;
 
 private:
     void AddLevel(const std::vector<PlanBox>& children);

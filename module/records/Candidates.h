@@ -5,15 +5,24 @@
 #include <vector>
 
 #include "records/BoxTree.h"
+#include "records/Indices.h"
 #include "records/RecordPool.h"
-#include "records/SortUnique.h"
 
 namespace tkvlt {
 
+/// 0 to `count` - 1.
+inline Indices FirstIndices(int count) {
+    Indices indices;
+    for (int i = 0; i < count; ++i) {
+        indices.push_back(i);
+    }
+    return indices;
+}
+
 /// Every index of a pool from `first` on that is still present, in pool order.
 template<class Record>
-std::vector<int> AllPresent(const RecordPool<Record>& pool, int first = 0) {
-    std::vector<int> indices;
+Indices AllPresent(const RecordPool<Record>& pool, int first = 0) {
+    Indices indices;
     for (int i = first; i < pool.Size(); ++i) {
         if (pool.Has(i)) {
             indices.push_back(i);
@@ -24,17 +33,15 @@ std::vector<int> AllPresent(const RecordPool<Record>& pool, int first = 0) {
 
 /// Those of `indices` that are still present, each once, in pool order.
 template<class Record>
-std::vector<int> PresentInOrder(std::vector<int> indices, const RecordPool<Record>& pool) {
-    indices.erase(
-        std::remove_if(indices.begin(), indices.end(), [&](int index) { return !pool.Has(index); }),
-        indices.end());
-    SortUnique(indices);
+Indices PresentInOrder(Indices indices, const RecordPool<Record>& pool) {
+    indices.EraseIf([&](int index) { return !pool.Has(index); });
+    indices.SortUnique();
     return indices;
 }
 
 /// The items of a tree whose boxes overlap `box`, in no order.
-inline std::vector<int> Collected(const BoxTree& tree, const PlanBox& box) {
-    std::vector<int> items;
+inline Indices Collected(const BoxTree& tree, const PlanBox& box) {
+    Indices items;
     tree.Collect(box, items);
     return items;
 }
@@ -45,9 +52,9 @@ class EntryIndex {
 public:
     /// The entries that stand for `id`, in pool order, those taken away included.
     template<class Record>
-    std::vector<int> Matches(const RecordPool<Record>& pool, const AcDbObjectId& id) const {
+    Indices Matches(const RecordPool<Record>& pool, const AcDbObjectId& id) const {
         constexpr int scans = 4;
-        std::vector<int> matches;
+        Indices matches;
         if (++questions_ <= scans) {
             for (int i = 0; i < pool.Size(); ++i) {
                 if (pool.IdOf(i) == id) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -10,19 +11,19 @@ namespace tkvlt {
 
 /// The square cells of the plane, each with the first entry of a chain.
 ///
-/// Cells that hold something are mostly as many as the table has places, wherever in the plane they
-/// lie; cells that share a place share its chain. Neighbouring cells mostly lie side by side in the
+/// The table is as long as its owner wants, wherever in the plane the cells lie; cells that share a
+/// place share its chain. Neighbouring cells mostly lie side by side in the
 /// table, since a search asks for one place after the other.
 class CellTable {
 public:
     static constexpr int kNone = -1;
 
     /// @param cellSize side of a cell; one that is not finite and positive counts as 1.
-    /// @param entries so many are expected.
-    CellTable(double cellSize, std::size_t entries);
+    /// @param places so many at least.
+    CellTable(double cellSize, std::size_t places);
 
     std::size_t Places() const { return first_.size(); }
-    std::size_t PlaceOf(double x, double y) const;
+    std::size_t PlaceOf(double x, double y) const { return PlaceOf(CellNumber(x), CellNumber(y)); }
     /// The head of the chain at a place, `kNone` for an empty one.
     int& First(std::size_t place) { return first_[place]; }
     int First(std::size_t place) const { return first_[place]; }
@@ -53,8 +54,34 @@ public:
     }
 
 private:
-    std::int32_t CellNumber(double coordinate) const;
-    std::size_t PlaceOf(std::int32_t x, std::int32_t y) const;
+    // Coordinates beyond this many cells share the outermost cell; a query is cut in the same way.
+    static constexpr double kOutermostCell = 1e9;
+
+    /// Cells lie side by side in blocks of eight by eight; the blocks are strewn over the table.
+    static constexpr int kBlockBits = 3;
+    static constexpr std::uint32_t kInBlock = (1U << kBlockBits) - 1;
+
+    std::int32_t CellNumber(double coordinate) const {
+        const double cell = coordinate * cellsPerUnit_;
+        if (!(cell > -kOutermostCell && cell < kOutermostCell)) {
+            return std::isnan(cell)
+                       ? 0
+                       : static_cast<std::int32_t>(std::copysign(kOutermostCell, cell));
+        }
+        // The conversion cuts towards zero; cells are numbered downwards.
+        const auto number = static_cast<std::int32_t>(cell);
+        return number - (static_cast<double>(number) > cell ? 1 : 0);
+    }
+
+    std::size_t PlaceOf(std::int32_t x, std::int32_t y) const {
+        const auto blockX = static_cast<std::uint32_t>(x >> kBlockBits);
+        const auto blockY = static_cast<std::uint32_t>(y >> kBlockBits);
+        const std::uint64_t block =
+            ((static_cast<std::uint64_t>(blockX) << 32) | blockY) * 0x9E3779B97F4A7C15ULL;
+        const std::uint32_t inBlock = ((static_cast<std::uint32_t>(y) & kInBlock) << kBlockBits) |
+                                      (static_cast<std::uint32_t>(x) & kInBlock);
+        return ((block >> 32) + inBlock) & (first_.size() - 1);
+    }
 
     double cellsPerUnit_;
     std::vector<int> first_; // the length is a power of two

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform.h"
-#include "records/SortUnique.h"
+#include "records/Indices.h"
 
 namespace tkvlt {
 
@@ -23,8 +23,8 @@ public:
     }
 
     /// What was added under `id`, each index once, in increasing order.
-    std::vector<int> Matches(const AcDbObjectId& id) const {
-        std::vector<int> matches;
+    Indices Matches(const AcDbObjectId& id) const {
+        Indices matches;
         if (places_.empty()) {
             return matches;
         }
@@ -33,7 +33,7 @@ public:
                 matches.push_back(places_[at].index);
             }
         }
-        SortUnique(matches);
+        matches.SortUnique();
         return matches;
     }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "records/CellGrid.h"
+#include "records/Indices.h"
 
 namespace tkvlt {
 
@@ -36,9 +37,7 @@ public:
     void Remove(int item, const AcGePoint3d& point) { grid_.Remove(item, {point.x, point.y}); }
     /// Appends the items whose points lie in `box`, bounds included, in no order and now
     /// and then twice.
-    void Collect(const PlanBox& box, std::vector<int>& items) const {
-        grid_.Collect(box, box, items);
-    }
+    void Collect(const PlanBox& box, Indices& items) const { grid_.Collect(box, box, items); }
 
 private:
     static double CellSize(double usualQuery) {

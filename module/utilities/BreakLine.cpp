@@ -119,9 +119,9 @@ void BreakNeighbours(AcDbObjectIdArray& lines) {
     BoxGrid earlier(FarthestGap());
     for (int i = 0; i < lines.length(); ++i) {
         const PlanBox box = BoxOf(lines[i]);
-        std::vector<int> neighbours;
+        Indices neighbours;
         earlier.Collect(box, neighbours);
-        SortUnique(neighbours);
+        neighbours.SortUnique();
         for (const int j : neighbours) {
             if (!BreakAtPlaces(lines, i, j, mostPieces)) {
                 break;

@@ -134,7 +134,7 @@ private:
     /// A pipe of another system may end in it, whose networks are searched in their turn.
     bool isTankInUse(const AcDbObjectId& id) const {
         const Well node = tkvlt::MakeNode(_Block(id, CString(), CString()), tkvlt::kTankTarget);
-        const std::vector<int> pipes = search_.PipesNear(node);
+        const tkvlt::Indices pipes = search_.PipesNear(node);
         return std::any_of(pipes.begin(), pipes.end(), [&](int pipe) {
             int nearEndIsStart = 0;
             AcGePoint3d seed;

@@ -43,7 +43,7 @@ void ShortPipes::report(SystemUnderCheck& under) const {
 }
 
 bool ShortPipes::endNear(const AcGePoint3d& point, double reach) const {
-    const std::vector<int> ends = tkvlt::Collected(ends_, tkvlt::PlanBox::Around(point, reach));
+    const tkvlt::Indices ends = tkvlt::Collected(ends_, tkvlt::PlanBox::Around(point, reach));
     return std::any_of(ends.begin(), ends.end(), [&](int end) {
         const Short& pipe = pipes_[static_cast<std::size_t>(end / 2)];
         return pipe.ends[end % 2].distanceTo(point) <= reach;

@@ -77,7 +77,7 @@ bool GravityForest::placeRoot(const GravityStart& start) {
 /// A scan in which a chain came back is not to be relied upon for what it looked at afterwards, so
 /// the same node is looked at once more without that chain.
 void GravityForest::step(Tree& tree) {
-    const int well = tree.standing.back();
+    const tkvlt::StandingNode node = tree.standing.back();
     const std::size_t depth = tree.standing.size();
     search_.NextStep(tree.standing);
     if (static_cast<std::size_t>(tree.found.segs.GetSize()) > tree.chains.size()) {
@@ -90,12 +90,12 @@ void GravityForest::step(Tree& tree) {
         return;
     }
     for (const tkvlt::ClosedChain& chain : closed_) {
-        setAside(chain, well, tree);
+        setAside(chain, node.well, tree);
     }
     closed_.clear();
     search_.abortFlag = 0;
     if (tree.standing.size() < depth) {
-        tree.standing.push_back(well);
+        tree.standing.push_back(node);
     }
 }
 

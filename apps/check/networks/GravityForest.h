@@ -26,7 +26,7 @@ private:
     /// One search under way.
     struct Tree {
         GravitySearchObject found;
-        std::vector<int> standing;
+        std::vector<tkvlt::StandingNode> standing;
         std::vector<std::vector<AcDbObjectId>> chains; ///< of each segment, in trace order
         std::vector<CheckedRun> closingRuns;           ///< with nodes of `found`
         std::vector<Closing> closings;                 ///< with closing runs and nodes of `found`

@@ -80,7 +80,7 @@ void PressureForest::findFreeEnds() {
         const AcDbObjectId id = search_.pipePool.IdOf(i);
         for (const bool isStart : {true, false}) {
             const AcGePoint3d& place = isStart ? pipe.startPoint : pipe.endPoint;
-            const std::vector<int> inReach = search_.PipesInReach(place, system_);
+            const tkvlt::Indices inReach = search_.PipesInReach(place, system_);
             if (std::all_of(inReach.begin(), inReach.end(), [i](int p) { return p == i; })) {
                 freeEnds_.push_back({i, id, place, isStart, waterComesFrom(id, isStart),
                                      search_.ReachFrom(place, system_), foreignWellAt(place)});
@@ -94,8 +94,7 @@ void PressureForest::findFreeEnds() {
     });
 }
 
-void PressureForest::addJoint(int piece, const AcGePoint3d& place,
-                              const std::vector<int>& inReach) {
+void PressureForest::addJoint(int piece, const AcGePoint3d& place, const tkvlt::Indices& inReach) {
     Joint joint{place, {}};
     for (const int other : inReach) {
         if (other != piece) {

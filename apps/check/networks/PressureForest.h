@@ -53,7 +53,7 @@ private:
 
     void prepare();
     void findFreeEnds();
-    void addJoint(int piece, const AcGePoint3d& place, const std::vector<int>& inReach);
+    void addJoint(int piece, const AcGePoint3d& place, const tkvlt::Indices& inReach);
     void growFrom(int piece, const AcGePoint3d& place);
 
     void makeNodes();
