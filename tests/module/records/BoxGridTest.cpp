@@ -37,7 +37,8 @@ TEST(BoxGrid, BoxesThatOnlyTouchOverlap) {
 TEST(BoxGrid, WhatIsThereAlreadyStaysInTheList) {
     BoxGrid grid(1.0);
     grid.Add(0, {0, 0, 1, 1});
-    std::vector<int> items{7};
+    tkvlt::Indices items;
+    items.push_back(7);
     grid.Collect({0, 0, 1, 1}, items);
     EXPECT_EQ(items, (std::vector<int>{7, 0}));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/Indices.h"
 #include "records/PlanBox.h"
 
 #include <algorithm>
@@ -19,8 +20,9 @@ inline constexpr tkvlt::PlanBox kWholePlane{-kBoundless, -kBoundless, kBoundless
 /// What an index over the plane says lies in the box, each item once.
 template<class Index>
 std::vector<int> found(const Index& index, const tkvlt::PlanBox& box) {
-    std::vector<int> items;
-    index.Collect(box, items);
+    tkvlt::Indices found;
+    index.Collect(box, found);
+    std::vector<int> items(found.begin(), found.end());
     std::sort(items.begin(), items.end());
     items.erase(std::unique(items.begin(), items.end()), items.end());
     return items;

@@ -34,7 +34,8 @@ TEST(PointGrid, WithoutPointsThereIsNothing) {
 
 TEST(PointGrid, WhatIsThereAlreadyStaysInTheList) {
     const PointGrid grid(1.0, {{0, 0, 0}});
-    std::vector<int> items{7};
+    tkvlt::Indices items;
+    items.push_back(7);
     grid.Collect({-1, -1, 1, 1}, items);
     EXPECT_EQ(items, (std::vector<int>{7, 0}));
 }

@@ -26,7 +26,8 @@ Pool poolOf(int count) {
 }
 
 std::vector<int> present(const Pool& pool) {
-    return tkvlt::AllPresent(pool);
+    const tkvlt::Indices indices = tkvlt::AllPresent(pool);
+    return {indices.begin(), indices.end()};
 }
 
 TEST(RecordPool, IsEmptyWhenTheLastEntryIsTaken) {
