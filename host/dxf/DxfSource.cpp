@@ -1,9 +1,9 @@
 #include "dxf/DxfSource.h"
+#include "platform/LargePages.h"
 
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
-#include <sys/mman.h>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -58,18 +58,6 @@ ssize_t readAll(int descriptor, char* buffer, std::size_t size) {
     return static_cast<ssize_t>(got);
 }
 
-/// Texts are looked up all over a large file, each time on another page: with large pages the
-/// processor finds them sooner. Whether it gets them is up to the system, and nothing depends on
-/// it.
-void askForLargePages(char* buffer, std::size_t size) {
-    constexpr std::size_t largePage = std::size_t{2} << 20;
-    void* first = buffer;
-    std::size_t room = size;
-    if (std::align(largePage, largePage, first, room) != nullptr) {
-        ::madvise(first, room / largePage * largePage, MADV_HUGEPAGE);
-    }
-}
-
 /// The size of what was opened, or the reason why it is no file to read.
 bool regularSize(int descriptor, std::size_t& size, std::string& reason) {
     struct stat facts {};
@@ -107,7 +95,7 @@ std::shared_ptr<const DxfSource> DxfSource::read(const std::string& utf8Path, st
     }
     // Read, not mapped: a file cut short by another program must not end this one.
     auto buffer = std::make_unique_for_overwrite<char[]>(size);
-    askForLargePages(buffer.get(), size);
+    platform_memory::askForLargePages(buffer.get(), size);
     const ssize_t got = readAll(file.descriptor(), buffer.get(), size);
     if (got < 0) {
         error = utf8Path + ": cannot read: " + systemMessage(errno);

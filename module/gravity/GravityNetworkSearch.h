@@ -8,6 +8,7 @@
 #include "gravity/CandidateSource.h"
 #include "gravity/ChainFrame.h"
 #include "records/Block.h"
+#include "records/LargeVector.h"
 #include "records/Pipe.h"
 #include "records/PlanSites.h"
 #include "records/RecordPool.h"
@@ -78,8 +79,8 @@ public:
     /// by an index then reads of most entities no more than where they lie. `Run` says so itself.
     void LetDrawingStay() { drawingStays_ = true; }
     /// Where the pipes and the wells lay when they were collected, by pool index.
-    const std::vector<PipeSite>& PipeSites() const { return pipeSites_; }
-    const std::vector<WellSite>& WellSites() const { return wellSites_; }
+    const LargeVector<PipeSite>& PipeSites() const { return pipeSites_; }
+    const LargeVector<WellSite>& WellSites() const { return wellSites_; }
     const PipeSite& Site(int pipe) const { return pipeSites_[static_cast<std::size_t>(pipe)]; }
     const WellSite& SiteOfWell(int well) const {
         return wellSites_[static_cast<std::size_t>(well)];
@@ -229,8 +230,8 @@ private:
 
     CandidateMode candidateMode_;
     bool drawingStays_ = false;
-    std::vector<PipeSite> pipeSites_; // of the pipe pool, as collected
-    std::vector<WellSite> wellSites_; // of the well pool, as collected
+    LargeVector<PipeSite> pipeSites_; // of the pipe pool, as collected
+    LargeVector<WellSite> wellSites_; // of the well pool, as collected
     std::unique_ptr<CandidateSource> candidates_;
     std::vector<ChainFrame> levels_; // of the chain that is being traced
     int measuredPipe_ = -1;          // the pipe that was measured last, and its length

@@ -24,7 +24,7 @@ IndexedCandidates::IndexedCandidates(const GravityNetworkSearch& search) : searc
 }
 
 void IndexedCandidates::IndexPipes() {
-    const std::vector<PipeSite>& sites = search_.PipeSites();
+    const LargeVector<PipeSite>& sites = search_.PipeSites();
     pipeEnds_ = PointGrid(std::max(usualQuery_, 2.0 * search_.snapDist), 2 * sites.size(),
                           [&](std::size_t end) -> const AcGePoint3d& {
                               const PipeSite& site = sites[end / 2];
@@ -34,7 +34,7 @@ void IndexedCandidates::IndexPipes() {
 
 /// Only chains that find no pipe at their end ask for what crosses them.
 void IndexedCandidates::IndexCurves() const {
-    const std::vector<PipeSite>& sites = search_.PipeSites();
+    const LargeVector<PipeSite>& sites = search_.PipeSites();
     std::vector<PlanBox> curves;
     curves.reserve(sites.size());
     for (std::size_t i = 0; i < sites.size(); ++i) {
@@ -54,7 +54,7 @@ void IndexedCandidates::IndexCurves() const {
 }
 
 void IndexedCandidates::IndexWells() {
-    const std::vector<WellSite>& sites = search_.WellSites();
+    const LargeVector<WellSite>& sites = search_.WellSites();
     std::vector<double> reaches;
     reaches.reserve(sites.size());
     for (const WellSite& site : sites) {
@@ -78,7 +78,7 @@ void IndexedCandidates::IndexWells() {
 
 /// The largest wells first, for when the largest has been merged away.
 void IndexedCandidates::SortWellsByReach() const {
-    const std::vector<WellSite>& sites = search_.WellSites();
+    const LargeVector<WellSite>& sites = search_.WellSites();
     const auto reach = [&](int well) { return WellReach(sites[static_cast<std::size_t>(well)]); };
     for (int i = 0; i < static_cast<int>(sites.size()); ++i) {
         if (!std::isnan(reach(i))) {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <memory>
-#include <vector>
 
+#include "records/LargeVector.h"
 #include "records/Pipe.h"
 #include "records/PipeCrossing.h"
 #include "records/PlanBox.h"
@@ -59,7 +59,7 @@ public:
 private:
     void ReadRecord(_Pipe& record, int index) const override;
 
-    std::vector<PipePiece> pieces_; // by index
+    LargeVector<PipePiece> pieces_; // by index
 };
 
 /// What rounding may hide between two of these pipes, drawing units: they meet within a noise that

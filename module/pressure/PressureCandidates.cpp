@@ -15,7 +15,7 @@ namespace tkvlt {
 
 namespace {
 
-double LargestRadius(const std::vector<WellSite>& wells) {
+double LargestRadius(const LargeVector<WellSite>& wells) {
     double largest = 0.0;
     for (const WellSite& well : wells) {
         // A radius that is not a number can pass nowhere, but then every distance must be looked
@@ -148,7 +148,7 @@ private:
     }
 
     void IndexWells() {
-        const std::vector<WellSite>& sites = search_.WellSites();
+        const LargeVector<WellSite>& sites = search_.WellSites();
         std::vector<double> radii;
         radii.reserve(sites.size());
         for (const WellSite& well : sites) {

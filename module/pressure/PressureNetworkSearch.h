@@ -9,6 +9,7 @@
 #include "pressure/PressureSeg.h"
 #include "records/Block.h"
 #include "records/Candidates.h"
+#include "records/LargeVector.h"
 #include "records/PlanSites.h"
 #include "records/RecordPool.h"
 
@@ -40,7 +41,7 @@ public:
     // Each operation returns nonzero for success.
 
     /// Where the wells lay when they were collected, by pool index.
-    const std::vector<WellSite>& WellSites() const { return wellSites_; }
+    const LargeVector<WellSite>& WellSites() const { return wellSites_; }
 
     /// The whole search; stops at the first step that fails, without undoing anything.
     int Run();
@@ -128,7 +129,7 @@ private:
     std::vector<bool> KeepMetersAndValves();
 
     CandidateMode candidateMode_;
-    std::vector<WellSite> wellSites_; // of the well pool, as collected
+    LargeVector<WellSite> wellSites_; // of the well pool, as collected
     WellShapes wellShapes_;
     std::unique_ptr<PressureCandidates> candidates_;
 };

@@ -29,7 +29,7 @@ double CentreY(const PlanBox& box) {
 /// Sorts items[begin, end) by a coordinate of their boxes; ties stand in item order. The places are
 /// rounded to one in four thousand million, which is all the same to a packing.
 template<class Coordinate>
-void SortBy(std::vector<int>& items, std::size_t begin, std::size_t end,
+void SortBy(LargeVector<int>& items, std::size_t begin, std::size_t end,
             const std::vector<PlanBox>& boxes, Coordinate coordinate) {
     const auto centre = [&](std::size_t i) {
         return coordinate(boxes[static_cast<std::size_t>(items[i])]);
@@ -43,7 +43,7 @@ void SortBy(std::vector<int>& items, std::size_t begin, std::size_t end,
     constexpr double places = 4294967295.0;
     const double scale = places / (high - low);
     const bool isUsable = high > low && std::isfinite(high - low) && std::isfinite(scale);
-    std::vector<std::uint64_t> keys;
+    LargeVector<std::uint64_t> keys;
     keys.reserve(end - begin);
     for (std::size_t i = begin; i < end; ++i) {
         const double place = isUsable ? std::clamp((centre(i) - low) * scale, 0.0, places) : 0.0;
@@ -67,7 +67,7 @@ BoxTree::BoxTree(const std::vector<PlanBox>& boxes) : items_(boxes.size()) {
     for (std::size_t begin = 0; begin < items_.size(); begin += stripSize) {
         SortBy(items_, begin, std::min(begin + stripSize, items_.size()), boxes, CentreY);
     }
-    std::vector<PlanBox> leafBoxes;
+    LargeVector<PlanBox> leafBoxes;
     leafBoxes.reserve(boxes.size());
     for (const int item : items_) {
         leafBoxes.push_back(boxes[static_cast<std::size_t>(item)]);
@@ -78,8 +78,8 @@ BoxTree::BoxTree(const std::vector<PlanBox>& boxes) : items_(boxes.size()) {
     }
 }
 
-void BoxTree::AddLevel(const std::vector<PlanBox>& children) {
-    std::vector<PlanBox> parents;
+void BoxTree::AddLevel(const LargeVector<PlanBox>& children) {
+    LargeVector<PlanBox> parents;
     parents.reserve((children.size() + kFanOut - 1) / kFanOut);
     for (std::size_t i = 0; i < children.size(); ++i) {
         if (i % kFanOut == 0) {
@@ -107,7 +107,7 @@ void BoxTree::Collect(const PlanBox& box, Indices& items) const {
     open[openCount++] = {levels_.size() - 1, 0};
     while (openCount > 0) {
         const Visit visit = open[--openCount];
-        const std::vector<PlanBox>& level = levels_[visit.level];
+        const LargeVector<PlanBox>& level = levels_[visit.level];
         const std::size_t end = std::min(visit.begin + kFanOut, level.size());
         for (std::size_t i = visit.begin; i < end; ++i) {
             if (!level[i].Overlaps(box)) {

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "records/Indices.h"
+#include "records/LargeVector.h"
 #include "records/PlanBox.h"
 
 namespace tkvlt {
@@ -23,10 +24,10 @@ public:
     void Collect(const PlanBox& box, Indices& items) const;
 
 private:
-    void AddLevel(const std::vector<PlanBox>& children);
+    void AddLevel(const LargeVector<PlanBox>& children);
 
-    std::vector<int> items_;                   // leaf order
-    std::vector<std::vector<PlanBox>> levels_; // levels_[0] are the items' own boxes
+    LargeVector<int> items_;                   // leaf order
+    std::vector<LargeVector<PlanBox>> levels_; // levels_[0] are the items' own boxes
 };
 
 } // namespace tkvlt

@@ -7,6 +7,7 @@
 
 #include "records/CellTable.h"
 #include "records/Indices.h"
+#include "records/LargeVector.h"
 
 namespace tkvlt {
 
@@ -29,7 +30,7 @@ public:
         : table_(cellSize, count / kNeighboursPerPlace), entries_(count) {
         // A counting sort by place: each place tells how many entries there are, then where they
         // end, and in the end where they begin.
-        std::vector<std::uint32_t> places(count);
+        LargeVector<std::uint32_t> places(count);
         for (std::size_t item = 0; item < count; ++item) {
             places[item] = static_cast<std::uint32_t>(PlaceOf(shapeOf(item)));
             ++table_.First(places[item]);
@@ -125,7 +126,7 @@ private:
     }
 
     CellTable table_;
-    std::vector<Entry> entries_;
+    LargeVector<Entry> entries_;
 };
 
 } // namespace tkvlt

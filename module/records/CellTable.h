@@ -3,8 +3,8 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <vector>
 
+#include "records/LargeVector.h"
 #include "records/PlanBox.h"
 
 namespace tkvlt {
@@ -84,7 +84,7 @@ private:
     }
 
     double cellsPerUnit_;
-    std::vector<int> first_; // the length is a power of two
+    LargeVector<int> first_; // the length is a power of two
 };
 
 } // namespace tkvlt

@@ -19,9 +19,13 @@ PlanBox PlanBox::Everywhere() {
 }
 
 PlanBox PlanBox::Around(const AcGePoint3d& point, double reach) {
-    const bool isFinite =
-        std::isfinite(point.x) && std::isfinite(point.y) && std::isfinite(point.z);
-    return isFinite ? Of(point).Widened(reach) : Everywhere();
+    const double largest = std::max({std::fabs(point.x), std::fabs(point.y), std::fabs(reach)});
+    const double width = reach + largest * kRelativeRounding;
+    // Nought times a coordinate that is not finite is no number.
+    if (!std::isfinite(0.0 * point.x + 0.0 * point.y + 0.0 * point.z + width)) {
+        return Everywhere();
+    }
+    return {point.x - width, point.y - width, point.x + width, point.y + width};
 }
 
 void PlanBox::Include(const PlanBox& other) {

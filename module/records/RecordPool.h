@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform.h"
+#include "records/LargeVector.h"
 
 namespace tkvlt {
 
@@ -146,7 +147,7 @@ private:
     }
 
     Reader read_ = nullptr;
-    std::vector<Entry> entries_;
+    LargeVector<Entry> entries_;
     std::vector<char> present_; // apart from the entries, for it is asked far more often
     int count_ = 0;
 };
