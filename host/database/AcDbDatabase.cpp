@@ -1,6 +1,7 @@
 #include "database/AcDbDatabase.h"
 
 #include "database/AcDbHostApplicationServices.h"
+#include "database/BlockShapes.h"
 #include "database/DatabaseBuilder.h"
 #include "database/DatabaseRegistry.h"
 #include "database/ObjectIdPacking.h"
@@ -46,6 +47,7 @@ void AcDbDatabase::put(std::uint32_t place, std::unique_ptr<AcDbObject> object,
     object->id_ = idAt(place);
     object->ownerId_ = owner;
     objects_.fill(place, std::move(object));
+    ++revision_;
     if (journal_ != nullptr) {
         journal_->noteAdded(idAt(place));
     }
@@ -56,6 +58,14 @@ void AcDbDatabase::replace(AcDbObjectId id, AcDbObject* object) {
     // The one that stood there is the caller's from now on.
     (void)objects_.take(place).release();
     objects_.fill(place, std::unique_ptr<AcDbObject>(object));
+    ++revision_;
+}
+
+host_db::BlockShapes& AcDbDatabase::blockShapes() const {
+    if (blockShapes_ == nullptr) {
+        blockShapes_ = std::make_unique<host_db::BlockShapes>();
+    }
+    return *blockShapes_;
 }
 
 host_db::UndoJournal& AcDbDatabase::undoJournal() {
@@ -205,7 +215,6 @@ Acad::ErrorStatus AcDbDatabase::addAcDbObject(AcDbObjectId& id, AcDbObject* obje
     }
     const std::uint32_t place = objects_.reserve(newHandle());
     put(place, std::unique_ptr<AcDbObject>(object), owner);
-    ++revision_;
     host_db::OpenObjects::open(*object, AcDb::kForWrite, false);
     object->onAdded(*this);
     id = object->id_;

@@ -13,8 +13,9 @@
 #include <vector>
 
 namespace host_db {
+class BlockShapes;
 class UndoJournal;
-}
+} // namespace host_db
 
 /// One drawing: its objects, symbol tables, spaces and named objects dictionary.
 ///
@@ -111,6 +112,8 @@ public:
     /// Counts every change of an object, so that what was derived from the drawing can be kept
     /// until it is stale.
     std::uint64_t revision() const { return revision_; }
+    /// What is remembered of the block definitions.
+    host_db::BlockShapes& blockShapes() const;
     /// Serial number of the database in this process, above 0; never used twice.
     std::uint32_t serial() const { return serial_; }
 
@@ -148,4 +151,5 @@ private:
     AcDbObjectId namedObjects_;
     AcDbObjectId currentLayer_;
     std::unique_ptr<host_db::UndoJournal> journal_;
+    mutable std::unique_ptr<host_db::BlockShapes> blockShapes_;
 };

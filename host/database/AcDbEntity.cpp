@@ -33,7 +33,11 @@ ACHAR* AcDbEntity::layer() const {
 
 Acad::ErrorStatus AcDbEntity::layer(CString& name) const {
     const auto* record = host_db::peek<AcDbLayerTableRecord>(layerId_);
-    name = record == nullptr ? CString() : record->name();
+    if (record == nullptr) {
+        name.Empty();
+    } else {
+        name = record->name();
+    }
     return Acad::eOk;
 }
 

@@ -1,25 +1,8 @@
 #include "database/AcDbExtents.h"
 
-#include <algorithm>
-
-namespace {
-constexpr double kFar = 1e20;
-}
-
-AcDbExtents::AcDbExtents() : min_(kFar, kFar, kFar), max_(-kFar, -kFar, -kFar) {}
-
 void AcDbExtents::set(const AcGePoint3d& min, const AcGePoint3d& max) {
     min_ = min;
     max_ = max;
-}
-
-bool AcDbExtents::isEmpty() const {
-    return min_.x > max_.x || min_.y > max_.y || min_.z > max_.z;
-}
-
-void AcDbExtents::addPoint(const AcGePoint3d& point) {
-    min_.set(std::min(min_.x, point.x), std::min(min_.y, point.y), std::min(min_.z, point.z));
-    max_.set(std::max(max_.x, point.x), std::max(max_.y, point.y), std::max(max_.z, point.z));
 }
 
 void AcDbExtents::addExt(const AcDbExtents& other) {

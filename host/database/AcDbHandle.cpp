@@ -1,5 +1,7 @@
 #include "database/AcDbHandle.h"
 
+#include <bit>
+
 namespace {
 
 int hexDigit(ACHAR character) {
@@ -28,11 +30,9 @@ AcDbHandle::AcDbHandle(const ACHAR* text) {
 }
 
 bool AcDbHandle::getIntoAsciiBuffer(ACHAR* buffer) const {
-    int shift = 60;
-    while (shift > 0 && (value_ >> shift) == 0) {
-        shift -= 4;
-    }
-    for (; shift >= 0; shift -= 4) {
+    constexpr int digitBits = 4;
+    const int leadingZeros = std::countl_zero(value_ | 1U) / digitBits;
+    for (int shift = (15 - leadingZeros) * digitBits; shift >= 0; shift -= digitBits) {
         *buffer++ = L"0123456789ABCDEF"[(value_ >> shift) & 15U];
     }
     *buffer = L'\0';

@@ -1,7 +1,9 @@
 #include "database/AcDbObject.h"
 
 #include "database/AcDbDatabase.h"
+#include "database/DatabaseRegistry.h"
 #include "database/DictionaryHolder.h"
+#include "database/ObjectIdPacking.h"
 #include "database/OpenObjects.h"
 #include "database/UndoJournal.h"
 #include "platform/HostEvents.h"
@@ -152,7 +154,7 @@ void AcDbObject::getAcDbHandle(AcDbHandle& handle) const {
 }
 
 AcDbDatabase* AcDbObject::database() const {
-    return id_.database();
+    return host_db::databaseOf(host_db::serialOf(id_.asOldId()));
 }
 
 Acad::ErrorStatus AcDbObject::close() {

@@ -21,12 +21,20 @@ AcGeMatrix3d cellShift(const AcDbBlockReference& reference, int column, int row)
 }
 
 bool changesNothing(const AcGeMatrix3d& matrix) {
+    if (&matrix == &AcGeMatrix3d::kIdentity) {
+        return true;
+    }
     AcGeTol exactly;
     exactly.setEqualPoint(0.0);
     return matrix.isEqualTo(AcGeMatrix3d::kIdentity, exactly);
 }
 
 } // namespace
+
+AcGeMatrix3d drawnUnder(const AcDbBlockReference& reference, const AcGeMatrix3d& transform) {
+    const AcGeMatrix3d shown = reference.blockTransform();
+    return changesNothing(transform) ? shown : transform * shown;
+}
 
 bool BlockWalk::isTooMuch() const {
     return repeated_ > kMaxRepeatedVisits;
@@ -51,9 +59,7 @@ void BlockWalk::pushCell(StepKind kind, const AcDbBlockReference& reference,
                          const AcGeMatrix3d& transform, int column, int row) {
     const bool isFirst = column == 0 && row == 0;
     const AcGeMatrix3d cell = isFirst ? transform : transform * cellShift(reference, column, row);
-    const AcGeMatrix3d shown = reference.blockTransform();
-    work_.push_back(
-        {kind, reference.blockTableRecord(), changesNothing(cell) ? shown : cell * shown});
+    work_.push_back({kind, reference.blockTableRecord(), drawnUnder(reference, cell)});
 }
 
 void BlockWalk::push(StepKind kind, const AcDbBlockReference& reference,

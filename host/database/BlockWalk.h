@@ -8,6 +8,9 @@
 
 namespace host_db {
 
+/// The map from the definition to where a reference is drawn under `transform`.
+AcGeMatrix3d drawnUnder(const AcDbBlockReference& reference, const AcGeMatrix3d& transform);
+
 /// Shows the entities that a block reference draws, through nested references of any depth, each
 /// with the transform under which it is drawn. Attributes and their definitions are left out, and
 /// so is a definition inside itself. The order is not that of the drawing.

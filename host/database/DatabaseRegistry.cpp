@@ -9,11 +9,6 @@
 namespace host_db {
 namespace {
 
-struct OpenDatabase {
-    std::uint32_t serial;
-    AcDbDatabase* database;
-};
-
 /// Only the open ones are kept, in the order of their numbers: a process may open drawings without
 /// end.
 struct Registry {
@@ -36,6 +31,10 @@ Registry& registry() {
     return *databases;
 }
 
+void noteLatest(const Registry& databases) {
+    latestDatabase() = databases.open.empty() ? OpenDatabase() : databases.open.back();
+}
+
 } // namespace
 
 std::uint32_t enterDatabase(AcDbDatabase* database) {
@@ -44,6 +43,7 @@ std::uint32_t enterDatabase(AcDbDatabase* database) {
         throw std::length_error("too many drawings were opened in one process");
     }
     databases.open.push_back({databases.lastSerial + 1, database});
+    noteLatest(databases);
     return ++databases.lastSerial;
 }
 
@@ -52,15 +52,12 @@ void leaveDatabase(std::uint32_t serial) {
     const auto place = databases.placeOf(serial);
     if (place != databases.open.end() && place->serial == serial) {
         databases.open.erase(place);
+        noteLatest(databases);
     }
 }
 
-AcDbDatabase* databaseOf(std::uint32_t serial) {
+AcDbDatabase* findDatabase(std::uint32_t serial) {
     Registry& databases = registry();
-    // Nearly every id that is asked about belongs to the drawing that was opened last.
-    if (!databases.open.empty() && databases.open.back().serial == serial) {
-        return databases.open.back().database;
-    }
     const auto place = databases.placeOf(serial);
     const bool isOpen = place != databases.open.end() && place->serial == serial;
     return isOpen ? place->database : nullptr;

@@ -13,7 +13,24 @@ std::uint32_t enterDatabase(AcDbDatabase* database);
 
 void leaveDatabase(std::uint32_t serial);
 
-/// nullptr for 0 and for the number of a closed database.
-AcDbDatabase* databaseOf(std::uint32_t serial);
+struct OpenDatabase {
+    std::uint32_t serial = 0;
+    AcDbDatabase* database = nullptr;
+};
+
+/// Of the open databases the one that was opened last; the number 0 while none is open.
+inline OpenDatabase& latestDatabase() {
+    static OpenDatabase latest;
+    return latest;
+}
+
+AcDbDatabase* findDatabase(std::uint32_t serial);
+
+/// nullptr for 0 and for the number of a closed database. Nearly every id that is asked about
+/// belongs to the drawing that was opened last.
+inline AcDbDatabase* databaseOf(std::uint32_t serial) {
+    const OpenDatabase& latest = latestDatabase();
+    return serial == latest.serial ? latest.database : findDatabase(serial);
+}
 
 } // namespace host_db

@@ -3,11 +3,19 @@
 #include "database/AcDbDatabase.h"
 #include "database/AcDbEntity.h"
 #include "database/AcDbHostApplicationServices.h"
+#include "database/DatabaseRegistry.h"
 #include "database/ObjectIdPacking.h"
 #include "database/OpenObjects.h"
 #include "platform/HostEvents.h"
 
 namespace host_db {
+namespace {
+
+AcDbDatabase* homeOf(AcDbObjectId id) {
+    return databaseOf(serialOf(id.asOldId()));
+}
+
+} // namespace
 
 std::size_t& OpenObjects::total() {
     static std::size_t count = 0;
@@ -31,7 +39,8 @@ Acad::ErrorStatus OpenObjects::open(AcDbObject& object, AcDb::OpenMode mode, boo
     if (object.openForWrite_) {
         return Acad::eWasOpenForWrite;
     }
-    if (mode == AcDb::kForWrite && object.database()->isWriteBlocked()) {
+    AcDbDatabase& database = *homeOf(object.id_);
+    if (mode == AcDb::kForWrite && database.isWriteBlocked()) {
         return Acad::eLockViolation;
     }
     if (mode == AcDb::kForWrite && object.readers_ > 0) {
@@ -45,7 +54,7 @@ Acad::ErrorStatus OpenObjects::open(AcDbObject& object, AcDb::OpenMode mode, boo
     } else {
         ++object.readers_;
     }
-    add(*object.database(), true);
+    add(database, true);
     if (host::isListening()) {
         host::announce(
             eventLine(mode == AcDb::kForWrite ? L"open write" : L"open read", object.id_));
@@ -64,7 +73,7 @@ Acad::ErrorStatus OpenObjects::close(AcDbObject& object) {
     } else {
         return Acad::eInvalidOpenState;
     }
-    add(*object.database(), false);
+    add(*homeOf(object.id_), false);
     if (host::isListening()) {
         host::announce(eventLine(L"close", object.id_));
     }
@@ -108,7 +117,7 @@ std::size_t OpenObjects::count() {
 }
 
 AcDbObject* OpenObjects::find(AcDbObjectId id) {
-    AcDbDatabase* database = id.database();
+    AcDbDatabase* database = homeOf(id);
     return database == nullptr ? nullptr : database->objects_.at(placeOf(id.asOldId()));
 }
 

@@ -3,21 +3,9 @@
 #include "database/NameKey.h"
 
 #include <algorithm>
+#include <cwchar>
 
 namespace host_db {
-namespace {
-
-/// Names are too short for a call to be worth its while.
-bool isSame(const std::wstring& known, const wchar_t* name) {
-    const wchar_t* at = known.c_str();
-    while (*at == *name && *at != L'\0') {
-        ++at;
-        ++name;
-    }
-    return *at == *name;
-}
-
-} // namespace
 
 XdataApplications::XdataApplications() {
     setOf({});
@@ -30,12 +18,14 @@ std::uint32_t XdataApplications::find(const wchar_t* name) const {
     // Whoever asks once mostly asks for the same names again. What stands there may be another now.
     const std::size_t place = reinterpret_cast<std::uintptr_t>(name) / sizeof(wchar_t);
     Asked& asked = asked_[(place ^ place / kAskedPlaces) % kAskedPlaces];
-    if (asked.number != kNone && isSame(asked.name, name)) {
+    if (asked.number != kNone && std::wcscmp(asked.name.c_str(), name) == 0) {
         return asked.number;
     }
     const std::uint32_t number = findFolded(name);
     if (number != kNone) {
-        asked = {name, number};
+        asked.number = kNone;
+        asked.name = name;
+        asked.number = number;
     }
     return number;
 }

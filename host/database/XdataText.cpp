@@ -1,6 +1,8 @@
 #include "database/XdataText.h"
 
 #include "database/AcDbDatabase.h"
+#include "database/DatabaseRegistry.h"
+#include "database/ObjectIdPacking.h"
 #include "platform/WideCharacters.h"
 
 namespace host_db {
@@ -38,15 +40,16 @@ bool firstXdataString(const AcDbObject& object, const wchar_t* application, CStr
         hasApp = firstStringOfItems(*items, application, text);
         return hasApp;
     }
-    const AcDbDatabase* database = object.database();
-    if (database == nullptr || database->source() == nullptr) {
+    const AcDbDatabase* database = databaseOf(serialOf(object.objectId().asOldId()));
+    const DrawingSource* source = database == nullptr ? nullptr : database->source();
+    if (source == nullptr) {
         return false;
     }
-    const std::uint32_t number = database->applications().find(application);
+    const XdataApplications& applications = database->applications();
+    const std::uint32_t number = applications.find(application);
     if (number != XdataApplications::kNone &&
-        database->applications().contains(object.applicationSet(), number)) {
-        hasApp =
-            database->source()->firstXdataString(object.sourceRange(), application, number, text);
+        applications.contains(object.applicationSet(), number)) {
+        hasApp = source->firstXdataString(object.sourceRange(), application, number, text);
     }
     return hasApp;
 }

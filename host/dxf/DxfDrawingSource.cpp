@@ -63,15 +63,13 @@ std::string_view DxfDrawingSource::farText(const SourceRange& range,
     return tag.text;
 }
 
-const CString& DxfDrawingSource::repeatedText(std::size_t number) const {
+const CString& DxfDrawingSource::readRepeatedText(std::size_t number) const {
     if (number >= repeated_.size()) {
         repeated_.resize(number + 1);
     }
     Repeated& repeated = repeated_[number];
-    if (!repeated.isRead) {
-        texts_.read(xdataNotes_.repeatedText(number), repeated.text);
-        repeated.isRead = true;
-    }
+    texts_.read(xdataNotes_.repeatedText(number), repeated.text);
+    repeated.isRead = true;
     return repeated.text;
 }
 

@@ -48,7 +48,11 @@ private:
 
     TagCursor xdataOf(const SourceRange& range) const;
     std::string_view farText(const SourceRange& range, const wchar_t* application) const;
-    const CString& repeatedText(std::size_t number) const;
+    const CString& repeatedText(std::size_t number) const {
+        const bool isRead = number < repeated_.size() && repeated_[number].isRead;
+        return isRead ? repeated_[number].text : readRepeatedText(number);
+    }
+    const CString& readRepeatedText(std::size_t number) const;
 
     std::shared_ptr<const DxfSource> file_;
     std::shared_ptr<const TextDecoder> decoder_;

@@ -25,6 +25,15 @@ std::size_t numberOf(std::string_view bytes) {
 
 } // namespace
 
+CString RecentTexts::shortText(std::string_view bytes) const {
+    if (!TextDecoder::isPlain(bytes)) {
+        return CString(std::wstring_view(decoder_.decode(bytes)));
+    }
+    std::array<wchar_t, longestKept> characters;
+    std::copy(bytes.begin(), bytes.end(), characters.begin());
+    return CString(std::wstring_view(characters.data(), bytes.size()));
+}
+
 void RecentTexts::read(std::string_view bytes, CString& text) {
     if (bytes.empty() || bytes.size() > longestKept) {
         text = CString(std::wstring_view(decoder_.decode(bytes)));
@@ -32,7 +41,7 @@ void RecentTexts::read(std::string_view bytes, CString& text) {
     }
     Known& known = known_[numberOf(bytes) % kPlaces];
     if (known.bytes != bytes) {
-        known.text = CString(std::wstring_view(decoder_.decode(bytes)));
+        known.text = shortText(bytes);
         known.bytes = bytes;
     }
     text = known.text;

@@ -26,6 +26,8 @@ private:
     };
     static constexpr std::size_t kPlaces = 1024;
 
+    CString shortText(std::string_view bytes) const;
+
     const TextDecoder& decoder_;
     /// By a number made of the bytes; of two texts in one place the later stays.
     std::array<Known, kPlaces> known_;

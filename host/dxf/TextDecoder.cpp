@@ -35,11 +35,6 @@ long unicodeEscape(std::wstring_view text) {
     return text.starts_with(L"\\U+") ? fourHexDigits(text, 3) : -1;
 }
 
-bool isPlainAscii(std::string_view bytes) {
-    return std::all_of(bytes.begin(), bytes.end(),
-                       [](char byte) { return byte > 0 && byte != '\\' && byte != '^'; });
-}
-
 } // namespace
 
 TextDecoder::TextDecoder(std::string_view dwgCodePage, bool utf8) : utf8_(utf8) {
@@ -50,8 +45,13 @@ TextDecoder::TextDecoder(std::string_view dwgCodePage, bool utf8) : utf8_(utf8) 
     }
 }
 
+bool TextDecoder::isPlain(std::string_view bytes) {
+    return std::all_of(bytes.begin(), bytes.end(),
+                       [](char byte) { return byte > 0 && byte != '\\' && byte != '^'; });
+}
+
 std::wstring TextDecoder::decode(std::string_view bytes) const {
-    if (isPlainAscii(bytes)) {
+    if (isPlain(bytes)) {
         return {bytes.begin(), bytes.end()};
     }
     std::wstring text = decodeBytes(bytes);

@@ -22,6 +22,8 @@ public:
     /// The text that `bytes` stands for. What is no valid character gives U+FFFD; a zero byte too,
     /// so that the result never hides text behind a terminator. Linear.
     std::wstring decode(std::string_view bytes) const;
+    /// The bytes stand for themselves, one for each character, whatever the encoding.
+    static bool isPlain(std::string_view bytes);
 
     bool isUtf8() const { return utf8_; }
     /// The drawing's code page; nullptr when its texts are UTF-8.

@@ -8,20 +8,14 @@ namespace host_dxf {
 
 namespace {
 
-constexpr std::uint16_t noText = 0;
-constexpr std::uint16_t tooFar = 0x7FFF;
-/// From here on a note is the number of a repeated text.
-constexpr std::uint16_t firstRepeated = 0x8000;
 constexpr std::size_t mostRepeated = 0x8000;
 /// What more applications say is not remembered.
 constexpr std::uint32_t mostApplications = 0x10000;
-constexpr std::size_t listPlace = 2;
-constexpr std::size_t sectionsPlace = 4;
 
 } // namespace
 
 std::uint16_t XdataNotes::noted(const Section& section) {
-    const auto place = static_cast<std::uint16_t>(std::min<std::size_t>(section.text, tooFar));
+    const auto place = static_cast<std::uint16_t>(std::min<std::size_t>(section.text, kTooFar));
     if (section.bytes.empty() || section.application >= mostApplications) {
         return place;
     }
@@ -36,11 +30,11 @@ std::uint16_t XdataNotes::noted(const Section& section) {
         lately.oldest = (lately.oldest + 1) % kSaid;
         return place;
     }
-    if (said->noted < firstRepeated && repeated_.size() < mostRepeated) {
-        said->noted = static_cast<std::uint16_t>(firstRepeated + repeated_.size());
+    if (said->noted < kFirstRepeated && repeated_.size() < mostRepeated) {
+        said->noted = static_cast<std::uint16_t>(kFirstRepeated + repeated_.size());
         repeated_.push_back(section.bytes);
     }
-    return said->noted < firstRepeated ? place : said->noted;
+    return said->noted < kFirstRepeated ? place : said->noted;
 }
 
 std::uint32_t XdataNotes::add(std::uint32_t begin, std::span<const Section> sections) {
@@ -59,24 +53,6 @@ std::uint32_t XdataNotes::add(std::uint32_t begin, std::span<const Section> sect
 
 std::uint32_t XdataNotes::beginOf(std::uint32_t note) const {
     return longAt(note - 1);
-}
-
-XdataNotes::Finding XdataNotes::find(std::uint32_t note, std::uint32_t application) const {
-    const std::size_t place = note - 1;
-    const Applications& list = lists_[longAt(place + listPlace)];
-    const auto found = std::find(list.begin(), list.end(), application);
-    if (found == list.end()) {
-        return {Outcome::NoSection, 0};
-    }
-    const std::uint16_t text =
-        notes_[place + sectionsPlace + static_cast<std::size_t>(found - list.begin())];
-    if (text == noText) {
-        return {Outcome::NoText, 0};
-    }
-    if (text >= firstRepeated) {
-        return {Outcome::RepeatedText, static_cast<std::size_t>(text - firstRepeated)};
-    }
-    return {text == tooFar ? Outcome::Unknown : Outcome::Text, text};
 }
 
 /// Objects of one kind mostly follow one another, so the last list is looked at first.
@@ -100,10 +76,6 @@ std::uint32_t XdataNotes::listOf(std::span<const Section> sections) {
     }
     lastList_ = known->second;
     return lastList_;
-}
-
-std::uint32_t XdataNotes::longAt(std::size_t place) const {
-    return notes_[place] | static_cast<std::uint32_t>(notes_[place + 1]) << 16;
 }
 
 void XdataNotes::addLong(std::uint32_t number) {

@@ -44,7 +44,17 @@ public:
     /// What `add` was given. `note` is a number that it gave.
     std::uint32_t beginOf(std::uint32_t note) const;
     /// The first section of an application.
-    Finding find(std::uint32_t note, std::uint32_t application) const;
+    Finding find(std::uint32_t note, std::uint32_t application) const {
+        const std::size_t place = note - 1;
+        std::size_t section = place + kSectionsPlace;
+        for (const std::uint32_t each : lists_[longAt(place + kListPlace)]) {
+            if (each == application) {
+                return findingOf(notes_[section]);
+            }
+            ++section;
+        }
+        return {Outcome::NoSection, 0};
+    }
     /// The text that has this number.
     std::string_view repeatedText(std::size_t number) const { return repeated_[number]; }
 
@@ -62,10 +72,31 @@ private:
         std::size_t oldest = 0;
     };
 
+    /// Where the list and the sections stand in a note.
+    static constexpr std::size_t kListPlace = 2;
+    static constexpr std::size_t kSectionsPlace = 4;
+    /// What stands for a section: the place of its text, or one of these, or from the third on the
+    /// number of a repeated text.
+    static constexpr std::uint16_t kNoText = 0;
+    static constexpr std::uint16_t kTooFar = 0x7FFF;
+    static constexpr std::uint16_t kFirstRepeated = 0x8000;
+
+    static Finding findingOf(std::uint16_t noted) {
+        if (noted >= kFirstRepeated) {
+            return {Outcome::RepeatedText, static_cast<std::size_t>(noted - kFirstRepeated)};
+        }
+        if (noted == kNoText) {
+            return {Outcome::NoText, 0};
+        }
+        return {noted == kTooFar ? Outcome::Unknown : Outcome::Text, noted};
+    }
+
     std::uint16_t noted(const Section& section);
 
     std::uint32_t listOf(std::span<const Section> sections);
-    std::uint32_t longAt(std::size_t place) const;
+    std::uint32_t longAt(std::size_t place) const {
+        return notes_[place] | static_cast<std::uint32_t>(notes_[place + 1]) << 16;
+    }
     void addLong(std::uint32_t number);
 
     std::vector<Applications> lists_;

@@ -23,6 +23,9 @@ constexpr std::int64_t kSetMark = 0x5353;
 struct OpenSets {
     std::map<std::int64_t, SelectionSet> sets;
     std::int64_t lastNumber = 0;
+    /// The set that was asked for last, nullptr for none: sets are read entity by entity.
+    SelectionSet* latest = nullptr;
+    std::int64_t latestNumber = 0;
 };
 
 OpenSets& openSets() {
@@ -34,8 +37,13 @@ SelectionSet* setOf(const ads_name name) {
     if (name == nullptr || name[1] != kSetMark) {
         return nullptr;
     }
-    const auto it = openSets().sets.find(name[0]);
-    return it == openSets().sets.end() ? nullptr : &it->second;
+    OpenSets& open = openSets();
+    if (open.latest == nullptr || open.latestNumber != name[0]) {
+        const auto it = open.sets.find(name[0]);
+        open.latest = it == open.sets.end() ? nullptr : &it->second;
+        open.latestNumber = name[0];
+    }
+    return open.latest;
 }
 
 bool isNil(const ads_name name) {
@@ -52,6 +60,12 @@ bool enterSet(SelectionSet set, ads_name name) {
     name[0] = open.lastNumber;
     name[1] = kSetMark;
     return true;
+}
+
+void leaveSet(const ads_name name) {
+    OpenSets& open = openSets();
+    open.latest = nullptr;
+    open.sets.erase(name[0]);
 }
 
 template<typename Length>
@@ -141,7 +155,7 @@ int acedSSFree(const ads_name set) {
     if (host_ed::setOf(set) == nullptr) {
         return RTERROR;
     }
-    host_ed::openSets().sets.erase(set[0]);
+    host_ed::leaveSet(set);
     if (host::isListening()) {
         host::announce(L"free");
     }

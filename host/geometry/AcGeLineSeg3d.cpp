@@ -29,6 +29,12 @@ Adesk::Boolean AcGeLineSeg3d::hasEndPoint(AcGePoint3d& point) const {
     return Adesk::kTrue;
 }
 
+/// What the general way finds, without asking for the bounds and for the point by virtual calls.
+AcGeCurve3d::Place AcGeLineSeg3d::nearest(const AcGePoint3d& point, const AcGeTol& /*tol*/) const {
+    const double param = AcGeInterval(0.0, 1.0).clamp(paramOnUnbounded(point));
+    return {param, AcGeLineSeg3d::evalPoint(param)};
+}
+
 double AcGeLineSeg3d::noiseWith(const AcGePoint3d& point) const {
     return host_geometry::roundingNoise({origin_, end_, point});
 }

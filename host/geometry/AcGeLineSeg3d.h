@@ -39,6 +39,7 @@ public:
     Adesk::Boolean hasEndPoint(AcGePoint3d& point) const override;
 
 protected:
+    Place nearest(const AcGePoint3d& point, const AcGeTol& tol) const override;
     double noiseWith(const AcGePoint3d& point) const override;
 
 private:

@@ -77,11 +77,6 @@ double AcGeLinearEnt3d::boundedParam(double param) const {
     return interval.clamp(param);
 }
 
-double AcGeLinearEnt3d::paramOnUnbounded(const AcGePoint3d& point) const {
-    const double square = vector_.lengthSqrd();
-    return square > 0.0 ? (point - origin_).dotProduct(vector_) / square : 0.0;
-}
-
 Adesk::Boolean AcGeLinearEnt3d::intersectWith(const AcGeLinearEnt3d& line, AcGePoint3d& point,
                                               const AcGeTol& tol) const {
     if (isParallelTo(line, tol) != Adesk::kFalse) {

@@ -54,6 +54,11 @@ protected:
 
     Place nearest(const AcGePoint3d& point, const AcGeTol& tol) const override;
     double noiseWith(const AcGePoint3d& point) const override;
+    /// Of the point's foot on the unbounded line.
+    double paramOnUnbounded(const AcGePoint3d& point) const {
+        const double square = vector_.lengthSqrd();
+        return square > 0.0 ? (point - origin_).dotProduct(vector_) / square : 0.0;
+    }
 
     /// Parameter p stands for origin_ + p * vector_.
     AcGePoint3d origin_;
@@ -63,6 +68,5 @@ private:
     double noiseWithBoth(const AcGeLinearEnt3d& line) const;
     double agreement(const AcGeLinearEnt3d& line, const AcGeTol& tol) const;
     double distanceToUnbounded(const AcGePoint3d& point, const AcGeVector3d& fallback) const;
-    double paramOnUnbounded(const AcGePoint3d& point) const;
     double boundedParam(double param) const;
 };

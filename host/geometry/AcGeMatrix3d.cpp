@@ -53,8 +53,12 @@ AcGeMatrix3d AcGeMatrix3d::inverse() const {
 }
 
 AcGeMatrix3d& AcGeMatrix3d::setToTranslation(const AcGeVector3d& offset) {
-    return setCoordSystem(AcGePoint3d::kOrigin + offset, AcGeVector3d::kXAxis, AcGeVector3d::kYAxis,
-                          AcGeVector3d::kZAxis);
+    const AcGePoint3d origin = AcGePoint3d::kOrigin + offset;
+    setToIdentity();
+    entry[0][3] = origin.x;
+    entry[1][3] = origin.y;
+    entry[2][3] = origin.z;
+    return *this;
 }
 
 AcGeMatrix3d& AcGeMatrix3d::fixPoint(const AcGePoint3d& center) {

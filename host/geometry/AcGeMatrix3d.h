@@ -74,3 +74,15 @@ private:
     /// Keeps the linear part and moves so that `center` stays where it is.
     AcGeMatrix3d& fixPoint(const AcGePoint3d& center);
 };
+
+inline AcGeVector3d operator*(const AcGeMatrix3d& matrix, const AcGeVector3d& v) {
+    const auto& e = matrix.entry;
+    return {e[0][0] * v.x + e[0][1] * v.y + e[0][2] * v.z,
+            e[1][0] * v.x + e[1][1] * v.y + e[1][2] * v.z,
+            e[2][0] * v.x + e[2][1] * v.y + e[2][2] * v.z};
+}
+
+inline AcGePoint3d operator*(const AcGeMatrix3d& matrix, const AcGePoint3d& p) {
+    const AcGeVector3d moved = matrix * p.asVector() + matrix.translation();
+    return {moved.x, moved.y, moved.z};
+}

@@ -33,8 +33,3 @@ AcGePoint3d& AcGePoint3d::mirror(const AcGePlane& plane) {
 AcGePoint3d& AcGePoint3d::scaleBy(double factor, const AcGePoint3d& origin) {
     return *this = origin + (*this - origin) * factor;
 }
-
-AcGePoint3d operator*(const AcGeMatrix3d& matrix, const AcGePoint3d& p) {
-    const AcGeVector3d moved = matrix * p.asVector() + matrix.translation();
-    return {moved.x, moved.y, moved.z};
-}

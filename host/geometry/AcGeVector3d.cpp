@@ -103,10 +103,3 @@ bool AcGeVector3d::isPerpendicularTo(const AcGeVector3d& other, const AcGeTol& t
 bool AcGeVector3d::isEqualTo(const AcGeVector3d& other, const AcGeTol& tol) const {
     return (*this - other).length() <= tol.equalVector();
 }
-
-AcGeVector3d operator*(const AcGeMatrix3d& matrix, const AcGeVector3d& v) {
-    const auto& e = matrix.entry;
-    return {e[0][0] * v.x + e[0][1] * v.y + e[0][2] * v.z,
-            e[1][0] * v.x + e[1][1] * v.y + e[1][2] * v.z,
-            e[2][0] * v.x + e[2][1] * v.y + e[2][2] * v.z};
-}

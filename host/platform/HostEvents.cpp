@@ -17,20 +17,32 @@ Watch& watch() {
     return watch;
 }
 
+/// Kept beside the watch, for it is asked each time an object is opened or closed.
+bool& listening() {
+    static bool now = false;
+    return now;
+}
+
+void settleListening() {
+    listening() = !watch().listeners.empty() && watch().silences == 0;
+}
+
 } // namespace
 
 EventListener::~EventListener() = default;
 
 void addListener(EventListener& listener) {
     watch().listeners.push_back(&listener);
+    settleListening();
 }
 
 void removeListener(EventListener& listener) {
     std::erase(watch().listeners, &listener);
+    settleListening();
 }
 
 bool isListening() {
-    return !watch().listeners.empty() && watch().silences == 0;
+    return listening();
 }
 
 void announce(const std::wstring& line) {
@@ -49,10 +61,12 @@ void announce(const std::wstring& line) {
 
 EventSilence::EventSilence() {
     ++watch().silences;
+    settleListening();
 }
 
 EventSilence::~EventSilence() {
     --watch().silences;
+    settleListening();
 }
 
 } // namespace host

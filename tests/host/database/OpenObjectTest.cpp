@@ -2,6 +2,8 @@
 
 #include "database/AcDbArc.h"
 
+#include <vector>
+
 namespace {
 
 using OpenObjectTest = DatabaseFixture;
@@ -123,6 +125,25 @@ TEST_F(OpenObjectTest, AnIdOutlivesItsDatabase) {
     EXPECT_TRUE(id.handle().isNull());
     EXPECT_EQ(id.database(), nullptr);
     EXPECT_NE(next.modelSpaceId().asOldId(), id.asOldId());
+}
+
+TEST(OpenDatabasesTest, IdsFindTheirDrawingInWhateverOrderDrawingsClose) {
+    std::vector<std::unique_ptr<AcDbDatabase>> databases;
+    std::vector<AcDbObjectId> ids;
+    for (int i = 0; i < 4; ++i) {
+        databases.push_back(std::make_unique<AcDbDatabase>());
+        ids.push_back(databases.back()->layerZero());
+    }
+    for (const std::size_t closed : {3U, 1U, 2U, 0U}) {
+        databases[closed].reset();
+        for (std::size_t i = 0; i < ids.size(); ++i) {
+            EXPECT_EQ(ids[i].database(), databases[i].get());
+        }
+        EXPECT_EQ(AcDbObjectId().database(), nullptr);
+    }
+    const AcDbDatabase next;
+    EXPECT_EQ(next.layerZero().database(), &next);
+    EXPECT_EQ(ids.back().database(), nullptr);
 }
 
 TEST_F(OpenObjectTest, WhatWasLeftOpenGoesWithTheDatabase) {

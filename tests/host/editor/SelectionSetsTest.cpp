@@ -262,6 +262,35 @@ TEST_F(SelectionSetsTest, AFreedOrUnknownSetIsAnError) {
     EXPECT_EQ(acedSSLength(entity, &length), RTERROR);
 }
 
+TEST_F(SelectionSetsTest, SetsReadInTurnAreToldApart) {
+    ads_name first;
+    ads_name second;
+    acdbGetAdsName(first, addLine());
+    acdbGetAdsName(second, addLine());
+    ads_name one;
+    ads_name two;
+    ASSERT_EQ(acedSSAdd(first, nullptr, one), RTNORM);
+    ASSERT_EQ(acedSSAdd(second, nullptr, two), RTNORM);
+    ads_name name = {0, 0};
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(acedSSName(one, 0, name), RTNORM);
+        EXPECT_EQ(name[0], first[0]);
+        EXPECT_EQ(acedSSName(two, 0, name), RTNORM);
+        EXPECT_EQ(name[0], second[0]);
+    }
+    EXPECT_EQ(acedSSFree(two), RTNORM);
+    EXPECT_EQ(acedSSName(two, 0, name), RTERROR);
+    EXPECT_EQ(acedSSName(one, 0, name), RTNORM);
+    EXPECT_EQ(name[0], first[0]);
+    EXPECT_EQ(acedSSFree(one), RTNORM);
+    EXPECT_EQ(acedSSName(one, 0, name), RTERROR);
+    ASSERT_EQ(acedSSAdd(second, nullptr, two), RTNORM);
+    EXPECT_EQ(acedSSName(one, 0, name), RTERROR);
+    EXPECT_EQ(acedSSName(two, 0, name), RTNORM);
+    EXPECT_EQ(name[0], second[0]);
+    EXPECT_EQ(acedSSFree(two), RTNORM);
+}
+
 TEST_F(SelectionSetsTest, NamesAreReadWithinTheSet) {
     addLine();
     ads_name set;

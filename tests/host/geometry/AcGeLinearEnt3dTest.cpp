@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 
@@ -62,6 +63,24 @@ TEST(Segment, ClosestPointIsOnTheBoundedPiece) {
     EXPECT_DOUBLE_EQ(line.paramOf({4.0, 3.0, 0.0}), 0.4);
     EXPECT_EQ(line.paramOf({40.0, 3.0, 0.0}), 1.0);
     EXPECT_EQ(segment(2.0, 2.0, 2.0, 2.0).distanceTo({2.0, 5.0, 4.0}), 5.0);
+}
+
+TEST(Segment, TheNearestPlaceIsTheFootOnTheLineCutToTheEnds) {
+    const AcGePoint3d start(0.1, 1.0e5, 0.3);
+    const AcGePoint3d end(101.0 / 3.0, 1.0e5 - 7.7, -5.0);
+    const AcGeLineSeg3d line(start, end);
+    const AcGeVector3d along = end - start;
+    for (double x = -40.0; x < 80.0; x += 0.93) {
+        const AcGePoint3d point(x, 1.0e5 - 0.3 * x, 0.7 * x);
+        const double foot = (point - start).dotProduct(along) / along.lengthSqrd();
+        const double param = std::clamp(foot, 0.0, 1.0);
+        EXPECT_EQ(line.paramOf(point), param);
+        EXPECT_TRUE(same(line.closestPointTo(point), line.evalPoint(param)));
+    }
+    EXPECT_TRUE(same(line.closestPointTo(end + along), end));
+    const AcGeLineSeg3d dot(start, start);
+    EXPECT_EQ(dot.paramOf(end), 0.0);
+    EXPECT_TRUE(same(dot.closestPointTo(end), start));
 }
 
 TEST(Segment, IsOnHasTheToleranceAtItsEndsAndBesideIt) {
