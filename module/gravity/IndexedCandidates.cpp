@@ -11,6 +11,18 @@
 
 namespace tkvlt {
 
+namespace {
+
+/// The entries that stand for `id` and have not been taken away.
+template<class Record>
+Indices StillThere(const EntryIndex& ids, const RecordPool<Record>& pool, const AcDbObjectId& id) {
+    Indices entries = ids.Matches(pool, id);
+    KeepPresent(entries, pool);
+    return entries;
+}
+
+} // namespace
+
 IndexedCandidates::IndexedCandidates(const GravityNetworkSearch& search) : search_(search) {
     IndexWells();
     IndexPipes();
@@ -106,25 +118,32 @@ Indices IndexedCandidates::PipesWithEndIn(const PlanBox& box) const {
     for (int& end : ends) {
         end /= 2;
     }
-    return PresentInOrder(std::move(ends), search_.pipePool);
+    KeepPresent(ends, search_.pipePool);
+    return ends;
 }
 
 Indices IndexedCandidates::PipesReachingInto(const PlanBox& box) const {
     if (!hasCurves_) {
         IndexCurves();
     }
-    return PresentInOrder(Collected(pipeCurves_, box.Widened(slack_)), search_.pipePool);
+    Indices pipes = Collected(pipeCurves_, box.Widened(slack_));
+    KeepPresent(pipes, search_.pipePool);
+    return pipes;
 }
 
 Indices IndexedCandidates::WellsIn(const PlanBox& box) const {
-    // A distance that is no number is not greater than any, so such a well may lie anywhere.
-    Indices wells = unmeasurableWells_;
+    Indices wells;
     wells_.Collect(box, wells);
-    return PresentInOrder(std::move(wells), search_.wellPool);
+    // A distance that is no number is not greater than any, so such a well may lie anywhere.
+    wells.Append(unmeasurableWells_);
+    KeepPresent(wells, search_.wellPool);
+    return wells;
 }
 
 Indices IndexedCandidates::TanksReachingInto(const PlanBox& box) const {
-    return PresentInOrder(Collected(tanks_, box), search_.tankPool);
+    Indices tanks = Collected(tanks_, box);
+    KeepPresent(tanks, search_.tankPool);
+    return tanks;
 }
 
 Indices IndexedCandidates::NodesIn(const PlanBox& box) const {
@@ -139,15 +158,15 @@ Indices IndexedCandidates::NodesOf(const AcDbObjectId& id) const {
 }
 
 Indices IndexedCandidates::PipesOf(const AcDbObjectId& id) const {
-    return PresentInOrder(pipeIds_.Matches(search_.pipePool, id), search_.pipePool);
+    return StillThere(pipeIds_, search_.pipePool, id);
 }
 
 Indices IndexedCandidates::WellsOf(const AcDbObjectId& id) const {
-    return PresentInOrder(wellIds_.Matches(search_.wellPool, id), search_.wellPool);
+    return StillThere(wellIds_, search_.wellPool, id);
 }
 
 Indices IndexedCandidates::TanksOf(const AcDbObjectId& id) const {
-    return PresentInOrder(tankIds_.Matches(search_.tankPool, id), search_.tankPool);
+    return StillThere(tankIds_, search_.tankPool, id);
 }
 
 double IndexedCandidates::LargestWellReach() const {

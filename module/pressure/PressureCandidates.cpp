@@ -75,7 +75,8 @@ public:
         }
         pieces_.Collect(reachable, pipes);
         pipes.EraseIf([pipe](int other) { return other <= pipe; });
-        return PresentInOrder(std::move(pipes), search_.pipePool);
+        KeepPresent(pipes, search_.pipePool);
+        return pipes;
     }
 
     void PieceAdded(int pipe) override { pieces_.Add(pipe, search_.pipePool.BoxOf(pipe)); }
@@ -102,13 +103,15 @@ public:
         for (int& pipe : pipes) {
             pipe /= 2; // two ends a pipe
         }
-        return PresentInOrder(std::move(pipes), search_.pipePool);
+        KeepPresent(pipes, search_.pipePool);
+        return pipes;
     }
 
     Indices WellsIn(const PlanBox& box) const override {
         Indices wells;
         wells_.Collect(box, wells);
-        return PresentInOrder(std::move(wells), search_.wellPool);
+        KeepPresent(wells, search_.wellPool);
+        return wells;
     }
 
     double LargestWellRadius() const override { return largestRadius_; }

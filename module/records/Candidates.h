@@ -31,12 +31,11 @@ Indices AllPresent(const RecordPool<Record>& pool, int first = 0) {
     return indices;
 }
 
-/// Those of `indices` that are still present, each once, in pool order.
+/// Leaves those that are still present, each once, in pool order.
 template<class Record>
-Indices PresentInOrder(Indices indices, const RecordPool<Record>& pool) {
+void KeepPresent(Indices& indices, const RecordPool<Record>& pool) {
     indices.EraseIf([&](int index) { return !pool.Has(index); });
     indices.SortUnique();
-    return indices;
 }
 
 /// The items of a tree whose boxes overlap `box`, in no order.
