@@ -84,6 +84,7 @@
 #include "platform/ExtensionModule.h"
 #include "platform/HostEvents.h"
 #include "platform/InstanceHandle.h"
+#include "platform/LargePages.h"
 #include "platform/ModuleState.h"
 #include "platform/PlatformException.h"
 #include "platform/PlatformTypes.h"

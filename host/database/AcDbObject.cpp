@@ -154,7 +154,7 @@ void AcDbObject::getAcDbHandle(AcDbHandle& handle) const {
 }
 
 AcDbDatabase* AcDbObject::database() const {
-    return host_db::databaseOf(host_db::serialOf(id_.asOldId()));
+    return host_db::homeOf(id_);
 }
 
 Acad::ErrorStatus AcDbObject::close() {

@@ -37,5 +37,5 @@ AcDbHandle AcDbObjectId::handle() const {
 }
 
 AcDbDatabase* AcDbObjectId::database() const {
-    return host_db::databaseOf(host_db::serialOf(value_));
+    return host_db::homeOf(*this);
 }

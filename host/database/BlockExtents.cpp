@@ -40,8 +40,8 @@ bool addPieces(const std::vector<CurvePiece>& pieces, const AcGeMatrix3d& transf
 bool addWalk(const AcDbBlockReference& reference, const AcGeMatrix3d& transform, AcDbExtents& box) {
     bool foundAny = false;
     BlockWalk walk(BlockWalk::Cells::Corners,
-                   [&](const AcDbEntity& entity, const AcGeMatrix3d& drawnUnder) {
-                       foundAny = entity.addExtents(drawnUnder, box) || foundAny;
+                   [&](const AcDbEntity& entity, const AcGeMatrix3d& shown) {
+                       foundAny = entity.addExtents(shown, box) || foundAny;
                    });
     return walk.run(reference, transform) && foundAny;
 }

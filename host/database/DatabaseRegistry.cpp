@@ -1,17 +1,14 @@
 #include "database/DatabaseRegistry.h"
 
-#include "database/ObjectIdPacking.h"
-
 #include <algorithm>
 #include <stdexcept>
 #include <vector>
 
 namespace host_db {
-namespace {
 
 /// Only the open ones are kept, in the order of their numbers: a process may open drawings without
 /// end.
-struct Registry {
+struct DatabaseRegistry {
     std::vector<OpenDatabase> open;
     std::uint32_t lastSerial = 0;
 
@@ -21,43 +18,47 @@ struct Registry {
             open.begin(), open.end(), serial,
             [](const OpenDatabase& each, std::uint32_t wanted) { return each.serial < wanted; });
     }
+
+    void noteLatest() const {
+        LatestDatabase::latest_ = open.empty() ? OpenDatabase() : open.back();
+    }
 };
+
+OpenDatabase LatestDatabase::latest_;
+
+namespace {
 
 /// Ids are bare numbers that any caller may open without naming a database, so the process needs
 /// one table from serial numbers to databases.
-Registry& registry() {
+DatabaseRegistry& registry() {
     // Never destroyed: drawings still open at the end of the process leave it after all else.
-    static auto* const databases = new Registry;
+    static auto* const databases = new DatabaseRegistry;
     return *databases;
-}
-
-void noteLatest(const Registry& databases) {
-    latestDatabase() = databases.open.empty() ? OpenDatabase() : databases.open.back();
 }
 
 } // namespace
 
 std::uint32_t enterDatabase(AcDbDatabase* database) {
-    Registry& databases = registry();
+    DatabaseRegistry& databases = registry();
     if (databases.lastSerial >= kMaxSerial) {
         throw std::length_error("too many drawings were opened in one process");
     }
     databases.open.push_back({databases.lastSerial + 1, database});
-    noteLatest(databases);
+    databases.noteLatest();
     return ++databases.lastSerial;
 }
 
 void leaveDatabase(std::uint32_t serial) {
-    Registry& databases = registry();
+    DatabaseRegistry& databases = registry();
     const auto place = databases.placeOf(serial);
     if (place != databases.open.end() && place->serial == serial) {
         databases.open.erase(place);
-        noteLatest(databases);
+        databases.noteLatest();
     }
 }
 
 AcDbDatabase* findDatabase(std::uint32_t serial) {
-    Registry& databases = registry();
+    DatabaseRegistry& databases = registry();
     const auto place = databases.placeOf(serial);
     const bool isOpen = place != databases.open.end() && place->serial == serial;
     return isOpen ? place->database : nullptr;

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "database/AcDbObjectId.h"
+#include "database/ObjectIdPacking.h"
+
 #include <cstdint>
 
 class AcDbDatabase;
@@ -19,18 +22,28 @@ struct OpenDatabase {
 };
 
 /// Of the open databases the one that was opened last; the number 0 while none is open.
-inline OpenDatabase& latestDatabase() {
-    static OpenDatabase latest;
-    return latest;
-}
+class LatestDatabase {
+public:
+    static const OpenDatabase& get() { return latest_; }
+
+private:
+    friend struct DatabaseRegistry;
+
+    static OpenDatabase latest_;
+};
 
 AcDbDatabase* findDatabase(std::uint32_t serial);
 
 /// nullptr for 0 and for the number of a closed database. Nearly every id that is asked about
 /// belongs to the drawing that was opened last.
 inline AcDbDatabase* databaseOf(std::uint32_t serial) {
-    const OpenDatabase& latest = latestDatabase();
+    const OpenDatabase& latest = LatestDatabase::get();
     return serial == latest.serial ? latest.database : findDatabase(serial);
+}
+
+/// The database of an id, nullptr for the null id and once it is closed.
+inline AcDbDatabase* homeOf(AcDbObjectId id) {
+    return databaseOf(serialOf(id.asOldId()));
 }
 
 } // namespace host_db

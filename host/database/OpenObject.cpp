@@ -9,13 +9,6 @@
 #include "platform/HostEvents.h"
 
 namespace host_db {
-namespace {
-
-AcDbDatabase* homeOf(AcDbObjectId id) {
-    return databaseOf(serialOf(id.asOldId()));
-}
-
-} // namespace
 
 std::size_t& OpenObjects::total() {
     static std::size_t count = 0;

@@ -40,7 +40,7 @@ bool firstXdataString(const AcDbObject& object, const wchar_t* application, CStr
         hasApp = firstStringOfItems(*items, application, text);
         return hasApp;
     }
-    const AcDbDatabase* database = databaseOf(serialOf(object.objectId().asOldId()));
+    const AcDbDatabase* database = homeOf(object.objectId());
     const DrawingSource* source = database == nullptr ? nullptr : database->source();
     if (source == nullptr) {
         return false;

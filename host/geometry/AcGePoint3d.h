@@ -46,7 +46,6 @@ public:
         return {p.x * s, p.y * s, p.z * s};
     }
     friend AcGePoint3d operator*(double s, const AcGePoint3d& p) { return p * s; }
-    friend AcGePoint3d operator*(const AcGeMatrix3d& matrix, const AcGePoint3d& p);
     /// The same as isEqualTo with the process's tolerance.
     friend bool operator==(const AcGePoint3d& a, const AcGePoint3d& b) { return a.isEqualTo(b); }
     double operator[](unsigned index) const { return index == 0 ? x : (index == 1 ? y : z); }

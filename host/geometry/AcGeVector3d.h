@@ -90,7 +90,6 @@ public:
     friend AcGeVector3d operator/(const AcGeVector3d& v, double s) {
         return {v.x / s, v.y / s, v.z / s};
     }
-    friend AcGeVector3d operator*(const AcGeMatrix3d& matrix, const AcGeVector3d& v);
     friend bool operator==(const AcGeVector3d& a, const AcGeVector3d& b) { return a.isEqualTo(b); }
 
     static const AcGeVector3d kIdentity;

@@ -10,6 +10,7 @@ namespace {
 struct Watch {
     std::vector<EventListener*> listeners;
     int silences = 0;
+    bool isHeard = false; // settled beforehand, for each object that is opened or closed asks
 };
 
 Watch& watch() {
@@ -17,14 +18,8 @@ Watch& watch() {
     return watch;
 }
 
-/// Kept beside the watch, for it is asked each time an object is opened or closed.
-bool& listening() {
-    static bool now = false;
-    return now;
-}
-
 void settleListening() {
-    listening() = !watch().listeners.empty() && watch().silences == 0;
+    watch().isHeard = !watch().listeners.empty() && watch().silences == 0;
 }
 
 } // namespace
@@ -42,7 +37,7 @@ void removeListener(EventListener& listener) {
 }
 
 bool isListening() {
-    return listening();
+    return watch().isHeard;
 }
 
 void announce(const std::wstring& line) {

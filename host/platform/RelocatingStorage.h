@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/LargePages.h"
 #include "platform/PlatformException.h"
 
 #include <cstddef>
@@ -37,7 +36,6 @@ inline void* resize(void* storage, std::size_t count, std::size_t elementSize) {
     if (resized == nullptr) {
         AfxThrowMemoryException();
     }
-    platform_memory::askForLargePages(resized, count * elementSize);
     return resized;
 }
 

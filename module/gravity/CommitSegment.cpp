@@ -84,7 +84,7 @@ int GravityNetworkSearch::CommitSegment(int well) {
     return reached;
 }
 
-/// The ids stand in pool order, whatever the order of the chain.
+/// The ids stand in pool order, whatever the order of the chain, in which no pipe stands twice.
 void GravityNetworkSearch::TakeChainPipes(GravitySeg& seg) {
     Indices taken;
     for (int i = 0; i < static_cast<int>(chainPipes.GetSize()); ++i) {

@@ -197,7 +197,7 @@ private:
     WalkStep FollowNextPipe(StandingNode& node, int& reached);
 
     Trace FollowChain(const ChainBranch& first, ChainOutlook* outlook, int takeBacks);
-    void TakeChainBack(std::vector<ChainFrame>& levels);
+    void TakeChainBack();
     ChainFrame EnterPipe(const ChainBranch& branch) const;
     ChainEnd EndOfChain(const ChainFrame& level);
     bool ChainEndsAt(const AcGePoint3d& freeEnd) const;
@@ -233,7 +233,7 @@ private:
     LargeVector<PipeSite> pipeSites_; // of the pipe pool, as collected
     LargeVector<WellSite> wellSites_; // of the well pool, as collected
     std::unique_ptr<CandidateSource> candidates_;
-    std::vector<ChainFrame> levels_; // of the chain that is being traced
+    std::vector<ChainFrame> levels_; // of the chain that is being traced; kept for its room
     int measuredPipe_ = -1;          // the pipe that was measured last, and its length
     double measuredLength_ = 0.0;
 };

@@ -127,12 +127,11 @@ int GravityNetworkSearch::TraceChain(int pipe, int outThroughStart, AcGePoint3d 
 GravityNetworkSearch::Trace
 GravityNetworkSearch::FollowChain(const ChainBranch& first, ChainOutlook* outlook, int takeBacks) {
     // An explicit stack of levels: a chain may be as long as there are pipes.
-    std::vector<ChainFrame>& levels = levels_;
-    levels.clear();
-    levels.push_back(EnterPipe(first));
-    ChainEnd end = EndOfChain(levels.back());
+    levels_.clear();
+    levels_.push_back(EnterPipe(first));
+    ChainEnd end = EndOfChain(levels_.back());
     while (end != ChainEnd::kTarget) {
-        ChainFrame& level = levels.back();
+        ChainFrame& level = levels_.back();
         ChainBranch branch;
         if (end == ChainEnd::kOpen && NextBranch(level, branch)) {
             if (outlook != nullptr && !outlook->MayEnd(branch)) {
@@ -140,20 +139,20 @@ GravityNetworkSearch::FollowChain(const ChainBranch& first, ChainOutlook* outloo
             }
             level.savedLength = chainLength;
             AddChainLink(level.pipe, branch.pipe, level.seed, branch.joint);
-            levels.push_back(EnterPipe(branch));
-            end = EndOfChain(levels.back());
+            levels_.push_back(EnterPipe(branch));
+            end = EndOfChain(levels_.back());
             continue;
         }
-        if (levels.size() == 1) {
+        if (levels_.size() == 1) {
             return Trace::kNoTarget;
         }
-        TakeChainBack(levels);
+        TakeChainBack();
         end = abortFlag != 0 ? ChainEnd::kKnownNode : ChainEnd::kOpen;
         if (outlook != nullptr) {
             outlook->ChainTakenBack();
         } else if (end == ChainEnd::kOpen && takeBacks >= 0 && takeBacks-- == 0) {
-            while (levels.size() > 1) {
-                TakeChainBack(levels);
+            while (levels_.size() > 1) {
+                TakeChainBack();
             }
             return Trace::kGivenUp;
         }
@@ -162,10 +161,10 @@ GravityNetworkSearch::FollowChain(const ChainBranch& first, ChainOutlook* outloo
 }
 
 /// Leaves the last level, which led nowhere.
-void GravityNetworkSearch::TakeChainBack(std::vector<ChainFrame>& levels) {
-    const int deadEnd = levels.back().pipe;
-    levels.pop_back();
-    UndoChainLink(deadEnd, levels.back().savedLength);
+void GravityNetworkSearch::TakeChainBack() {
+    const int deadEnd = levels_.back().pipe;
+    levels_.pop_back();
+    UndoChainLink(deadEnd, levels_.back().savedLength);
 }
 
 ChainFrame GravityNetworkSearch::EnterPipe(const ChainBranch& branch) const {

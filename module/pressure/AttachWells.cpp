@@ -1,7 +1,5 @@
 // Puts meter and valve wells onto the segments that they lie on.
 
-#include <algorithm>
-
 #include "pressure/PressureNetworkSearch.h"
 #include "records/PipeBox.h"
 

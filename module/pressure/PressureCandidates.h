@@ -1,7 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <vector>
 
 #include "records/CandidateMode.h"
 #include "records/Indices.h"

@@ -2,7 +2,6 @@
 // pipes in reach become its children, a single child that continues it is merged into it, and then
 // each child is walked from in turn.
 
-#include <algorithm>
 #include <limits>
 
 #include "pressure/PressureNetworkSearch.h"

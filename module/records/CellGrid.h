@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <utility>
-#include <vector>
 
 #include "records/CellTable.h"
 #include "records/Indices.h"
@@ -13,8 +12,8 @@ namespace tkvlt {
 
 /// Items with a shape in plan, by the square cell in which the shape's corner lies.
 ///
-/// The table grows with the items, so an answer costs what lies around the place
-/// that is asked for, however the items are spread over the plane.
+/// The table grows with the items, so an answer costs what lies around the place that is asked for,
+/// however the items are spread over the plane.
 ///
 /// @tparam Shape has coordinates `CornerX` and `CornerY`, equality, and tells what it `Meets`.
 template<class Shape>

@@ -12,8 +12,8 @@ namespace tkvlt {
 /// The square cells of the plane, each with the first entry of a chain.
 ///
 /// The table is as long as its owner wants, wherever in the plane the cells lie; cells that share a
-/// place share its chain. Neighbouring cells mostly lie side by side in the
-/// table, since a search asks for one place after the other.
+/// place share its chain. Neighbouring cells mostly lie side by side in the table, since a search
+/// asks for one place after the other.
 class CellTable {
 public:
     static constexpr int kNone = -1;

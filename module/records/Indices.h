@@ -34,7 +34,7 @@ public:
         }
     }
 
-    /// Appends the indices of another list.
+    /// Appends the indices of another list than this.
     void Append(const Indices& others) {
         for (const int index : others) {
             push_back(index);

@@ -11,6 +11,11 @@ namespace {
 // Far above the rounding of a subtraction and a root, far below any distance that is drawn.
 constexpr double kRelativeRounding = 1e-13;
 
+/// `margin` and what rounding of coordinates up to `largest` may hide.
+double WithRounding(double margin, double largest) {
+    return margin + largest * kRelativeRounding;
+}
+
 } // namespace
 
 PlanBox PlanBox::Everywhere() {
@@ -20,7 +25,7 @@ PlanBox PlanBox::Everywhere() {
 
 PlanBox PlanBox::Around(const AcGePoint3d& point, double reach) {
     const double largest = std::max({std::fabs(point.x), std::fabs(point.y), std::fabs(reach)});
-    const double width = reach + largest * kRelativeRounding;
+    const double width = WithRounding(reach, largest);
     // Nought times a coordinate that is not finite is no number.
     if (!std::isfinite(0.0 * point.x + 0.0 * point.y + 0.0 * point.z + width)) {
         return Everywhere();
@@ -39,7 +44,7 @@ void PlanBox::Include(const PlanBox& other) {
 PlanBox PlanBox::Widened(double margin) const {
     const double largest = std::max(
         {std::fabs(minX), std::fabs(minY), std::fabs(maxX), std::fabs(maxY), std::fabs(margin)});
-    const double width = margin + largest * kRelativeRounding;
+    const double width = WithRounding(margin, largest);
     if (!std::isfinite(width)) {
         return Everywhere();
     }

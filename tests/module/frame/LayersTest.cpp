@@ -123,7 +123,7 @@ std::set<std::string> platformNames(const std::string& source) {
         R"rx(\b((?:Ac(?:Db|Ge|Ap|Rx|Array)|acdb|aced|acut|acDoc|acrxSys|AFX_|Afx|CDyn|CRuntime|CWnd)rx"
         R"rx(|CString|CArray|CObject|CPoint|CRect|CKDP|RUNTIME_|Init(?=AcUi)|(?:load|Load)(?=LineType))rx"
         R"rx(|(?=RT(?:STR|NORM|NONE|POINT|ENAME|PICKS|LB|LE|REAL|SHORT|ERROR)\b))rx"
-        R"rx(|(?:Open|Close)(?=UserFile)|(?:Get|Set)(?=DefaultValue|Xdata\b)|_wtoi)\w*))rx";
+        R"rx(|(?:Open|Close)(?=UserFile)|(?:Get|Set)(?=DefaultValue|Xdata\b)|_wtoi)\w*|platform_\w+::\w+))rx";
     const std::vector<std::string> found = matches(withoutComments(source), pattern);
     return {found.begin(), found.end()};
 }
@@ -143,9 +143,12 @@ std::set<std::string> platformNamesOfTheModule() {
 TEST(Layers, ThePlatformsNamesAreListed) {
     EXPECT_EQ(platformNames("AcDbLine* a; // acedRedraw\nacedSSGet(RTSTR); PelX(AcGe);"),
               (std::set<std::string>{"AcDbLine", "acedSSGet", "RTSTR", "AcGe"}));
+    EXPECT_EQ(platformNames("platform_crt::wcstod(a, b);"),
+              (std::set<std::string>{"platform_crt::wcstod"}));
     const std::string page =
         read(fs::path(TKVLT_MODULE_DIR) / "../docs/building-against-a-host.md");
-    const std::vector<std::string> listed = matches(page, "`(?:[A-Za-z]+::)?(\\w+)(?:::\\w+)?`");
+    const std::vector<std::string> listed =
+        matches(page, "`(?:[A-Za-z]+::)?(platform_\\w+::\\w+|\\w+)(?:::\\w+)?`");
     const std::set<std::string> known(listed.begin(), listed.end());
     const std::set<std::string> used = platformNamesOfTheModule();
     EXPECT_GT(used.size(), 50U);

@@ -226,12 +226,17 @@ TEST_P(PointGridBesideAScan, PointsThatComeAndGo) {
 TEST_P(PointGridBesideAScan, PointsAddedToThoseFromTheStart) {
     PlainItems<AcGePoint3d> plain;
     std::vector<AcGePoint3d> points;
-    for (int item = 0; item < 100; ++item) {
+    constexpr int fromTheStart = 1000;
+    for (int item = 0; item < fromTheStart; ++item) {
         points.push_back(somePoint());
         plain.add(item, points.back());
     }
     PointGrid grid(usualQuery, points);
-    for (int item = 100; item < 300; ++item) {
+    for (int item = 0; item < 10; ++item) {
+        grid.Remove(item, points[static_cast<std::size_t>(item)]);
+        plain.remove(0);
+    }
+    for (int item = fromTheStart; item < 3 * fromTheStart; ++item) {
         const AcGePoint3d point = somePoint();
         grid.Add(item, point);
         plain.add(item, point);

@@ -2,6 +2,9 @@
 
 #include "module/walk/WalkTest.h"
 
+#include <cmath>
+#include <tuple>
+
 namespace module_tests {
 
 /// The node at the origin has radius 1, so a pipe touches it up to 2 x 1 + 0.01 away. Pipes lead
@@ -164,6 +167,38 @@ TEST_F(TouchTest, BranchThatLeadsNowhereStaysInThePool) {
     EXPECT_GE(pipe(nowhere), 0);
     EXPECT_EQ(pipe(taken), -1);
 }
+
+class TouchOfManyPipes : public TouchTest,
+                         public testing::WithParamInterface<std::tuple<int, tkvlt::CandidateMode>> {
+};
+
+// Around a node with pipes all round the walk comes back once for each. A dead end among them is
+// tried each time and stays.
+TEST_P(TouchOfManyPipes, EachIsFollowedInItsTurn) {
+    const int pipes = std::get<0>(GetParam());
+    mode = std::get<1>(GetParam());
+    Ids expected{root};
+    AcDbObjectId nowhere;
+    for (int i = 0; i < pipes; ++i) {
+        constexpr double turn = 6.283185307179586;
+        const AcGeVector3d out(std::cos(turn * i / pipes), std::sin(turn * i / pipes), 0);
+        const AcDbObjectId drawn =
+            drawing.addPipe(AcGePoint3d::kOrigin + out, AcGePoint3d::kOrigin + out * 20.0);
+        if (i == 3) {
+            nowhere = drawn;
+        } else {
+            expected.push_back(drawing.addWell(AcGePoint3d::kOrigin + out * 20.5));
+        }
+    }
+    EXPECT_EQ(walkFrom(root), 1);
+    EXPECT_EQ(nodes(), expected);
+    EXPECT_GE(pipe(nowhere), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(FewAndMany, TouchOfManyPipes,
+                         testing::Combine(testing::Values(4, 7, 8, 9, 20),
+                                          testing::Values(tkvlt::CandidateMode::kIndexed,
+                                                          tkvlt::CandidateMode::kPlainScan)));
 
 TEST_F(TouchTest, FarWellOfAnotherSystemEndsNothing) {
     drawing.addPipe({1, 0, 0}, {20, 0, 0});
