@@ -275,11 +275,12 @@ Acad::ErrorStatus AcDbObject::createExtensionDictionary() {
     if (status != Acad::eOk) {
         return status;
     }
-    auto dictionary = std::make_unique<AcDbDictionary>();
+    // The drawing takes it over.
+    AcDbDictionary* dictionary = std::make_unique<AcDbDictionary>().release();
     AcDbObjectId id;
-    database()->addAcDbObject(id, dictionary.get(), id_);
+    database()->addAcDbObject(id, dictionary, id_);
     extra().extensionDictionary = id;
-    return dictionary.release()->close();
+    return dictionary->close();
 }
 
 host_db::ResultItems AcDbObject::readXdata() const {
