@@ -3,7 +3,6 @@
 #include "database/AcDbDatabase.h"
 #include "database/DatabaseRegistry.h"
 #include "database/DictionaryHolder.h"
-#include "database/ObjectIdPacking.h"
 #include "database/OpenObjects.h"
 #include "database/UndoJournal.h"
 #include "platform/HostEvents.h"

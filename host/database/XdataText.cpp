@@ -2,7 +2,6 @@
 
 #include "database/AcDbDatabase.h"
 #include "database/DatabaseRegistry.h"
-#include "database/ObjectIdPacking.h"
 #include "platform/WideCharacters.h"
 
 namespace host_db {
