@@ -2,6 +2,7 @@
 
 #include "HandleText.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -18,6 +19,28 @@ void appendNumber(std::string& out, double value) {
     std::array<char, 32> digits{};
     const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), value);
     out.append(digits.data(), written.ptr);
+}
+
+template<class Integer>
+void appendInteger(std::string& out, Integer value) {
+    std::array<char, 24> digits{};
+    const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), value);
+    out.append(digits.data(), written.ptr);
+}
+
+/// Whether JSON has the byte in a text as it stands. Of what is not ASCII the library judges.
+bool isPlain(char byte) {
+    return byte >= ' ' && byte < '\x7F' && byte != '"' && byte != '\\';
+}
+
+void appendText(std::string& out, const std::string& text) {
+    if (std::all_of(text.begin(), text.end(), isPlain)) {
+        out += '"';
+        out += text;
+        out += '"';
+    } else {
+        out += Json(text).dump();
+    }
 }
 
 template<class Append>
@@ -39,7 +62,8 @@ void appendJson(std::string& out, const Json& value) {
     if (value.is_object()) {
         out += '{';
         appendList(out, value, [&out](auto item) {
-            out += Json(item.key()).dump() + ':';
+            appendText(out, item.key());
+            out += ':';
             appendJson(out, item.value());
         });
         out += '}';
@@ -49,6 +73,12 @@ void appendJson(std::string& out, const Json& value) {
         out += ']';
     } else if (value.is_number_float()) {
         appendNumber(out, value.get<double>());
+    } else if (value.is_number_unsigned()) {
+        appendInteger(out, value.get<Json::number_unsigned_t>());
+    } else if (value.is_number_integer()) {
+        appendInteger(out, value.get<Json::number_integer_t>());
+    } else if (value.is_string()) {
+        appendText(out, value.get_ref<const std::string&>());
     } else {
         out += value.dump();
     }

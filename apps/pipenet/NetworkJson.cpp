@@ -8,51 +8,83 @@ namespace pipenet {
 
 namespace {
 
-/// Record by record, so that a large network never stands in memory as one JSON value.
+/// A text on its way to a sink, in pieces of about this many bytes.
+class TextPieces {
+public:
+    explicit TextPieces(const TextSink& sink) : sink_(sink) {}
+
+    std::string& text() { return text_; }
+    /// Hands over what has been gathered, if that is a piece.
+    void endRecord() {
+        constexpr std::size_t piece = std::size_t{64} << 10;
+        if (text_.size() >= piece) {
+            end();
+        }
+    }
+    void end() {
+        sink_(text_);
+        text_.clear();
+    }
+
+private:
+    const TextSink& sink_;
+    std::string text_;
+};
+
 template<class Records, class Write>
-void appendRecords(std::string& out, Records& records, const Write& write) {
-    out += '[';
+void writeRecords(TextPieces& pieces, Records& records, const Write& write) {
+    pieces.text() += '[';
     for (INT_PTR i = 0; i < records.GetSize(); ++i) {
         if (i > 0) {
-            out += ',';
+            pieces.text() += ',';
         }
-        appendJson(out, write(records[i]));
+        appendJson(pieces.text(), write(records[i]));
+        pieces.endRecord();
     }
-    out += ']';
+    pieces.text() += ']';
 }
 
-std::string gravityJson(int result, const GravitySearchObject& network) {
-    std::string out = fmt::format(R"({{"result":{},"kind":"gravity","rootWell":{},"pathSegs":)",
-                                  result, network.rootWell);
+void writeGravity(TextPieces& pieces, int result, const GravitySearchObject& network) {
+    std::string& out = pieces.text();
+    out += fmt::format(R"({{"result":{},"kind":"gravity","rootWell":{},"pathSegs":)", result,
+                       network.rootWell);
     appendJson(out, indicesJson(network.pathSegs));
     out += ",\"pathWells\":";
     appendJson(out, indicesJson(network.pathWells));
     out += ",\"wells\":";
-    appendRecords(out, network.wells, wellJson);
+    writeRecords(pieces, network.wells, wellJson);
     out += ",\"segs\":";
-    appendRecords(out, network.segs, gravitySegJson);
-    return out + "}\n";
+    writeRecords(pieces, network.segs, gravitySegJson);
+    out += "}\n";
 }
 
-std::string pressureJson(int result, PressureSearchObject& network) {
-    std::string out = fmt::format(R"({{"result":{},"kind":"pressure","rootSeg":{},"segs":)", result,
-                                  network.rootSeg);
-    appendRecords(out, network.segs, pressureSegJson);
-    return out + "}\n";
+void writePressure(TextPieces& pieces, int result, PressureSearchObject& network) {
+    std::string& out = pieces.text();
+    out += fmt::format(R"({{"result":{},"kind":"pressure","rootSeg":{},"segs":)", result,
+                       network.rootSeg);
+    writeRecords(pieces, network.segs, pressureSegJson);
+    out += "}\n";
+}
+
+void writeOutcome(TextPieces& pieces, const SearchOutcome& outcome) {
+    if (const GravitySearchObject* network = gravityNetwork(outcome)) {
+        writeGravity(pieces, outcome.result, *network);
+    } else if (PressureSearchObject* pressure = pressureNetwork(outcome)) {
+        writePressure(pieces, outcome.result, *pressure);
+    } else {
+        appendJson(pieces.text(), {{"result", outcome.result}, {"kind", nullptr}});
+        pieces.text() += '\n';
+    }
 }
 
 } // namespace
 
-std::string networkJson(const SearchOutcome& outcome) {
-    if (const GravitySearchObject* network = gravityNetwork(outcome)) {
-        return gravityJson(outcome.result, *network);
-    }
-    if (PressureSearchObject* network = pressureNetwork(outcome)) {
-        return pressureJson(outcome.result, *network);
-    }
-    std::string out;
-    appendJson(out, {{"result", outcome.result}, {"kind", nullptr}});
-    return out + '\n';
+AnswerText networkJson(std::shared_ptr<const SearchOutcome> outcome) {
+    return AnswerText([outcome = std::move(outcome)](const TextSink& sink) {
+        TextPieces pieces(sink);
+        writeOutcome(pieces, *outcome);
+        pieces.end();
+    });
 }
 
 } // namespace pipenet

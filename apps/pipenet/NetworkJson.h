@@ -1,12 +1,14 @@
 #pragma once
 
+#include "AnswerText.h"
 #include "NetworkSearch.h"
 
-#include <string>
+#include <memory>
 
 namespace pipenet {
 
-/// The outcome of a search as one line of JSON.
-std::string networkJson(const SearchOutcome& outcome);
+/// The outcome of a search as one line of JSON, which is made as it is written: the drawing that
+/// was searched must still be open then.
+AnswerText networkJson(std::shared_ptr<const SearchOutcome> outcome);
 
 } // namespace pipenet

@@ -26,7 +26,8 @@ Answer runPath(const Drawing& drawing, const Options& options) {
     const SearchRequest request = searchRequest(drawing, options);
     const AcDbObjectId target = drawing.entity(options.target);
     const Stopwatch watch;
-    SearchOutcome outcome;
+    const auto found = std::make_shared<SearchOutcome>();
+    SearchOutcome& outcome = *found;
     {
         const Progress progress("searching " + drawing.name());
         outcome = searchNetwork(request);
@@ -41,9 +42,11 @@ Answer runPath(const Drawing& drawing, const Options& options) {
     }
     const GravitySearchObject* network = gravityNetwork(outcome);
     answer.isJson = options.format == Format::json;
-    answer.text = answer.isJson        ? networkJson(outcome)
-                  : network != nullptr ? networkTable(*network)
-                                       : "No path (result 0)\n";
+    if (answer.isJson) {
+        answer.text = networkJson(found);
+    } else {
+        answer.text = network != nullptr ? networkTable(*network) : "No path (result 0)\n";
+    }
     if (network != nullptr && !options.svg.empty()) {
         const Progress progress("drawing " + options.svg);
         drawScene(makeScene(drawing, *network), drawing.name(), options.svg);

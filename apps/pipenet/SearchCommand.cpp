@@ -37,7 +37,8 @@ void drawOutcome(const Drawing& drawing, const SearchOutcome& outcome, const std
 
 Answer runSearch(const Drawing& drawing, const Options& options) {
     Answer answer;
-    SearchOutcome outcome;
+    const auto found = std::make_shared<SearchOutcome>();
+    SearchOutcome& outcome = *found;
     const Stopwatch watch;
     {
         const Progress progress("searching " + drawing.name());
@@ -49,7 +50,7 @@ Answer runSearch(const Drawing& drawing, const Options& options) {
         answer.refusal = refusalOf(drawing, request, outcome);
     }
     answer.isJson = options.format == Format::json;
-    answer.text = answer.isJson ? networkJson(outcome) : outcomeTable(outcome);
+    answer.text = answer.isJson ? networkJson(found) : AnswerText(outcomeTable(outcome));
     if (!options.svg.empty()) {
         drawOutcome(drawing, outcome, options.svg);
     }

@@ -55,21 +55,29 @@ std::unique_ptr<Drawing> openDrawing(const std::string& path) {
     return std::make_unique<Drawing>(path);
 }
 
-void print(const Answer& answer, bool timing) {
-    const std::string& text = timing ? withTiming(answer) : answer.text;
-    if (!answer.file.empty()) {
-        writeOutput(answer.file, text);
-        return;
-    }
-    const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
-    if (!written || std::fflush(stdout) != 0) {
+void printPiece(std::string_view piece) {
+    if (std::fwrite(piece.data(), 1, piece.size(), stdout) != piece.size()) {
         throw Failure(messages::kOutput);
     }
 }
 
-Answer runOnDrawing(const Options& options) {
+void print(const Answer& answer, bool timing) {
+    if (!answer.file.empty()) {
+        std::string text;
+        writeAnswer(answer, timing, [&text](std::string_view piece) { text += piece; });
+        writeOutput(answer.file, text);
+        return;
+    }
+    writeAnswer(answer, timing, printPiece);
+    if (std::fflush(stdout) != 0) {
+        throw Failure(messages::kOutput);
+    }
+}
+
+/// @param drawing is opened here and outlives the answer, which may read of it while it is written.
+Answer runOnDrawing(const Options& options, std::unique_ptr<Drawing>& drawing) {
     const Stopwatch watch;
-    const std::unique_ptr<Drawing> drawing = openDrawing(options.drawing);
+    drawing = openDrawing(options.drawing);
     const double loadMs = watch.milliseconds();
     Answer answer = runCommand(*drawing, options);
     answer.timing.loadMs = loadMs;
@@ -82,8 +90,9 @@ int run(const Options& options) {
     checkSettings();
     checkPicture(options);
     const SearchModule module;
-    const Answer answer =
-        options.command == Command::importModel ? runImport(options) : runOnDrawing(options);
+    std::unique_ptr<Drawing> drawing;
+    const Answer answer = options.command == Command::importModel ? runImport(options)
+                                                                  : runOnDrawing(options, drawing);
     print(answer, options.timing);
     if (answer.refusal.empty()) {
         return kDone;
