@@ -36,6 +36,9 @@ TWIN_LARGEST = 100_000
 MEMORY_SMALLEST = 100_000
 GROWTH_SMALLEST = 10_000
 LARGE = 1_000_000
+PLAIN_TOWNS = [("sewers", "gravity_search", "gravity search", 1000),  # minutes each beyond that
+               ("districts", "gravity_search", "search of one of five networks", math.inf),
+               ("water", "pressure_search", "pressure search", math.inf)]
 GRIDS = [("shallow", "40 rising and 40 falling lines, no well"),
          ("shallow-well", "the same with a well in a corner"),
          ("arcs", "40 by 40 places joined by arcs, no well"),
@@ -139,12 +142,13 @@ class Comparison:
         self.figures["twin"][size] = figures
 
     def measure_plain(self, size):
-        """The plain scan of ten thousand wells takes minutes: once is enough there."""
+        """The plain scan of ten thousand wells takes a minute: once is enough there."""
         repetitions = 1 if size >= INDEX_SIZE else self.options.repetitions
-        for kind, search in (("sewers", "gravity_search"), ("water", "pressure_search")):
-            self.programs.lay(kind, size)
-            self.plain[kind, size] = self.programs.measure(
-                f"{kind}-{size}", (search, search + "_plain"), repetitions)
+        for kind, search, _, largest in PLAIN_TOWNS:
+            if size <= largest:
+                self.programs.lay(kind, size)
+                self.plain[kind, size] = self.programs.measure(
+                    f"{kind}-{size}", (search, search + "_plain"), repetitions)
 
     def measure_plain_drawings(self):
         """The published models and grids so small that the plain scan comes to an end."""
@@ -228,20 +232,23 @@ class Report:
                  *("", "") if limit is None
                  else (f"at most {limit:g}", self.verdict(what, ratio <= limit)))
 
-    def index_row(self, search, where, figures, *rest):
+    def index_row(self, what, where, search, figures, *rest):
         """The gain of the index, how many times the search is faster by it."""
         indexed, plain = figures[search], figures[search + "_plain"]
-        self.row(index_name(search), where, times(indexed), times(plain),
+        self.row(index_name(what), where, times(indexed), times(plain),
                  f"1 / {number(gain(search, figures))}", *rest)
 
     def index_pairs(self):
-        for (kind, size), figures in self.comparison.plain.items():
-            search = "gravity_search" if kind == "sewers" else "pressure_search"
-            bound = size == INDEX_SIZE
-            holds = gain(search, figures) >= LIMITS["index"]
-            self.index_row(search, f"{size:,}", figures,
-                           f"at most 1 / {LIMITS['index']:g}" if bound else "",
-                           self.verdict(index_name(search), holds) if bound else "")
+        for kind, search, what, _ in PLAIN_TOWNS:
+            for size in self.comparison.options.plain_sizes:
+                if (kind, size) not in self.comparison.plain:
+                    continue
+                figures = self.comparison.plain[kind, size]
+                bound = size == INDEX_SIZE
+                holds = gain(search, figures) >= LIMITS["index"]
+                self.index_row(what, f"{size:,}", search, figures,
+                               f"at most 1 / {LIMITS['index']:g}" if bound else "",
+                               self.verdict(index_name(what), holds) if bound else "")
 
     def size_pairs(self):
         figures = self.comparison.figures
@@ -289,7 +296,7 @@ class Report:
         self.table("What", "Drawing", "Measured, ms user (wall)", "Beside it, ms user (wall)",
                    "Ratio")
         for (search, what), figures in self.comparison.plain_drawings.items():
-            self.index_row(search, what, figures)
+            self.index_row(search.replace("_", " "), what, search, figures)
 
     def growth(self):
         sizes = self.comparison.options.sizes
@@ -341,8 +348,8 @@ def processor():
     return found.group(1) if found else platform.machine()
 
 
-def index_name(search):
-    return f"{search.replace('_', ' ')}: index, beside the plain scan"
+def index_name(what):
+    return f"{what}: index, beside the plain scan"
 
 
 def gain(search, figures):
