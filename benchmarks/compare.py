@@ -36,7 +36,7 @@ TWIN_LARGEST = 100_000
 MEMORY_SMALLEST = 100_000
 GROWTH_SMALLEST = 10_000
 LARGE = 1_000_000
-PLAIN_TOWNS = [("sewers", "gravity_search", "gravity search", 1000),  # minutes each beyond that
+PLAIN_TOWNS = [("sewers", "gravity_search", "gravity search", 1000),  # ten times as many take 17 minutes
                ("districts", "gravity_search", "search of one of five networks", math.inf),
                ("water", "pressure_search", "pressure search", math.inf)]
 GRIDS = [("shallow", "40 rising and 40 falling lines, no well"),

@@ -4,82 +4,101 @@
 
 namespace pipenet {
 
-Json wellJson(const Well& well) {
-    return {{"entity", idJson(well.nodeEntity)},
-            {"merged", idsJson(well.mergedEntities)},
-            {"isWell", well.isWell},
-            {"number", textJson(well.number)},
-            {"systemName", textJson(well.systemName)},
-            {"point", pointJson(well.nodePoint)},
-            {"radius", well.nodeRadius},
-            {"inSeg", well.inSeg},
-            {"outSegs", indicesJson(well.outSegs)}};
-}
-
-Json gravitySegJson(const GravitySeg& seg) {
-    return {{"pipes", idsJson(seg.pipeIds)},
-            {"startWell", seg.startWell},
-            {"endWell", seg.endWell},
-            {"startEntity", idJson(seg.startEntity)},
-            {"endEntity", idJson(seg.endEntity)},
-            {"startPoint", pointJson(seg.startPoint)},
-            {"endPoint", pointJson(seg.endPoint)},
-            {"startElevation", seg.startElevation},
-            {"endElevation", seg.endElevation},
-            {"slope", seg.slope},
-            {"diameter", seg.diameter},
-            {"flowText", textJson(seg.flowText)},
-            {"material", textJson(seg.material)},
-            {"systemName", textJson(seg.systemName)},
-            {"flowReversed", seg.flowReversed},
-            {"length", seg.length},
-            {"annotatePoint", pointJson(seg.annotatePoint)},
-            {"annotateVector", vectorJson(seg.annotateVector)}};
-}
-
 namespace {
 
-Json fittingsJson(const AcDbObjectIdArray& ids, const CArray<AcGePoint3d, AcGePoint3d>& points) {
-    Json fittings = Json::array();
+using Points = CArray<AcGePoint3d, AcGePoint3d>;
+
+void appendFittings(std::string& out, const AcDbObjectIdArray& ids, const Points& points) {
+    out += '[';
     for (int i = 0; i < ids.length(); ++i) {
-        fittings.push_back({{"entity", idJson(ids[i])}, {"point", pointJson(points[i])}});
+        if (i > 0) {
+            out += ',';
+        }
+        JsonObject(out).add("entity", ids[i]).add("point", points[i]).close();
     }
-    return fittings;
+    out += ']';
 }
 
 } // namespace
 
-Json pressureSegJson(PressureSeg& seg) {
-    return {{"pipes", idsJson(seg.pipeIds)},
-            {"orientationFlags", indicesJson(seg.orientationFlags)},
-            {"startPoint", pointJson(seg.startPoint)},
-            {"endPoint", pointJson(seg.endPoint)},
-            {"beginPoint", pointJson(seg.GetBeginPoint())},
-            {"searchPoint", pointJson(seg.GetSearchPoint())},
-            {"parent", seg.parent},
-            {"children", indicesJson(seg.children)},
-            {"reversed", seg.reversed},
-            {"valves", fittingsJson(seg.valveIds, seg.valvePoints)},
-            {"meters", fittingsJson(seg.meterIds, seg.meterPoints)},
-            {"startElevation", seg.startElevation},
-            {"endElevation", seg.endElevation},
-            {"slope", seg.slope},
-            {"diameter", seg.diameter},
-            {"flowText", textJson(seg.flowText)},
-            {"material", textJson(seg.material)},
-            {"systemName", textJson(seg.systemName)},
-            {"isArc", seg.isArc},
-            {"length", seg.GetLength()},
-            {"annotatePoint", pointJson(seg.GetAnnoatePoint())},
-            {"annotateVector", vectorJson(seg.GetAnnnotateVector())}};
+void appendWell(std::string& out, const Well& well) {
+    JsonObject(out)
+        .add("entity", well.nodeEntity)
+        .add("merged", well.mergedEntities)
+        .add("isWell", well.isWell)
+        .add("number", well.number)
+        .add("systemName", well.systemName)
+        .add("point", well.nodePoint)
+        .add("radius", well.nodeRadius)
+        .add("inSeg", well.inSeg)
+        .add("outSegs", well.outSegs)
+        .close();
 }
 
-Json segJson(Seg& seg) {
-    const bool isGravity = seg.kind == kGravityFlow;
-    const bool isPressure = seg.kind == kPressureFlow;
-    return {{"kind", seg.kind},
-            {"gravity", isGravity ? gravitySegJson(seg.gravity) : Json(nullptr)},
-            {"pressure", isPressure ? pressureSegJson(seg.pressure) : Json(nullptr)}};
+void appendGravitySeg(std::string& out, const GravitySeg& seg) {
+    JsonObject(out)
+        .add("pipes", seg.pipeIds)
+        .add("startWell", seg.startWell)
+        .add("endWell", seg.endWell)
+        .add("startEntity", seg.startEntity)
+        .add("endEntity", seg.endEntity)
+        .add("startPoint", seg.startPoint)
+        .add("endPoint", seg.endPoint)
+        .add("startElevation", seg.startElevation)
+        .add("endElevation", seg.endElevation)
+        .add("slope", seg.slope)
+        .add("diameter", seg.diameter)
+        .add("flowText", seg.flowText)
+        .add("material", seg.material)
+        .add("systemName", seg.systemName)
+        .add("flowReversed", seg.flowReversed)
+        .add("length", seg.length)
+        .add("annotatePoint", seg.annotatePoint)
+        .add("annotateVector", seg.annotateVector)
+        .close();
+}
+
+void appendPressureSeg(std::string& out, PressureSeg& seg) {
+    JsonObject object(out);
+    object.add("pipes", seg.pipeIds)
+        .add("orientationFlags", seg.orientationFlags)
+        .add("startPoint", seg.startPoint)
+        .add("endPoint", seg.endPoint)
+        .add("beginPoint", seg.GetBeginPoint())
+        .add("searchPoint", seg.GetSearchPoint())
+        .add("parent", seg.parent)
+        .add("children", seg.children)
+        .add("reversed", seg.reversed);
+    appendFittings(object.begin("valves"), seg.valveIds, seg.valvePoints);
+    appendFittings(object.begin("meters"), seg.meterIds, seg.meterPoints);
+    object.add("startElevation", seg.startElevation)
+        .add("endElevation", seg.endElevation)
+        .add("slope", seg.slope)
+        .add("diameter", seg.diameter)
+        .add("flowText", seg.flowText)
+        .add("material", seg.material)
+        .add("systemName", seg.systemName)
+        .add("isArc", seg.isArc)
+        .add("length", seg.GetLength())
+        .add("annotatePoint", seg.GetAnnoatePoint())
+        .add("annotateVector", seg.GetAnnnotateVector())
+        .close();
+}
+
+void addSeg(JsonObject& object, Seg& seg) {
+    object.add("kind", seg.kind);
+    std::string& gravity = object.begin("gravity");
+    if (seg.kind == kGravityFlow) {
+        appendGravitySeg(gravity, seg.gravity);
+    } else {
+        gravity += "null";
+    }
+    std::string& pressure = object.begin("pressure");
+    if (seg.kind == kPressureFlow) {
+        appendPressureSeg(pressure, seg.pressure);
+    } else {
+        pressure += "null";
+    }
 }
 
 } // namespace pipenet

@@ -1,17 +1,17 @@
 #pragma once
 
-#include "JsonText.h"
+#include "JsonObject.h"
 #include "TKVltSearchModule18.h"
 
 namespace pipenet {
 
-/// The records of a result as JSON, fields in a fixed order. Flags are numbers.
-Json wellJson(const Well& well);
-Json gravitySegJson(const GravitySeg& seg);
+/// Append a record of a result as JSON, fields in a fixed order. Flags are numbers.
+void appendWell(std::string& out, const Well& well);
+void appendGravitySeg(std::string& out, const GravitySeg& seg);
 /// Not const: the segment's own operations, which give length and label, are not.
-Json pressureSegJson(PressureSeg& seg);
+void appendPressureSeg(std::string& out, PressureSeg& seg);
 
-/// `kind`, and the record of that kind beside null for the other.
-Json segJson(Seg& seg);
+/// Adds `kind`, and the record of that kind beside null for the other.
+void addSeg(JsonObject& object, Seg& seg);
 
 } // namespace pipenet

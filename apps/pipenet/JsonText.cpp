@@ -6,27 +6,12 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <fmt/format.h>
+#include <iterator>
 
 namespace pipenet {
 
 namespace {
-
-void appendNumber(std::string& out, double value) {
-    if (!std::isfinite(value)) {
-        out += "null";
-        return;
-    }
-    std::array<char, 32> digits{};
-    const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), value);
-    out.append(digits.data(), written.ptr);
-}
-
-template<class Integer>
-void appendInteger(std::string& out, Integer value) {
-    std::array<char, 24> digits{};
-    const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), value);
-    out.append(digits.data(), written.ptr);
-}
 
 /// Whether JSON has the byte in a text as it stands. Of what is not ASCII the library judges.
 bool isPlain(char byte) {
@@ -43,16 +28,27 @@ void appendText(std::string& out, const std::string& text) {
     }
 }
 
-template<class Append>
-void appendList(std::string& out, const Json& list, const Append& append) {
-    bool first = true;
-    for (auto item = list.begin(); item != list.end(); ++item) {
-        if (!first) {
+/// Appends values that `appendItem` appends one by one, by their number.
+template<class AppendItem>
+void appendItems(std::string& out, INT_PTR count, const AppendItem& appendItem) {
+    out += '[';
+    for (INT_PTR i = 0; i < count; ++i) {
+        if (i > 0) {
             out += ',';
         }
-        first = false;
-        append(item);
+        appendItem(i);
     }
+    out += ']';
+}
+
+void appendCoordinates(std::string& out, double x, double y, double z) {
+    out += '[';
+    appendValue(out, x);
+    out += ',';
+    appendValue(out, y);
+    out += ',';
+    appendValue(out, z);
+    out += ']';
 }
 
 } // namespace
@@ -61,22 +57,20 @@ void appendList(std::string& out, const Json& list, const Append& append) {
 void appendJson(std::string& out, const Json& value) {
     if (value.is_object()) {
         out += '{';
-        appendList(out, value, [&out](auto item) {
+        for (auto item = value.begin(); item != value.end(); ++item) {
+            if (item != value.begin()) {
+                out += ',';
+            }
             appendText(out, item.key());
             out += ':';
             appendJson(out, item.value());
-        });
+        }
         out += '}';
     } else if (value.is_array()) {
-        out += '[';
-        appendList(out, value, [&out](auto item) { appendJson(out, item.value()); });
-        out += ']';
+        appendItems(out, static_cast<INT_PTR>(value.size()),
+                    [&](INT_PTR i) { appendJson(out, value[static_cast<std::size_t>(i)]); });
     } else if (value.is_number_float()) {
-        appendNumber(out, value.get<double>());
-    } else if (value.is_number_unsigned()) {
-        appendInteger(out, value.get<Json::number_unsigned_t>());
-    } else if (value.is_number_integer()) {
-        appendInteger(out, value.get<Json::number_integer_t>());
+        appendValue(out, value.get<double>());
     } else if (value.is_string()) {
         appendText(out, value.get_ref<const std::string&>());
     } else {
@@ -84,12 +78,50 @@ void appendJson(std::string& out, const Json& value) {
     }
 }
 
-Json pointJson(const AcGePoint3d& point) {
-    return Json::array({point.x, point.y, point.z});
+void appendValue(std::string& out, double value) {
+    if (!std::isfinite(value)) {
+        out += "null";
+        return;
+    }
+    std::array<char, 32> digits{};
+    const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), value);
+    out.append(digits.data(), written.ptr);
 }
 
-Json vectorJson(const AcGeVector3d& vector) {
-    return Json::array({vector.x, vector.y, vector.z});
+void appendValue(std::string& out, int value) {
+    fmt::format_to(std::back_inserter(out), "{}", value);
+}
+
+void appendValue(std::string& out, const CString& text) {
+    appendText(out, utf8(text));
+}
+
+void appendValue(std::string& out, const AcGePoint3d& point) {
+    appendCoordinates(out, point.x, point.y, point.z);
+}
+
+void appendValue(std::string& out, const AcGeVector3d& vector) {
+    appendCoordinates(out, vector.x, vector.y, vector.z);
+}
+
+void appendValue(std::string& out, const AcDbObjectId& id) {
+    if (id.isNull()) {
+        out += "null";
+    } else {
+        appendText(out, handleText(id));
+    }
+}
+
+void appendValue(std::string& out, const AcArray<AcDbObjectId>& ids) {
+    appendItems(out, ids.length(), [&](INT_PTR i) { appendValue(out, ids[static_cast<int>(i)]); });
+}
+
+void appendValue(std::string& out, const CArray<int, int>& indices) {
+    appendItems(out, indices.GetSize(), [&](INT_PTR i) { appendValue(out, indices[i]); });
+}
+
+Json pointJson(const AcGePoint3d& point) {
+    return Json::array({point.x, point.y, point.z});
 }
 
 Json idJson(const AcDbObjectId& id) {
@@ -98,22 +130,6 @@ Json idJson(const AcDbObjectId& id) {
 
 Json textJson(const CString& text) {
     return utf8(text);
-}
-
-Json idsJson(const AcArray<AcDbObjectId>& ids) {
-    Json list = Json::array();
-    for (int i = 0; i < ids.length(); ++i) {
-        list.push_back(idJson(ids[i]));
-    }
-    return list;
-}
-
-Json indicesJson(const CArray<int, int>& indices) {
-    Json list = Json::array();
-    for (INT_PTR i = 0; i < indices.GetSize(); ++i) {
-        list.push_back(indices[i]);
-    }
-    return list;
 }
 
 } // namespace pipenet

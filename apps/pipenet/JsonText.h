@@ -13,13 +13,20 @@ using Json = nlohmann::ordered_json;
 /// number, what is not finite as null, texts as UTF-8.
 void appendJson(std::string& out, const Json& value);
 
-/// `[x,y,z]`.
+/// Append one value in the same form. Points are `[x,y,z]`, an entity is its handle or null for the
+/// null id.
+void appendValue(std::string& out, double value);
+void appendValue(std::string& out, int value);
+void appendValue(std::string& out, const CString& text);
+void appendValue(std::string& out, const AcGePoint3d& point);
+void appendValue(std::string& out, const AcGeVector3d& vector);
+void appendValue(std::string& out, const AcDbObjectId& id);
+void appendValue(std::string& out, const AcArray<AcDbObjectId>& ids);
+void appendValue(std::string& out, const CArray<int, int>& indices);
+
+/// The same as values.
 Json pointJson(const AcGePoint3d& point);
-Json vectorJson(const AcGeVector3d& vector);
-/// The entity's handle, null for the null id.
 Json idJson(const AcDbObjectId& id);
 Json textJson(const CString& text);
-Json idsJson(const AcArray<AcDbObjectId>& ids);
-Json indicesJson(const CArray<int, int>& indices);
 
 } // namespace pipenet

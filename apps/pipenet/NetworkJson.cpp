@@ -31,14 +31,14 @@ private:
     std::string text_;
 };
 
-template<class Records, class Write>
-void writeRecords(TextPieces& pieces, Records& records, const Write& write) {
+template<class Records, class Append>
+void writeRecords(TextPieces& pieces, Records& records, const Append& append) {
     pieces.text() += '[';
     for (INT_PTR i = 0; i < records.GetSize(); ++i) {
         if (i > 0) {
             pieces.text() += ',';
         }
-        appendJson(pieces.text(), write(records[i]));
+        append(pieces.text(), records[i]);
         pieces.endRecord();
     }
     pieces.text() += ']';
@@ -48,13 +48,13 @@ void writeGravity(TextPieces& pieces, int result, const GravitySearchObject& net
     std::string& out = pieces.text();
     out += fmt::format(R"({{"result":{},"kind":"gravity","rootWell":{},"pathSegs":)", result,
                        network.rootWell);
-    appendJson(out, indicesJson(network.pathSegs));
+    appendValue(out, network.pathSegs);
     out += ",\"pathWells\":";
-    appendJson(out, indicesJson(network.pathWells));
+    appendValue(out, network.pathWells);
     out += ",\"wells\":";
-    writeRecords(pieces, network.wells, wellJson);
+    writeRecords(pieces, network.wells, appendWell);
     out += ",\"segs\":";
-    writeRecords(pieces, network.segs, gravitySegJson);
+    writeRecords(pieces, network.segs, appendGravitySeg);
     out += "}\n";
 }
 
@@ -62,7 +62,7 @@ void writePressure(TextPieces& pieces, int result, PressureSearchObject& network
     std::string& out = pieces.text();
     out += fmt::format(R"({{"result":{},"kind":"pressure","rootSeg":{},"segs":)", result,
                        network.rootSeg);
-    writeRecords(pieces, network.segs, pressureSegJson);
+    writeRecords(pieces, network.segs, appendPressureSeg);
     out += "}\n";
 }
 

@@ -12,10 +12,11 @@ namespace pipenet {
 namespace {
 
 std::string segmentJson(Seg& seg, int result) {
-    Json json{{"result", result}};
-    json.update(segJson(seg));
     std::string out;
-    appendJson(out, json);
+    JsonObject object(out);
+    object.add("result", result);
+    addSeg(object, seg);
+    object.close();
     return out + '\n';
 }
 

@@ -19,7 +19,9 @@ std::string segmentsJson(Segs& segs, int result) {
     std::string out = fmt::format(R"({{"result":{},"segs":[)", result);
     for (INT_PTR i = 0; i < segs.GetSize(); ++i) {
         out += i == 0 ? "" : ",";
-        appendJson(out, segJson(segs[i]));
+        JsonObject object(out);
+        addSeg(object, segs[i]);
+        object.close();
     }
     return out + "]}\n";
 }
