@@ -10,7 +10,7 @@ namespace pipenet {
 /// What a command found, as text for standard output.
 struct Answer {
     AnswerText text;     ///< the whole answer with its line end, without the timing
-    bool isJson = false; ///< the text is one JSON object
+    bool isJson = false; ///< the text is one JSON object on a line
     std::string refusal; ///< a sentence for standard error; empty when the module said yes
     std::string file;    ///< where the text goes instead of standard output, empty for nowhere else
     Timing timing;

@@ -9,14 +9,9 @@ namespace {
 using Points = CArray<AcGePoint3d, AcGePoint3d>;
 
 void appendFittings(std::string& out, const AcDbObjectIdArray& ids, const Points& points) {
-    out += '[';
-    for (int i = 0; i < ids.length(); ++i) {
-        if (i > 0) {
-            out += ',';
-        }
-        JsonObject(out).add("entity", ids[i]).add("point", points[i]).close();
-    }
-    out += ']';
+    appendItems(out, ids.length(), [&](INT_PTR i) {
+        JsonObject(out).add("entity", ids[static_cast<int>(i)]).add("point", points[i]).close();
+    });
 }
 
 } // namespace

@@ -13,7 +13,7 @@ namespace pipenet {
 
 namespace {
 
-/// Whether JSON has the byte in a text as it stands. Of what is not ASCII the library judges.
+/// Whether JSON has the byte in a text as it stands. Of texts with others the library judges.
 bool isPlain(char byte) {
     return byte >= ' ' && byte < '\x7F' && byte != '"' && byte != '\\';
 }
@@ -26,19 +26,6 @@ void appendText(std::string& out, const std::string& text) {
     } else {
         out += Json(text).dump();
     }
-}
-
-/// Appends values that `appendItem` appends one by one, by their number.
-template<class AppendItem>
-void appendItems(std::string& out, INT_PTR count, const AppendItem& appendItem) {
-    out += '[';
-    for (INT_PTR i = 0; i < count; ++i) {
-        if (i > 0) {
-            out += ',';
-        }
-        appendItem(i);
-    }
-    out += ']';
 }
 
 void appendCoordinates(std::string& out, double x, double y, double z) {

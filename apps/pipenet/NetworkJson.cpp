@@ -8,16 +8,16 @@ namespace pipenet {
 
 namespace {
 
-/// A text on its way to a sink, in pieces of about this many bytes.
+/// A text on its way to a sink, in pieces.
 class TextPieces {
 public:
     explicit TextPieces(const TextSink& sink) : sink_(sink) {}
 
     std::string& text() { return text_; }
-    /// Hands over what has been gathered, if that is a piece.
-    void endRecord() {
-        constexpr std::size_t piece = std::size_t{64} << 10;
-        if (text_.size() >= piece) {
+    /// To be called where the text may be parted: hands over what has been gathered, once that is
+    /// enough.
+    void part() {
+        if (text_.size() >= kPiece) {
             end();
         }
     }
@@ -27,21 +27,18 @@ public:
     }
 
 private:
+    static constexpr std::size_t kPiece = std::size_t{64} << 10;
+
     const TextSink& sink_;
     std::string text_;
 };
 
 template<class Records, class Append>
 void writeRecords(TextPieces& pieces, Records& records, const Append& append) {
-    pieces.text() += '[';
-    for (INT_PTR i = 0; i < records.GetSize(); ++i) {
-        if (i > 0) {
-            pieces.text() += ',';
-        }
+    appendItems(pieces.text(), records.GetSize(), [&](INT_PTR i) {
         append(pieces.text(), records[i]);
-        pieces.endRecord();
-    }
-    pieces.text() += ']';
+        pieces.part();
+    });
 }
 
 void writeGravity(TextPieces& pieces, int result, const GravitySearchObject& network) {

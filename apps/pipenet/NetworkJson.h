@@ -8,7 +8,8 @@
 namespace pipenet {
 
 /// The outcome of a search as one line of JSON, which is made as it is written: the drawing that
-/// was searched must still be open then.
+/// was searched must still be open then. When that fails on the way, the part that was written
+/// before stays written.
 AnswerText networkJson(std::shared_ptr<const SearchOutcome> outcome);
 
 } // namespace pipenet

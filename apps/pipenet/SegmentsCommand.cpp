@@ -16,14 +16,16 @@ namespace {
 using Segs = CArray<Seg, Seg&>;
 
 std::string segmentsJson(Segs& segs, int result) {
-    std::string out = fmt::format(R"({{"result":{},"segs":[)", result);
-    for (INT_PTR i = 0; i < segs.GetSize(); ++i) {
-        out += i == 0 ? "" : ",";
+    std::string out;
+    JsonObject answer(out);
+    answer.add("result", result);
+    appendItems(answer.begin("segs"), segs.GetSize(), [&](INT_PTR i) {
         JsonObject object(out);
         addSeg(object, segs[i]);
         object.close();
-    }
-    return out + "]}\n";
+    });
+    answer.close();
+    return out + '\n';
 }
 
 std::string endText(const AcDbObjectId& entity) {
