@@ -99,13 +99,13 @@ public:
 private:
     AcDbObjectId drawBlock(const AcDbObjectId& block, const PlanPoint& at, double length,
                            double width, const CString& layer);
-    void drawNode(const ModelNode& node, const NodeShape& shape);
-    void drawTank(const ModelNode& node, const NodeShape& shape);
-    void drawWell(const ModelNode& node, const NodeShape& shape);
+    void drawNode(const ModelNode& node, const DrawnNode& shape);
+    void drawTank(const ModelNode& node, const DrawnNode& shape);
+    void drawWell(const ModelNode& node, const DrawnNode& shape);
     void writeHeights(const AcDbObjectId& id, const ModelNode& node);
-    void drawLink(const ModelLink& link, const LinkShape& shape);
-    void drawValve(const ModelLink& link, const LinkShape& shape);
-    void writePipe(const AcDbObjectId& id, const ModelLink& link, const LinkShape& shape);
+    void drawLink(const ModelLink& link, const DrawnLink& shape);
+    void drawValve(const ModelLink& link, const DrawnLink& shape);
+    void writePipe(const AcDbObjectId& id, const ModelLink& link, const DrawnLink& shape);
 
     const PipeModel& model_;
     const ModelLayout& layout_;
@@ -124,7 +124,7 @@ AcDbObjectId ModelPainter::drawBlock(const AcDbObjectId& block, const PlanPoint&
     return put(std::move(reference), layer);
 }
 
-void ModelPainter::drawNode(const ModelNode& node, const NodeShape& shape) {
+void ModelPainter::drawNode(const ModelNode& node, const DrawnNode& shape) {
     if (shape.isTank) {
         drawTank(node, shape);
     } else {
@@ -137,7 +137,7 @@ void ModelPainter::drawNode(const ModelNode& node, const NodeShape& shape) {
         kTextLayer);
 }
 
-void ModelPainter::drawTank(const ModelNode& node, const NodeShape& shape) {
+void ModelPainter::drawTank(const ModelNode& node, const DrawnNode& shape) {
     const AcDbObjectId id = drawBlock(blocks_.tank, shape.at, 2.0 * shape.halfLength,
                                       2.0 * shape.halfWidth, kTankLayer);
     write(id, xdata::kTank, wide(node.name));
@@ -151,7 +151,7 @@ void ModelPainter::drawTank(const ModelNode& node, const NodeShape& shape) {
     ++counts_.tanks;
 }
 
-void ModelPainter::drawWell(const ModelNode& node, const NodeShape& shape) {
+void ModelPainter::drawWell(const ModelNode& node, const DrawnNode& shape) {
     const double diameter = 2.0 * shape.radius;
     const AcDbObjectId id = drawBlock(blocks_.well, shape.at, diameter, diameter, wellLayer_);
     write(id, xdata::kWellSystem, system_);
@@ -168,7 +168,7 @@ void ModelPainter::writeHeights(const AcDbObjectId& id, const ModelNode& node) {
     }
 }
 
-void ModelPainter::drawLink(const ModelLink& link, const LinkShape& shape) {
+void ModelPainter::drawLink(const ModelLink& link, const DrawnLink& shape) {
     const std::vector<PlanPoint>& points = shape.points;
     std::unique_ptr<AcDbEntity> entity;
     if (points.size() == 2) {
@@ -188,7 +188,7 @@ void ModelPainter::drawLink(const ModelLink& link, const LinkShape& shape) {
 }
 
 /// A valve stands in the middle of its pipe, where the search finds it on the pipe's chord.
-void ModelPainter::drawValve(const ModelLink& link, const LinkShape& shape) {
+void ModelPainter::drawValve(const ModelLink& link, const DrawnLink& shape) {
     const PlanPoint& a = shape.points.front();
     const PlanPoint& b = shape.points.back();
     const double size = std::min(kValveDiameter * units_.perMetre, distance(a, b) / 2.0);
@@ -201,7 +201,7 @@ void ModelPainter::drawValve(const ModelLink& link, const LinkShape& shape) {
 }
 
 void ModelPainter::writePipe(const AcDbObjectId& id, const ModelLink& link,
-                             const LinkShape& shape) {
+                             const DrawnLink& shape) {
     const double drawn = wayOf(shape.points) / units_.perMetre;
     const double length = link.length.value_or(drawn);
     const double first = shape.isTurned ? link.endElevation : link.startElevation;

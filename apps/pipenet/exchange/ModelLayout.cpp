@@ -65,11 +65,11 @@ private:
     void placeNodes();
     void narrowForPipes();
     void roundSizes();
-    void setTank(NodeShape& node, double room) const;
+    void setTank(DrawnNode& node, double room) const;
     double wellRoom(double nearest) const;
     std::vector<PlanPoint> pathOf(const ModelLink& link) const;
-    LinkShape shapeOf(const ModelLink& link) const;
-    PlanPoint rim(const NodeShape& node, const PlanPoint& next) const;
+    DrawnLink shapeOf(const ModelLink& link) const;
+    PlanPoint rim(const DrawnNode& node, const PlanPoint& next) const;
     void noteWhatHasNoRoom();
     void turnAwayFromSource();
     void noteCrossings();
@@ -89,7 +89,7 @@ double Layouter::wellRoom(double nearest) const {
     return std::max(kLeastRadius, std::min(sizes_.wellRadius * units_.perMetre, room));
 }
 
-void Layouter::setTank(NodeShape& node, double room) const {
+void Layouter::setTank(DrawnNode& node, double room) const {
     const double usual = std::hypot(sizes_.tankHalfLength, sizes_.tankHalfWidth) * units_.perMetre;
     node.isTank = true;
     node.radius = std::max(kClearance, std::min(usual, room));
@@ -106,7 +106,7 @@ void Layouter::placeNodes() {
     const double around = 2.0 * sizes_.tankHalfLength * units_.perMetre + kShortestPipe;
     const std::vector<double> nearest = nearestOthers(places, around);
     for (std::size_t i = 0; i < places.size(); ++i) {
-        NodeShape node;
+        DrawnNode node;
         node.at = places[i];
         const ModelNodeKind kind = model_.nodes[i].kind;
         if (kind == ModelNodeKind::junction || kind == ModelNodeKind::outfall) {
@@ -121,15 +121,15 @@ void Layouter::placeNodes() {
 /// A pipe keeps more than one drawing unit between the rims, and its first bend outside of them.
 void Layouter::narrowForPipes() {
     for (const ModelLink& link : model_.links) {
-        NodeShape& from = layout_.nodes[link.from];
-        NodeShape& to = layout_.nodes[link.to];
+        DrawnNode& from = layout_.nodes[link.from];
+        DrawnNode& to = layout_.nodes[link.to];
         const std::vector<PlanPoint> path = pathOf(link);
         const double room = distance(from.at, to.at) - kShortestPipe;
         const double legs[] = {distance(path[0], path[1]),
                                distance(path[path.size() - 2], path.back())};
-        NodeShape* const ends[] = {&from, &to};
+        DrawnNode* const ends[] = {&from, &to};
         for (int i = 0; i < 2; ++i) {
-            const NodeShape& other = *ends[1 - i];
+            const DrawnNode& other = *ends[1 - i];
             const double share = other.isTank ? room - other.radius : room / 2.0;
             double most = std::max(kLeastRadius, share);
             if (path.size() > 2) {
@@ -144,7 +144,7 @@ void Layouter::narrowForPipes() {
 
 /// Texts give diameters in whole millimetres, and the search reads the texts.
 void Layouter::roundSizes() {
-    for (NodeShape& node : layout_.nodes) {
+    for (DrawnNode& node : layout_.nodes) {
         if (!node.isTank) {
             const double millimetres = std::floor(2000.0 * node.radius / units_.perMetre + 1e-9);
             node.radius = std::max(1.0, millimetres) / 2000.0 * units_.perMetre;
@@ -168,7 +168,7 @@ std::vector<PlanPoint> Layouter::pathOf(const ModelLink& link) const {
 }
 
 /// Where a sewer that comes from `next` ends: at a well's rim, or a little inside a tank's wall.
-PlanPoint Layouter::rim(const NodeShape& node, const PlanPoint& next) const {
+PlanPoint Layouter::rim(const DrawnNode& node, const PlanPoint& next) const {
     if (!node.isTank) {
         return towards(node.at, next, node.radius);
     }
@@ -181,10 +181,10 @@ PlanPoint Layouter::rim(const NodeShape& node, const PlanPoint& next) const {
     return towards(node.at, next, std::min(acrossLength, acrossWidth) * std::hypot(dx, dy));
 }
 
-LinkShape Layouter::shapeOf(const ModelLink& link) const {
-    LinkShape shape;
-    const NodeShape& from = layout_.nodes[link.from];
-    const NodeShape& to = layout_.nodes[link.to];
+DrawnLink Layouter::shapeOf(const ModelLink& link) const {
+    DrawnLink shape;
+    const DrawnNode& from = layout_.nodes[link.from];
+    const DrawnNode& to = layout_.nodes[link.to];
     if (distance(from.at, to.at) < kShortestPipe) {
         return shape;
     }
@@ -216,7 +216,7 @@ void Layouter::noteWhatHasNoRoom() {
 void Layouter::turnAwayFromSource() {
     const std::vector<bool> turned = turnedAwayFromSource(model_);
     for (std::size_t i = 0; i < turned.size(); ++i) {
-        LinkShape& shape = layout_.links[i];
+        DrawnLink& shape = layout_.links[i];
         shape.isTurned = turned[i];
         if (turned[i]) {
             std::reverse(shape.points.begin(), shape.points.end());

@@ -13,7 +13,7 @@ struct LayoutUnits {
 };
 
 /// A node as it is drawn, in drawing units.
-struct NodeShape {
+struct DrawnNode {
     PlanPoint at;
     bool isTank = false;
     double radius = 0.0;     ///< of a well; of a tank, of the circle around it
@@ -23,14 +23,14 @@ struct NodeShape {
 
 /// A link as it is drawn: from its first to its last point, drawing units. Without points when
 /// there is no room for it.
-struct LinkShape {
+struct DrawnLink {
     std::vector<PlanPoint> points;
     bool isTurned = false; ///< drawn from the link's second node to its first
 };
 
 struct ModelLayout {
-    std::vector<NodeShape> nodes;
-    std::vector<LinkShape> links;
+    std::vector<DrawnNode> nodes;
+    std::vector<DrawnLink> links;
 };
 
 /// Lays a model out as a drawing that the search reads as the same network.
