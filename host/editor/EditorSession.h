@@ -26,8 +26,9 @@ struct EditorSession {
     AcGePoint3d lastPoint;
     /// The middle of what the window shows, in world coordinates.
     AcGePoint3d viewCenter;
-    /// The entities selected last.
-    std::vector<AcDbObjectId> previous;
+    /// The entities selected last, nullptr before that. Shared with the set that they were put
+    /// into: it may be the whole drawing.
+    std::shared_ptr<const std::vector<AcDbObjectId>> previous;
     /// Numbers of the drawing's own variables that were set, by name.
     std::map<std::wstring, double> numbers;
     /// The command that waits for input; nullptr for none.

@@ -38,6 +38,15 @@ bool areAlive(const std::vector<AcDbObjectId>& ids) {
 
 } // namespace
 
+std::vector<AcDbObjectId> previousEntities(const EditorSession& session) {
+    std::vector<AcDbObjectId> ids;
+    if (session.previous != nullptr) {
+        std::copy_if(session.previous->begin(), session.previous->end(), std::back_inserter(ids),
+                     [](AcDbObjectId id) { return id.isValid(); });
+    }
+    return ids;
+}
+
 std::vector<AcDbObjectId> shownEntities(const AcDbDatabase& database) {
     std::vector<AcDbObjectId> shown;
     const auto* space = host_db::peek<AcDbBlockTableRecord>(database.currentSpaceId());
@@ -86,9 +95,7 @@ std::optional<std::vector<AcDbObjectId>> selectedBy(const CommandInput& input,
         return shown.empty() ? shown : std::vector{shown.back()};
     }
     if (isText && isKeyword(input.text, L"PREVIOUS")) {
-        std::vector<AcDbObjectId> ids = context.session.previous;
-        std::erase_if(ids, [](AcDbObjectId id) { return !id.isValid(); });
-        return ids;
+        return previousEntities(context.session);
     }
     return std::nullopt;
 }

@@ -12,6 +12,9 @@ namespace host_ed {
 /// The entities of the current space that are drawn, in drawing order.
 std::vector<AcDbObjectId> shownEntities(const AcDbDatabase& database);
 
+/// The entities selected last that are still there.
+std::vector<AcDbObjectId> previousEntities(const EditorSession& session);
+
 /// The drawn entity of the current space that passes nearest to the point in plan, within the pick
 /// box: PICKBOX pixels of a view that is VIEWSIZE high. Of equally near ones the one drawn last.
 /// Null when there is none. Cost: one look at each entity.

@@ -63,12 +63,6 @@ std::optional<Ids> onFence(const resbuf* chain, const AcDbDatabase& database,
     return ids;
 }
 
-Ids previous(const EditorSession& session) {
-    Ids ids = session.previous;
-    std::erase_if(ids, [](AcDbObjectId id) { return !id.isValid(); });
-    return ids;
-}
-
 /// The last entity of the current space, if it is drawn.
 Ids last(const AcDbDatabase& database) {
     const auto* space = host_db::peek<AcDbBlockTableRecord>(database.currentSpaceId());
@@ -93,7 +87,7 @@ std::optional<Ids> candidatesOf(const std::wstring& mode, const void* point1, co
         return onFence(static_cast<const resbuf*>(point1), database, session);
     }
     if (mode == L"P") {
-        return previous(session);
+        return previousEntities(session);
     }
     return mode == L"L" ? std::optional(last(database)) : std::nullopt;
 }

@@ -3,6 +3,7 @@
 #include "database/AcDbObjectId.h"
 
 #include <cstddef>
+#include <memory>
 #include <unordered_map>
 #include <vector>
 
@@ -12,8 +13,9 @@ namespace host_ed {
 /// once entities were taken out; adding and taking out cost the logarithm of the size.
 class SelectionSet {
 public:
-    SelectionSet() = default;
-    explicit SelectionSet(std::vector<AcDbObjectId> ids);
+    SelectionSet();
+    /// @param ids not nullptr; a list that others hold too is copied before the set changes it.
+    explicit SelectionSet(std::shared_ptr<std::vector<AcDbObjectId>> ids);
 
     std::size_t size() const { return count_; }
     /// `index` is below size().
@@ -25,11 +27,13 @@ public:
     bool remove(AcDbObjectId id);
 
 private:
+    /// The places, for nobody else to see what happens to them.
+    std::vector<AcDbObjectId>& ownPlaces();
     void indexPlaces() const;
     void countPlaces();
 
     /// Places in order; those taken out hold a null id.
-    std::vector<AcDbObjectId> places_;
+    std::shared_ptr<std::vector<AcDbObjectId>> places_;
     std::size_t count_ = 0;
     /// Place of each id, made when the set is first asked by id.
     mutable std::unordered_map<AcDbObjectId, std::size_t> placeOf_;

@@ -122,14 +122,13 @@ int acedSSGet(const ACHAR* mode, const void* point1, const void* point2, const r
     if (selected->empty()) {
         return RTERROR;
     }
-    const std::size_t count = selected->size();
-    std::vector<AcDbObjectId> kept = *selected;
-    if (!host_ed::enterSet(host_ed::SelectionSet(std::move(*selected)), set)) {
+    const auto ids = std::make_shared<std::vector<AcDbObjectId>>(std::move(*selected));
+    if (!host_ed::enterSet(host_ed::SelectionSet(ids), set)) {
         return RTERROR;
     }
-    session->previous = std::move(kept);
+    session->previous = ids;
     if (host::isListening()) {
-        host::announce(L"select " + name + L" " + std::to_wstring(count));
+        host::announce(L"select " + name + L" " + std::to_wstring(ids->size()));
     }
     return RTNORM;
 }

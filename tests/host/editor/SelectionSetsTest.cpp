@@ -336,6 +336,29 @@ TEST_F(SelectionSetsTest, SetsAreFilledByHand) {
     EXPECT_EQ(acedSSAdd(nothing, nullptr, alone), RTERROR);
 }
 
+// What was selected last, and other sets of it, stay when one set is changed.
+TEST_F(SelectionSetsTest, ASetThatChangesIsTheOnlyOne) {
+    const AcDbObjectId first = addLine({0, 0, 0}, {1, 0, 0});
+    const AcDbObjectId second = addLine({0, 1, 0}, {1, 1, 0});
+    ads_name everything;
+    ads_name previous;
+    ASSERT_EQ(acedSSGet(L"X", nullptr, nullptr, nullptr, everything), RTNORM);
+    const AcDbObjectId third = addLine({0, 2, 0}, {1, 2, 0});
+    ads_name firstName;
+    ads_name thirdName;
+    acdbGetAdsName(firstName, first);
+    acdbGetAdsName(thirdName, third);
+    EXPECT_EQ(acedSSDel(firstName, everything), RTNORM);
+    EXPECT_EQ(acedSSAdd(thirdName, everything, everything), RTNORM);
+    EXPECT_EQ(idsOf(everything), (std::vector<AcDbObjectId>{second, third}));
+    ASSERT_EQ(acedSSGet(L"P", nullptr, nullptr, nullptr, previous), RTNORM);
+    EXPECT_EQ(idsOf(previous), (std::vector<AcDbObjectId>{first, second}));
+    EXPECT_EQ(acedSSDel(firstName, previous), RTNORM);
+    EXPECT_EQ(idsOf(everything), (std::vector<AcDbObjectId>{second, third}));
+    acedSSFree(everything);
+    acedSSFree(previous);
+}
+
 TEST_F(SelectionSetsTest, TakingOutWhileWalkingKeepsTheRestInOrder) {
     Ids ids;
     for (int i = 0; i < 1000; ++i) {
