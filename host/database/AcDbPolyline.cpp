@@ -17,7 +17,9 @@ AcRxObject* AcDbPolyline::clone() const {
 
 AcGePoint3d AcDbPolyline::worldPoint(unsigned int index) const {
     const AcGePoint2d& point = vertices_[index].point;
-    return AcGeMatrix3d::planeToWorld(normal_) * AcGePoint3d(point.x, point.y, elevation_);
+    const AcGePoint3d inPlane(point.x, point.y, elevation_);
+    const bool liesInPlan = normal_.x == 0.0 && normal_.y == 0.0 && normal_.z == 1.0;
+    return liesInPlan ? inPlane : AcGeMatrix3d::planeToWorld(normal_) * inPlane;
 }
 
 unsigned int AcDbPolyline::nextOf(unsigned int index) const {
