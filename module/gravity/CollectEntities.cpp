@@ -25,7 +25,6 @@ bool Carries(const ReadEntity& entity, const wchar_t* key, CString& text) {
 
 int GravityNetworkSearch::CollectEntities() {
     const NetworkSelection selection{xdata::kWellSystem, xdata::kPipeSystem, xdata::kTank};
-    WellShapes wellShapes;
     const Adesk::Int32 length = selection.Length();
     MakeRoomForEntities(static_cast<std::size_t>(length));
     for (Adesk::Int32 index = 0; index < length; ++index) {
@@ -38,7 +37,7 @@ int GravityNetworkSearch::CollectEntities() {
         if (Carries(entity, xdata::kPipeSystem, text)) {
             AddPipe(id, entity, text);
         } else if (Carries(entity, xdata::kWellSystem, text)) {
-            wellSites_.push_back(AddWellTo(wellPool, id, entity, text, wellShapes, ReadsLater()));
+            wellSites_.push_back(AddWellTo(wellPool, id, entity, text, traits_, ReadsLater()));
         } else if (Carries(entity, xdata::kTank, text)) {
             // A tank belongs to no system, so that pipes of every system may end at it.
             entity.Close();
@@ -65,16 +64,16 @@ int GravityNetworkSearch::CollectEntitiesOnly() {
 void GravityNetworkSearch::AddPipe(const AcDbObjectId& id, ReadEntity& entity,
                                    const CString& system) {
     PipeSite site;
-    site.systemName = system;
+    site.system = traits_.systems.NumberOf(system);
     if (ReadsLater() && entity.IsStraightAndLonger(kLongestIgnoredPipe, site)) {
         pipePool.AddUnread(id, ReadPipe);
-        pipeSites_.push_back(std::move(site));
+        pipeSites_.push_back(site);
         return;
     }
     entity.Close();
     auto pipe = std::make_unique<_Pipe>(id, system);
     if (pipe->GetLength() > kLongestIgnoredPipe) {
-        pipeSites_.push_back({pipe->startPoint, pipe->endPoint, system, pipe->isArc});
+        pipeSites_.push_back({pipe->startPoint, pipe->endPoint, site.system, pipe->isArc});
         pipePool.Add(std::move(pipe));
     }
 }

@@ -68,9 +68,10 @@ void GravityNetworkSearch::MakeRoomForResult() {
     if (result == nullptr) {
         return;
     }
+    const int searched = traits_.systems.NumberOf(systemName);
     const auto ofSystem =
         std::count_if(wellSites_.begin(), wellSites_.end(),
-                      [&](const auto& well) { return well.systemName.Compare(systemName) == 0; });
+                      [&](const WellSite& well) { return well.system == searched; });
     const auto most = static_cast<INT_PTR>(ofSystem) + tankPool.Size();
     result->wells.SetSize(result->wells.GetSize(), most);
     // A tree has one edge less than it has nodes.

@@ -85,6 +85,11 @@ public:
     const WellSite& SiteOfWell(int well) const {
         return wellSites_[static_cast<std::size_t>(well)];
     }
+    /// Whether a pipe or a well, given by its site, is of the system that is searched.
+    template<class Site>
+    bool IsSearched(const Site& site) const {
+        return traits_.systems[site.system].Compare(systemName) == 0;
+    }
     /// Leaves exactly one node in an empty result.
     int PlaceRootWell();
     /// Grows the tree out of node `well`, depth first. 1 when the scan of the pipes ran to its end.
@@ -232,6 +237,7 @@ private:
     bool drawingStays_ = false;
     LargeVector<PipeSite> pipeSites_; // of the pipe pool, as collected
     LargeVector<WellSite> wellSites_; // of the well pool, as collected
+    SharedTraits traits_;
     std::unique_ptr<CandidateSource> candidates_;
     std::vector<ChainFrame> levels_; // of the chain that is being traced; kept for its room
     int measuredPipe_ = -1;          // the pipe that was measured last, and its length

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <utility>
 
 #include "gravity/GravityNetworkSearch.h"
 #include "records/MedianReach.h"
@@ -37,11 +36,11 @@ IndexedCandidates::IndexedCandidates(const GravityNetworkSearch& search) : searc
 
 void IndexedCandidates::IndexPipes() {
     const LargeVector<PipeSite>& sites = search_.PipeSites();
-    pipeEnds_ = PointGrid(std::max(usualQuery_, 2.0 * search_.snapDist), 2 * sites.size(),
-                          [&](std::size_t end) -> const AcGePoint3d& {
-                              const PipeSite& site = sites[end / 2];
-                              return end % 2 == 0 ? site.startPoint : site.endPoint;
-                          });
+    pipeEnds_ = SettledPoints(std::max(usualQuery_, 2.0 * search_.snapDist), 2 * sites.size(),
+                              [&](std::size_t end) -> const AcGePoint3d& {
+                                  const PipeSite& site = sites[end / 2];
+                                  return end % 2 == 0 ? site.startPoint : site.endPoint;
+                              });
 }
 
 /// Only chains that find no pipe at their end ask for what crosses them.
@@ -49,17 +48,12 @@ void IndexedCandidates::IndexCurves() const {
     const LargeVector<PipeSite>& sites = search_.PipeSites();
     std::vector<PlanBox> curves;
     curves.reserve(sites.size());
-    for (std::size_t i = 0; i < sites.size(); ++i) {
-        PlanBox box = PlanBox::Of(sites[i].startPoint);
-        box.Include(PlanBox::Of(sites[i].endPoint));
-        slack_ = std::max(
-            {slack_, RoundingSlack(sites[i].startPoint), RoundingSlack(sites[i].endPoint)});
-        if (sites[i].isArc != 0) {
-            const AcGeCircArc3d& arc = search_.pipePool[static_cast<int>(i)].arc;
-            box.Include(ArcBox(arc));
-            slack_ = std::max(slack_, RoundingSlack(arc));
-        }
-        curves.push_back(box);
+    for (const PipeSite& site : sites) {
+        const AcGeCircArc3d* arc =
+            site.isArc != 0 ? &search_.pipePool[static_cast<int>(curves.size())].arc : nullptr;
+        slack_ = std::max({slack_, RoundingSlack(site.startPoint), RoundingSlack(site.endPoint),
+                           arc != nullptr ? RoundingSlack(*arc) : 0.0});
+        curves.push_back(PipeBox(site.startPoint, site.endPoint, arc));
     }
     pipeCurves_ = BoxTree(curves);
     hasCurves_ = true;
@@ -67,23 +61,22 @@ void IndexedCandidates::IndexCurves() const {
 
 void IndexedCandidates::IndexWells() {
     const LargeVector<WellSite>& sites = search_.WellSites();
-    std::vector<double> reaches;
-    reaches.reserve(sites.size());
-    for (const WellSite& site : sites) {
-        const auto well = static_cast<int>(reaches.size());
-        const double reach = WellReach(site);
-        if (std::isnan(reach) || std::isnan(site.position.x + site.position.y + site.position.z)) {
-            unmeasurableWells_.push_back(well);
+    for (std::size_t well = 0; well < sites.size(); ++well) {
+        const AcGePoint3d& position = sites[well].position;
+        const double reach = WellReach(sites[well]);
+        if (std::isnan(reach) || std::isnan(position.x + position.y + position.z)) {
+            unmeasurableWells_.push_back(static_cast<int>(well));
         }
         if (reach > largestReach_) {
             largestReach_ = reach;
-            largestWell_ = well;
+            largestWell_ = static_cast<int>(well);
         }
-        reaches.push_back(reach);
     }
     constexpr double radiiOfTouch = 2.0;
-    usualQuery_ = 2.0 * radiiOfTouch * MedianReach(std::move(reaches));
-    wells_ = PointGrid(usualQuery_, sites.size(), [&](std::size_t well) -> const AcGePoint3d& {
+    usualQuery_ = 2.0 * radiiOfTouch * MedianReach(sites.size(), [&](std::size_t well) {
+                      return WellReach(sites[well]);
+                  });
+    wells_ = SettledPoints(usualQuery_, sites.size(), [&](std::size_t well) -> const AcGePoint3d& {
         return sites[well].position;
     });
 }

@@ -7,6 +7,7 @@
 #include "records/Candidates.h"
 #include "records/IdIndex.h"
 #include "records/PointGrid.h"
+#include "records/SettledPoints.h"
 
 namespace tkvlt {
 
@@ -42,11 +43,11 @@ private:
 
     const GravityNetworkSearch& search_;
     double usualQuery_ = 0.0;    // side of the square in which most wells look for their pipes
-    PointGrid pipeEnds_;         // items 2i and 2i + 1 are the start and the end of pipe i
+    SettledPoints pipeEnds_;     // items 2i and 2i + 1 are the start and the end of pipe i
     mutable BoxTree pipeCurves_; // made when it is first asked
     mutable bool hasCurves_ = false;
     mutable double slack_ = 0.0; // by which pipes may miss one another and still meet
-    PointGrid wells_;
+    SettledPoints wells_;
     Indices unmeasurableWells_; // with a place or a reach that is no number
     BoxTree tanks_;
     PointGrid nodes_;

@@ -83,7 +83,7 @@ int GravityNetworkSearch::AddNode(int kind, int index) {
     result->wells.SetSize(added + 1);
     Well& node = result->wells.ElementAt(added);
     if (kind != kTankTarget && !wellPool.IsRead(index)) {
-        ReadWellAt(SiteOfWell(index), wellPool.IdOf(index), node);
+        ReadWellAt(SiteOfWell(index), traits_.systems, wellPool.IdOf(index), node);
     } else {
         node._Block::operator=(TargetBlock(kind, index));
     }

@@ -231,7 +231,7 @@ int GravityNetworkSearch::WellAt(const AcGePoint3d& freeEnd) const {
     for (const int i :
          candidates_->WellsIn(PlanBox::Around(freeEnd, candidates_->LargestWellReach()))) {
         const WellSite& well = SiteOfWell(i);
-        if (well.systemName.Compare(systemName) == 0 && HoldsEnd(well, freeEnd)) {
+        if (IsSearched(well) && HoldsEnd(well, freeEnd)) {
             return i;
         }
     }
@@ -298,7 +298,7 @@ void GravityNetworkSearch::BeginNextStage(ChainFrame& level) const {
 
 bool GravityNetworkSearch::CanFollow(const ChainFrame& level, int pipe) const {
     const bool isClosed = level.throughChain ? pipe == level.pipe : pipeMarks.GetAt(pipe) != 0;
-    return !isClosed && Site(pipe).systemName.Compare(systemName) == 0;
+    return !isClosed && IsSearched(Site(pipe));
 }
 
 /// An arc may turn anywhere; a straight pipe goes on in its own direction, an

@@ -87,7 +87,7 @@ void GravityNetworkSearch::MergeOverlappingWells(int well) {
         const double farthest = widest + node.nodeRadius + gap;
         for (const int i : candidates_->WellsIn(PlanBox::Around(node.nodePoint, farthest))) {
             const WellSite& site = SiteOfWell(i);
-            if (i < next || site.systemName.Compare(systemName) != 0 || IsNode(wellPool.IdOf(i))) {
+            if (i < next || !IsSearched(site) || IsNode(wellPool.IdOf(i))) {
                 continue;
             }
             const double distance = node.nodePoint.distanceTo(site.position);
@@ -166,7 +166,7 @@ WalkStep GravityNetworkSearch::FollowNextPipe(StandingNode& node, int& reached) 
     for (const int i : PipesLeftAt(node)) {
         int nearEndIsStart = 0;
         AcGePoint3d seed;
-        if (Site(i).systemName.Compare(systemName) != 0 ||
+        if (!IsSearched(Site(i)) ||
             !TouchesNode(Site(i), result->wells.ElementAt(well), nearEndIsStart, seed)) {
             continue;
         }

@@ -9,7 +9,7 @@
 #include "records/BoxGrid.h"
 #include "records/Candidates.h"
 #include "records/MedianReach.h"
-#include "records/PointGrid.h"
+#include "records/SettledPoints.h"
 
 namespace tkvlt {
 
@@ -91,7 +91,7 @@ public:
         pipeCurves_ = BoxTree();
         pieces_ = BoxGrid();
         const auto ends = 2 * static_cast<std::size_t>(search_.pipePool.Size());
-        pipeEnds_ = PointGrid(usualQuery_, ends, [&](std::size_t end) -> const AcGePoint3d& {
+        pipeEnds_ = SettledPoints(usualQuery_, ends, [&](std::size_t end) -> const AcGePoint3d& {
             const PipePiece& piece = search_.pipePool.At(static_cast<int>(end / 2));
             return end % 2 == 0 ? piece.startPoint : piece.endPoint;
         });
@@ -117,16 +117,18 @@ public:
     double LargestWellRadius() const override { return largestRadius_; }
 
     void SegsBuilt() override {
-        pipeEnds_ = PointGrid();
+        pipeEnds_ = SettledPoints();
         std::vector<AcGePoint3d> points;
         points.reserve(static_cast<std::size_t>(search_.segs.GetSize()));
         for (int i = 0; i < static_cast<int>(search_.segs.GetSize()); ++i) {
             points.push_back(search_.segs.ElementAt(i).GetSearchPoint());
         }
-        searchPoints_ = PointGrid(2.0 * kOnePlace, points);
+        searchPoints_ =
+            SettledPoints(2.0 * kOnePlace, points.size(),
+                          [&](std::size_t seg) -> const AcGePoint3d& { return points[seg]; });
     }
 
-    void LoopsChecked() override { searchPoints_ = PointGrid(); }
+    void LoopsChecked() override { searchPoints_ = SettledPoints(); }
 
     Indices SegsEndingIn(const PlanBox& box) const override {
         Indices indices;
@@ -138,29 +140,24 @@ public:
 private:
     void IndexPipes() {
         std::vector<PlanBox> curves;
-        std::vector<double> sides;
-        curves.reserve(static_cast<std::size_t>(search_.pipePool.Size()));
-        sides.reserve(curves.capacity());
-        for (int i = 0; i < search_.pipePool.Size(); ++i) {
-            const PlanBox box = search_.pipePool.BoxOf(i);
-            curves.push_back(box);
-            sides.push_back(std::max(box.maxX - box.minX, box.maxY - box.minY));
+        curves.reserve(static_cast<std::size_t>(drawnPipes_));
+        for (int pipe = 0; pipe < drawnPipes_; ++pipe) {
+            curves.push_back(search_.pipePool.BoxOf(pipe));
         }
         pipeCurves_ = BoxTree(curves);
-        pieces_ = BoxGrid(kPipesPerCell * MedianReach(std::move(sides)));
+        pieces_ = BoxGrid(kPipesPerCell * MedianReach(curves.size(), [&](std::size_t pipe) {
+                              return curves[pipe].LongerSide();
+                          }));
     }
 
     void IndexWells() {
         const LargeVector<WellSite>& sites = search_.WellSites();
-        std::vector<double> radii;
-        radii.reserve(sites.size());
-        for (const WellSite& well : sites) {
-            radii.push_back(well.radius);
-        }
-        usualQuery_ = 2.0 * MedianReach(std::move(radii));
-        wells_ = PointGrid(usualQuery_, sites.size(), [&](std::size_t well) -> const AcGePoint3d& {
-            return sites[well].position;
-        });
+        usualQuery_ =
+            2.0 * MedianReach(sites.size(), [&](std::size_t well) { return sites[well].radius; });
+        wells_ =
+            SettledPoints(usualQuery_, sites.size(), [&](std::size_t well) -> const AcGePoint3d& {
+                return sites[well].position;
+            });
     }
 
     const PressureNetworkSearch& search_;
@@ -170,9 +167,9 @@ private:
     int drawnPipes_;          // what lies behind them in the pool are pieces
     BoxTree pipeCurves_;
     BoxGrid pieces_;
-    PointGrid pipeEnds_;
-    PointGrid wells_;
-    PointGrid searchPoints_;
+    SettledPoints pipeEnds_;
+    SettledPoints wells_;
+    SettledPoints searchPoints_;
 };
 
 } // namespace

@@ -57,7 +57,7 @@ void PressureNetworkSearch::AddToPool(const AcDbObjectId& id) {
             AddPipe(id, entity, value);
         }
     } else if (ReadXdata(entity.get(), xdata::kWellSystem, value) != 0) {
-        wellSites_.push_back(AddWellTo(wellPool, id, entity, value, wellShapes_, ReadsLater()));
+        wellSites_.push_back(AddWellTo(wellPool, id, entity, value, traits_, ReadsLater()));
     } else if (ReadXdata(entity.get(), xdata::kTank, value) != 0) {
         return; // a tank takes no part in a pressure network
     } else if (ReadXdata(entity.get(), xdata::kTemporaryOutflow, value) != 0 &&

@@ -130,7 +130,7 @@ private:
 
     CandidateMode candidateMode_;
     LargeVector<WellSite> wellSites_; // of the well pool, as collected
-    WellShapes wellShapes_;
+    SharedTraits traits_;
     std::unique_ptr<PressureCandidates> candidates_;
 };
 

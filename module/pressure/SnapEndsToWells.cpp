@@ -60,7 +60,7 @@ void PressureNetworkSearch::SnapPipe(int index) {
     for (std::size_t n = 0; n < wells.size() && !(startDone && endDone); ++n) {
         const int w = wells[n];
         const WellSite& well = SiteOfWell(w);
-        if (well.systemName.Compare(systemName) != 0) {
+        if (traits_.systems[well.system].Compare(systemName) != 0) {
             continue;
         }
         const bool nearStart = pipe.startPoint.distanceTo(well.position) < well.radius * kAtWell;

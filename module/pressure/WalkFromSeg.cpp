@@ -79,7 +79,7 @@ int PressureNetworkSearch::WellHolding(const AcGePoint3d& point, const CString& 
     const double reach = candidates_->LargestWellRadius() + kInWellMargin;
     for (const int i : candidates_->WellsIn(PlanBox::Around(point, reach))) {
         const WellSite& well = SiteOfWell(i);
-        if (well.systemName.Compare(system) == 0 &&
+        if (traits_.systems[well.system].Compare(system) == 0 &&
             well.position.distanceTo(point) <= well.radius + kInWellMargin) {
             return i;
         }

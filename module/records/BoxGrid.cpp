@@ -17,7 +17,7 @@ BoxGrid::BoxGrid(double finestCell)
     : finestCell_(std::isfinite(finestCell) && finestCell > 0.0 ? finestCell : 1.0) {}
 
 int BoxGrid::NumberOf(const PlanBox& box) const {
-    const double side = std::max(box.maxX - box.minX, box.maxY - box.minY);
+    const double side = box.LongerSide();
     if (!(side > finestCell_)) {
         return 0;
     }

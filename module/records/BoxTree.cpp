@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <limits>
 #include <numeric>
+#include <vector>
 
 namespace tkvlt {
 
@@ -19,54 +20,98 @@ double Middle(double low, double high) {
     return std::isfinite(middle) ? middle : 0.0;
 }
 
-double CentreX(const PlanBox& box) {
-    return Middle(box.minX, box.maxX);
-}
-double CentreY(const PlanBox& box) {
-    return Middle(box.minY, box.maxY);
+// Functions by name would be called for each box through their addresses.
+constexpr auto kCentreX = [](const PlanBox& box) { return Middle(box.minX, box.maxX); };
+constexpr auto kCentreY = [](const PlanBox& box) { return Middle(box.minY, box.maxY); };
+
+/// Numbers with what they are sorted by in the upper half and an item in the lower.
+using Keys = LargeVector<std::uint64_t>;
+
+constexpr int kHalf = 32;
+
+std::size_t ItemOf(std::uint64_t key) {
+    return static_cast<std::uint32_t>(key);
 }
 
-/// Sorts items[begin, end) by a coordinate of their boxes; ties stand in item order. The places are
-/// rounded to one in four thousand million, which is all the same to a packing.
+/// The items in their order, each with a coordinate of its box. The places are rounded to one in
+/// four thousand million, which is all the same to a packing.
 template<class Coordinate>
-void SortBy(LargeVector<int>& items, std::size_t begin, std::size_t end,
-            const std::vector<PlanBox>& boxes, Coordinate coordinate) {
-    const auto centre = [&](std::size_t i) {
-        return coordinate(boxes[static_cast<std::size_t>(items[i])]);
-    };
+Keys KeysBy(Coordinate coordinate, const std::vector<PlanBox>& boxes) {
     double low = std::numeric_limits<double>::infinity();
     double high = -low;
-    for (std::size_t i = begin; i < end; ++i) {
-        low = std::min(low, centre(i));
-        high = std::max(high, centre(i));
+    for (const PlanBox& box : boxes) {
+        low = std::min(low, coordinate(box));
+        high = std::max(high, coordinate(box));
     }
     constexpr double places = 4294967295.0;
     const double scale = places / (high - low);
     const bool isUsable = high > low && std::isfinite(high - low) && std::isfinite(scale);
-    LargeVector<std::uint64_t> keys;
-    keys.reserve(end - begin);
-    for (std::size_t i = begin; i < end; ++i) {
-        const double place = isUsable ? std::clamp((centre(i) - low) * scale, 0.0, places) : 0.0;
-        keys.push_back(static_cast<std::uint64_t>(place) << 32 |
-                       static_cast<std::uint32_t>(items[i]));
+    Keys keys;
+    keys.reserve(boxes.size());
+    for (const PlanBox& box : boxes) {
+        const double place =
+            isUsable ? std::clamp((coordinate(box) - low) * scale, 0.0, places) : 0.0;
+        keys.push_back(static_cast<std::uint64_t>(place) << kHalf | keys.size());
     }
-    std::sort(keys.begin(), keys.end());
-    for (std::size_t i = begin; i < end; ++i) {
-        items[i] = static_cast<int>(static_cast<std::uint32_t>(keys[i - begin]));
+    return keys;
+}
+
+/// Sorts by the upper half; what stands in item order stays so where that is equal. Linear but for
+/// a few: digit by digit, the lowest first.
+void SortByUpperHalf(Keys& keys) {
+    constexpr int digitBits = 11;
+    constexpr std::size_t digits = 1U << digitBits;
+    if (keys.size() < digits) {
+        std::sort(keys.begin(), keys.end());
+        return;
     }
+    Keys sorted(keys.size());
+    for (int shift = kHalf; shift < 2 * kHalf; shift += digitBits) {
+        std::array<std::uint32_t, digits> next{};
+        const auto digitOf = [shift](std::uint64_t key) { return (key >> shift) & (digits - 1); };
+        for (const std::uint64_t key : keys) {
+            ++next[digitOf(key)];
+        }
+        std::exclusive_scan(next.begin(), next.end(), next.begin(), 0U);
+        for (const std::uint64_t key : keys) {
+            sorted[next[digitOf(key)]++] = key;
+        }
+        keys.swap(sorted);
+    }
+}
+
+template<class Coordinate>
+Keys SortedBy(Coordinate coordinate, const std::vector<PlanBox>& boxes) {
+    Keys keys = KeysBy(coordinate, boxes);
+    SortByUpperHalf(keys);
+    return keys;
+}
+
+/// The boxes' items strip by strip and upwards in each.
+LargeVector<int> InStrips(const std::vector<PlanBox>& boxes) {
+    const std::size_t leaves = (boxes.size() + kFanOut - 1) / kFanOut;
+    const auto strips = static_cast<std::size_t>(std::ceil(std::sqrt(static_cast<double>(leaves))));
+    const std::size_t stripSize = strips == 0 ? 1 : (leaves + strips - 1) / strips * kFanOut;
+    std::vector<std::size_t> next; // of each strip, where its next item comes to stand
+    LargeVector<std::uint32_t> stripOf(boxes.size());
+    std::size_t rank = 0;
+    for (const std::uint64_t key : SortedBy(kCentreX, boxes)) {
+        if (rank % stripSize == 0) {
+            next.push_back(rank);
+        }
+        stripOf[ItemOf(key)] = static_cast<std::uint32_t>(next.size() - 1);
+        ++rank;
+    }
+    LargeVector<int> items(boxes.size());
+    for (const std::uint64_t key : SortedBy(kCentreY, boxes)) {
+        items[next[stripOf[ItemOf(key)]]++] = static_cast<int>(ItemOf(key));
+    }
+    return items;
 }
 
 } // namespace
 
-BoxTree::BoxTree(const std::vector<PlanBox>& boxes) : items_(boxes.size()) {
-    std::iota(items_.begin(), items_.end(), 0);
-    const std::size_t leaves = (boxes.size() + kFanOut - 1) / kFanOut;
-    const auto strips = static_cast<std::size_t>(std::ceil(std::sqrt(static_cast<double>(leaves))));
-    const std::size_t stripSize = strips == 0 ? 0 : (leaves + strips - 1) / strips * kFanOut;
-    SortBy(items_, 0, items_.size(), boxes, CentreX);
-    for (std::size_t begin = 0; begin < items_.size(); begin += stripSize) {
-        SortBy(items_, begin, std::min(begin + stripSize, items_.size()), boxes, CentreY);
-    }
+BoxTree::BoxTree(const std::vector<PlanBox>& boxes) : items_(InStrips(boxes)) {
     LargeVector<PlanBox> leafBoxes;
     leafBoxes.reserve(boxes.size());
     for (const int item : items_) {

@@ -13,7 +13,7 @@ namespace tkvlt {
 ///
 /// The boxes are sorted into vertical strips and, within a strip, by height; every sixteen
 /// neighbours share a box one level up (sort-tile-recursive packing, Leutenegger, Lopez and
-/// Edgington 1997). Building costs n log n, a query log n plus what it finds.
+/// Edgington 1997). Building is linear, a query costs log n plus what it finds.
 class BoxTree {
 public:
     BoxTree() = default;

@@ -21,30 +21,6 @@ class CellGrid {
 public:
     /// Without items.
     explicit CellGrid(double cellSize) : table_(cellSize, 0) {}
-    /// Items 0 to `count` - 1, which lie in the order of their cells.
-    /// @param cellSize side of a cell; one that is not finite and positive counts as 1.
-    /// @param shapeOf gives the shape of an item.
-    template<class ShapeOf>
-    CellGrid(double cellSize, std::size_t count, ShapeOf shapeOf)
-        : table_(cellSize, count / kNeighboursPerPlace), entries_(count) {
-        // A counting sort by place: each place tells how many entries there are, then where they
-        // end, and in the end where they begin.
-        LargeVector<std::uint32_t> places(count);
-        for (std::size_t item = 0; item < count; ++item) {
-            places[item] = static_cast<std::uint32_t>(PlaceOf(shapeOf(item)));
-            ++table_.First(places[item]);
-        }
-        int end = 0;
-        for (std::size_t place = 0; place < table_.Places(); ++place) {
-            end += table_.First(place) - CellTable::kNone;
-            table_.First(place) = end;
-        }
-        for (std::size_t item = count; item-- > 0;) {
-            const int at = --table_.First(places[item]);
-            entries_[static_cast<std::size_t>(at)] = {shapeOf(item), static_cast<int>(item), 0};
-        }
-        ChainNeighbours();
-    }
 
     void Add(int item, const Shape& shape) {
         if (entries_.size() >= table_.Places()) {
@@ -89,9 +65,6 @@ public:
 
 private:
     static constexpr int kRemoved = -1;
-    /// Items that are known from the start lie side by side, so that a few more of them cost an
-    /// answer next to nothing, and a short table stays in the processor's cache while it is laid.
-    static constexpr std::size_t kNeighboursPerPlace = 4;
 
     struct Entry {
         Shape shape;
@@ -101,21 +74,6 @@ private:
 
     std::size_t PlaceOf(const Shape& shape) const {
         return table_.PlaceOf(shape.CornerX(), shape.CornerY());
-    }
-
-    /// Chains the entries, which lie place by place, each place telling where its own begin.
-    void ChainNeighbours() {
-        auto end = static_cast<int>(entries_.size());
-        for (std::size_t place = table_.Places(); place-- > 0;) {
-            int& first = table_.First(place);
-            for (int at = first; at < end; ++at) {
-                entries_[static_cast<std::size_t>(at)].next =
-                    at + 1 < end ? at + 1 : CellTable::kNone;
-            }
-            const bool isEmpty = first == end;
-            end = first;
-            first = isEmpty ? CellTable::kNone : first;
-        }
     }
 
     /// Puts an entry in front of the chain at its place.

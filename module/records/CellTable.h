@@ -9,14 +9,20 @@
 
 namespace tkvlt {
 
-/// The square cells of the plane, each with the first entry of a chain.
+/// The square cells of the plane, each with the first of its entries.
 ///
 /// The table is as long as its owner wants, wherever in the plane the cells lie; cells that share a
-/// place share its chain. Neighbouring cells mostly lie side by side in the table, since a search
+/// place share its entries. Neighbouring cells mostly lie side by side in the table, since a search
 /// asks for one place after the other.
 class CellTable {
 public:
     static constexpr int kNone = -1;
+
+    /// The side of cells of which a query mostly needs one, and queries of places near one another
+    /// the same or the next.
+    /// @param usualQuery side of the square that is mostly asked for; one that is not finite and
+    ///                   positive counts as 1.
+    static double SideFor(double usualQuery);
 
     /// @param cellSize side of a cell; one that is not finite and positive counts as 1.
     /// @param places so many at least.
@@ -24,7 +30,7 @@ public:
 
     std::size_t Places() const { return first_.size(); }
     std::size_t PlaceOf(double x, double y) const { return PlaceOf(CellNumber(x), CellNumber(y)); }
-    /// The head of the chain at a place, `kNone` for an empty one.
+    /// The first entry at a place; `kNone` until the owner says otherwise.
     int& First(std::size_t place) { return first_[place]; }
     int First(std::size_t place) const { return first_[place]; }
     /// Empties the table and gives it twice as many places.

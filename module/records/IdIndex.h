@@ -4,10 +4,10 @@
 #include <cstdint>
 #include <functional>
 #include <utility>
-#include <vector>
 
 #include "platform.h"
 #include "records/Indices.h"
+#include "records/LargeVector.h"
 
 namespace tkvlt {
 
@@ -61,7 +61,7 @@ private:
 
     void Lengthen() {
         constexpr std::size_t fewestPlaces = 64;
-        std::vector<Place> old(places_.empty() ? fewestPlaces : 2 * places_.size());
+        LargeVector<Place> old(places_.empty() ? fewestPlaces : 2 * places_.size());
         old.swap(places_);
         count_ = 0;
         for (const Place& place : old) {
@@ -71,7 +71,7 @@ private:
         }
     }
 
-    std::vector<Place> places_; // the length is a power of two
+    LargeVector<Place> places_; // the length is a power of two
     std::size_t count_ = 0;
 };
 

@@ -33,14 +33,6 @@ PlanBox PlanBox::Around(const AcGePoint3d& point, double reach) {
     return {point.x - width, point.y - width, point.x + width, point.y + width};
 }
 
-void PlanBox::Include(const PlanBox& other) {
-    // A coordinate that is not a number passes no comparison and must not hide the others.
-    minX = std::fmin(minX, other.minX);
-    minY = std::fmin(minY, other.minY);
-    maxX = std::fmax(maxX, other.maxX);
-    maxY = std::fmax(maxY, other.maxY);
-}
-
 PlanBox PlanBox::Widened(double margin) const {
     const double largest = std::max(
         {std::fabs(minX), std::fabs(minY), std::fabs(maxX), std::fabs(maxY), std::fabs(margin)});

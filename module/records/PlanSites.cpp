@@ -18,26 +18,27 @@ void ReadWell(_Block& well, const AcDbObjectId& id) {
 
 } // namespace
 
-void ReadWellAt(const WellSite& site, const AcDbObjectId& id, _Block& well) {
+void ReadWellAt(const WellSite& site, const SystemNames& systems, const AcDbObjectId& id,
+                _Block& well) {
     well.id = id;
-    well.systemName = site.systemName;
+    well.systemName = systems[site.system];
     well.radius = site.radius;
     well.isSquareWell = site.isSquareWell;
     ReadBlockReference(well);
 }
 
 WellSite AddWellTo(RecordPool<_Block>& pool, const AcDbObjectId& id, ReadEntity& entity,
-                   const CString& system, WellShapes& wellShapes, bool readsLater) {
+                   const CString& system, SharedTraits& traits, bool readsLater) {
     WellSite site;
-    if (readsLater && entity.IsWellBlock(site, wellShapes)) {
-        site.systemName = system;
+    site.system = traits.systems.NumberOf(system);
+    if (readsLater && entity.IsWellBlock(site, traits.wellShapes)) {
         pool.AddUnread(id, ReadWell);
         return site;
     }
     entity.Close();
     const int added = pool.Add(std::make_unique<_Block>(id, CString(), system));
     const _Block& well = pool[added];
-    return {well.position, well.systemName, well.radius, well.isSquareWell};
+    return {well.position, well.radius, well.isSquareWell, site.system};
 }
 
 ReadEntity::ReadEntity(const AcDbObjectId& id) {

@@ -3,6 +3,7 @@
 #include "platform.h"
 #include "records/Block.h"
 #include "records/RecordPool.h"
+#include "records/SystemNames.h"
 #include "records/WellShape.h"
 
 namespace tkvlt {
@@ -12,8 +13,8 @@ namespace tkvlt {
 struct PipeSite {
     AcGePoint3d startPoint;
     AcGePoint3d endPoint;
-    CString systemName;
-    int isArc = 0; ///< the curve leaves the straight line, and only the record knows where to
+    int system = 0; ///< the number of its name
+    int isArc = 0;  ///< the curve leaves the straight line, and only the record knows where to
 
     /// What the record keeps as its line.
     AcGeLineSeg3d Chord() const { return {startPoint, endPoint}; }
@@ -22,9 +23,15 @@ struct PipeSite {
 /// Where a well lies and how wide it is.
 struct WellSite {
     AcGePoint3d position;
-    CString systemName;
     double radius = 0.0; ///< drawing units
     int isSquareWell = 0;
+    int system = 0; ///< the number of its name
+};
+
+/// What many sites of a drawing have in common, each kept once.
+struct SharedTraits {
+    SystemNames systems;
+    WellShapes wellShapes;
 };
 
 /// An entity open for reading until it is closed or this ends.
@@ -52,11 +59,12 @@ private:
 };
 
 /// Fills the record of the well `id`, a block reference, of which the rest is known from its site.
-void ReadWellAt(const WellSite& site, const AcDbObjectId& id, _Block& well);
+void ReadWellAt(const WellSite& site, const SystemNames& systems, const AcDbObjectId& id,
+                _Block& well);
 
 /// Appends the well `id` of a system to the pool and tells where it lies. The record of a block is
 /// read when it is first looked at, if `readsLater`; that of anything else now.
 WellSite AddWellTo(RecordPool<_Block>& pool, const AcDbObjectId& id, ReadEntity& entity,
-                   const CString& system, WellShapes& wellShapes, bool readsLater);
+                   const CString& system, SharedTraits& traits, bool readsLater);
 
 } // namespace tkvlt

@@ -123,7 +123,7 @@ private:
         for (const int pipe : search_.PipesNear(node)) {
             int nearEndIsStart = 0;
             AcGePoint3d seed;
-            if (search_.Site(pipe).systemName.Compare(search_.systemName) == 0 &&
+            if (search_.IsSearched(search_.Site(pipe)) &&
                 search_.TouchesNode(search_.Site(pipe), node, nearEndIsStart, seed)) {
                 ids.push_back(search_.pipePool.IdOf(pipe));
             }

@@ -32,7 +32,7 @@ Touching touchingOf(const tkvlt::GravityNetworkSearch& search, const Well& node)
     for (const int i : search.PipesNear(node)) {
         int nearEndIsStart = 0;
         AcGePoint3d seed;
-        if (search.Site(i).systemName.Compare(search.systemName) == 0 &&
+        if (search.IsSearched(search.Site(i)) &&
             search.TouchesNode(search.Site(i), node, nearEndIsStart, seed)) {
             ++touching.pipes;
             tellFlow(search.pipePool.IdOf(i), nearEndIsStart != 0, touching);

@@ -27,14 +27,17 @@ TEST(BoxTree, BoxesThatOnlyTouchOverlap) {
 
 // Nothing tells these apart by where their middles lie.
 TEST(BoxTree, BoxesAroundOneMiddleAreToldApart) {
-    std::vector<PlanBox> boxes;
-    for (int i = 0; i < 40; ++i) {
-        boxes.push_back({-1.0 * i, -2.0 * i, 1.0 * i, 2.0 * i});
+    for (const int count : {40, 4000}) {
+        std::vector<PlanBox> boxes;
+        for (int i = 0; i < count; ++i) {
+            boxes.push_back({-1.0 * i, -2.0 * i, 1.0 * i, 2.0 * i});
+        }
+        const BoxTree tree(boxes);
+        const std::vector<int> outermost{count - 2, count - 1};
+        EXPECT_EQ(found(tree, {count - 2.5, 0, 9999, 0}), outermost);
+        EXPECT_EQ(found(tree, {0, -9999, 0, 4.5 - 2.0 * count}), outermost);
+        EXPECT_EQ(found(tree, {0, 0, 0, 0}).size(), static_cast<std::size_t>(count));
     }
-    const BoxTree tree(boxes);
-    EXPECT_EQ(found(tree, {37.5, 0, 99, 0}), (std::vector<int>{38, 39}));
-    EXPECT_EQ(found(tree, {0, -99, 0, -75.5}), (std::vector<int>{38, 39}));
-    EXPECT_EQ(found(tree, {0, 0, 0, 0}).size(), 40U);
 }
 
 // A boundless box has no middle, and hides none of the others.
@@ -53,7 +56,7 @@ TEST(BoxTree, FindsWhatAPlainScanFindsOnEveryLevel) {
     std::mt19937 random(7);
     std::uniform_real_distribution<double> place(-500.0, 500.0);
     std::uniform_real_distribution<double> size(0.0, 20.0);
-    for (const std::size_t count : {1U, 15U, 16U, 17U, 256U, 257U, 5000U}) {
+    for (const std::size_t count : {1U, 15U, 16U, 17U, 256U, 257U, 2047U, 2048U, 5000U}) {
         std::vector<PlanBox> boxes(count);
         for (PlanBox& box : boxes) {
             box = {place(random), place(random), 0.0, 0.0};

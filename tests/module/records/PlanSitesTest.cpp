@@ -12,7 +12,7 @@ namespace {
 using tkvlt::PipeSite;
 using tkvlt::ReadEntity;
 using tkvlt::RecordPool;
-using tkvlt::WellShapes;
+using tkvlt::SharedTraits;
 using tkvlt::WellSite;
 
 class PlanSites : public DrawingTest {
@@ -25,13 +25,13 @@ protected:
 
     WellSite addWell(AcDbObjectId id, bool readsLater) {
         ReadEntity entity(id);
-        return tkvlt::AddWellTo(pool, id, entity, XdataText(id, xdata::kWellSystem), wellShapes,
+        return tkvlt::AddWellTo(pool, id, entity, XdataText(id, xdata::kWellSystem), traits,
                                 readsLater);
     }
 
     PipeSite site;
     RecordPool<_Block> pool;
-    WellShapes wellShapes;
+    SharedTraits traits;
 };
 
 TEST_F(PlanSites, AStraightPipeIsTakenFromItsCurve) {
@@ -109,7 +109,7 @@ TEST_F(PlanSites, AWellIsTakenFromItsReference) {
         EXPECT_TRUE(samePoint(well.position, {7, 8, 9}, 0.0));
         EXPECT_DOUBLE_EQ(well.radius, 1.2);
         EXPECT_EQ(well.isSquareWell, 1);
-        EXPECT_EQ(utf8(well.systemName), "雨水");
+        EXPECT_EQ(utf8(traits.systems[well.system]), "雨水");
     }
     ASSERT_EQ(pool.Size(), 2);
     EXPECT_FALSE(pool.IsRead(0));
@@ -156,7 +156,7 @@ TEST_F(PlanSites, AWellThatIsNoBlockIsReadAtOnce) {
     EXPECT_TRUE(samePoint(well.position, {0, 0, 0}, 0.0));
     EXPECT_DOUBLE_EQ(well.radius, 1.5);
     EXPECT_EQ(well.isSquareWell, 0);
-    EXPECT_EQ(utf8(well.systemName), "污水");
+    EXPECT_EQ(utf8(traits.systems[well.system]), "污水");
 }
 
 TEST_F(PlanSites, AWellReadBesideItsSiteIsTheWholeRecord) {
@@ -170,7 +170,7 @@ TEST_F(PlanSites, AWellReadBesideItsSiteIsTheWholeRecord) {
         drawing.addEntity(reference, {{xdata::kWellSystem, kSewer}, {xdata::kWellDiameter, L"4"}});
     const WellSite well = addWell(id, true);
     _Block block;
-    tkvlt::ReadWellAt(well, id, block);
+    tkvlt::ReadWellAt(well, traits.systems, id, block);
     EXPECT_EQ(block.id, id);
     EXPECT_EQ(utf8(block.systemName), "污水");
     EXPECT_EQ(utf8(block.layer), "井");
