@@ -2,7 +2,9 @@
 
 #include "frame/FlowKind.h"
 #include "frame/GravitySearchObject.h"
+#include "frame/SearchInformation.h"
 #include "gravity/GetGravityNetwork.h"
+#include "gravity/GravityNetworkSearch.h"
 #include "pressure/GetPressureNetwork.h"
 #include "pressure/PressureSearchObject.h"
 #include "records/XdataKeys.h"
@@ -28,10 +30,12 @@ void DeleteResult(SearchObject*& object) {
 }
 
 int SearchGravity(SearchObject*& object, AcDbObjectId& startId, AcDbObjectId& endId,
-                  AcGePoint3d& point) {
+                  AcGePoint3d& point, tkvlt::GravityNetworkSearch* collected) {
     auto* network = new GravitySearchObject;
     object = network;
-    if (GetGravityNetwork(network, startId, endId, point) == 0) {
+    const int found = collected != nullptr ? collected->RunAgain(network, startId, endId, point)
+                                           : GetGravityNetwork(network, startId, endId, point);
+    if (found == 0) {
         DeleteResult(object);
         return 0;
     }
@@ -50,18 +54,23 @@ int SearchPressure(SearchObject*& object, AcDbObjectId& startId, AcGePoint3d& po
 
 } // namespace
 
-int GetSearchInformation(SearchObject*& object, AcDbObjectId& startId, AcDbObjectId& endId,
-                         AcGePoint3d point) {
+int tkvlt::SearchInformation(SearchObject*& object, AcDbObjectId& startId, AcDbObjectId& endId,
+                             AcGePoint3d point, GravityNetworkSearch* collected) {
     const CString name = PickedSystemName(startId);
     if (name.IsEmpty()) {
         return 0;
     }
     switch (PelGetDirectionSytle(name)) {
     case 1:
-        return SearchGravity(object, startId, endId, point);
+        return SearchGravity(object, startId, endId, point, collected);
     case 0:
         return SearchPressure(object, startId, point);
     default:
         return 1;
     }
+}
+
+int GetSearchInformation(SearchObject*& object, AcDbObjectId& startId, AcDbObjectId& endId,
+                         AcGePoint3d point) {
+    return tkvlt::SearchInformation(object, startId, endId, point, nullptr);
 }

@@ -49,6 +49,25 @@ int GravityNetworkSearch::Run() {
     if (CollectEntities() == 0) {
         return 0;
     }
+    return SearchCollected();
+}
+
+int GravityNetworkSearch::RunAgain(GravitySearchObject* object, AcDbObjectId& startId,
+                                   AcDbObjectId& endId, AcGePoint3d& point) {
+    this->startId = &startId;
+    this->endId = &endId;
+    searchPoint = &point;
+    // An entity that does not carry a name leaves it as it is.
+    systemName.Empty();
+    if (ValidateEnds() == 0) {
+        return 0;
+    }
+    RestorePools();
+    BeginAnother(object);
+    return SearchCollected();
+}
+
+int GravityNetworkSearch::SearchCollected() {
     MakeRoomForResult();
     const int walked = PlaceRootWell() != 0 ? WalkFromWell(0) : 0;
     GiveSpareRoomBack();

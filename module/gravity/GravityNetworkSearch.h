@@ -71,6 +71,11 @@ public:
 
     /// Validates, collects, places the root, walks, traces the end path and orders the heights.
     int Run();
+    /// Does the same from another entity, on what has been collected. The drawing may have got
+    /// other heights since, and nothing else.
+    /// @param object, startId, endId, point as at construction.
+    int RunAgain(GravitySearchObject* object, AcDbObjectId& startId, AcDbObjectId& endId,
+                 AcGePoint3d& point);
     int ValidateEnds();
     int CollectEntities();
     /// Collects whatever there is; always 1.
@@ -186,6 +191,7 @@ private:
 
     void AddPipe(const AcDbObjectId& id, ReadEntity& entity, const CString& system);
     int ValidateEndEntity();
+    int SearchCollected();
     void MakeRoomForEntities(std::size_t most);
     void MakeRoomForResult();
     void GiveSpareRoomBack();

@@ -1,12 +1,12 @@
 #include "services/LowerHeightForCollideTest.h"
 
-#include "frame/GetSearchInformation.h"
 #include "frame/GravitySearchObject.h"
+#include "frame/SearchInformation.h"
 #include "records/Pipe.h"
 #include "records/XdataKeys.h"
-#include "services/GetSingleSeg.h"
 #include "services/PipeHeights.h"
 #include "services/PropagateLowering.h"
+#include "services/SingleSeg.h"
 
 namespace {
 
@@ -18,9 +18,9 @@ struct FoundNetwork {
     ~FoundNetwork() { delete object; }
 
     /// 1 also without an object, for a system that the settings do not know.
-    int SearchFrom(AcDbObjectId entity) {
+    int SearchFrom(AcDbObjectId entity, tkvlt::GravityNetworkSearch& collected) {
         AcDbObjectId noEnd;
-        return GetSearchInformation(object, entity, noEnd, AcGePoint3d());
+        return tkvlt::SearchInformation(object, entity, noEnd, AcGePoint3d(), &collected);
     }
 
     /// Null without an object or with a network of the other kind.
@@ -72,7 +72,8 @@ bool WaterComesFromEnd(const AcDbObjectId& pipe) {
 
 int LowerHeightForCollideTest(AcDbObjectId pipe, double drop) {
     Seg seg;
-    if (GetSingleSeg(seg, pipe) == 0 || seg.kind != 1) {
+    std::optional<tkvlt::SinglePipeSearch> search;
+    if (tkvlt::FindSingleSeg(seg, pipe, search) == 0 || seg.kind != 1) {
         return 0;
     }
     const GravitySeg& stretch = seg.gravity;
@@ -86,7 +87,8 @@ int LowerHeightForCollideTest(AcDbObjectId pipe, double drop) {
         }
     }
     FoundNetwork network;
-    if (network.SearchFrom(stretch.endEntity) == 0) {
+    // What was collected for the stretch serves here too: only heights have changed since.
+    if (network.SearchFrom(stretch.endEntity, search->Collected()) == 0) {
         return 0;
     }
     // Written only now, so that the search has seen the stretch at its old heights.

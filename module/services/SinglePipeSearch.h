@@ -5,8 +5,8 @@
 namespace tkvlt {
 
 /// A gravity search that only looks at single pipes: the drawing's pools, without start, end or
-/// result. The drawing must stay as it is while it lives. Construction costs one pass over
-/// it.
+/// result. The drawing must stay as it is while it lives, heights apart. Construction costs one
+/// pass over it.
 class SinglePipeSearch {
 public:
     SinglePipeSearch() : search_(nullptr, noEntity_, noEntity_, origin_) {
@@ -21,6 +21,9 @@ public:
     int Build(GravitySeg& seg, const AcDbObjectId& pipe, const CString& systemName) {
         return search_.BuildSinglePipeSeg(seg, pipe, systemName);
     }
+
+    /// The search itself, with all that it has collected.
+    GravityNetworkSearch& Collected() { return search_; }
 
 private:
     AcDbObjectId noEntity_; // the search refers to these, so they stand before it
