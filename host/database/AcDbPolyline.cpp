@@ -4,6 +4,7 @@
 #include "database/PolylinePath.h"
 
 #include <algorithm>
+#include <cmath>
 
 ACRX_DEFINE_MEMBERS(AcDbPolyline, AcDbCurve, L"LWPOLYLINE")
 
@@ -17,9 +18,13 @@ AcRxObject* AcDbPolyline::clone() const {
 
 AcGePoint3d AcDbPolyline::worldPoint(unsigned int index) const {
     const AcGePoint2d& point = vertices_[index].point;
-    const AcGePoint3d inPlane(point.x, point.y, elevation_);
     const bool liesInPlan = normal_.x == 0.0 && normal_.y == 0.0 && normal_.z == 1.0;
-    return liesInPlan ? inPlane : AcGeMatrix3d::planeToWorld(normal_) * inPlane;
+    if (liesInPlan && std::isfinite(point.x) && std::isfinite(point.y) &&
+        std::isfinite(elevation_)) {
+        // What the identity would give: it makes 0 of -0.
+        return {point.x + 0.0, point.y + 0.0, elevation_ + 0.0};
+    }
+    return AcGeMatrix3d::planeToWorld(normal_) * AcGePoint3d(point.x, point.y, elevation_);
 }
 
 unsigned int AcDbPolyline::nextOf(unsigned int index) const {

@@ -122,6 +122,7 @@ int acedSSGet(const ACHAR* mode, const void* point1, const void* point2, const r
     if (selected->empty()) {
         return RTERROR;
     }
+    selected->shrink_to_fit(); // it began with every candidate, and is kept
     const auto ids = std::make_shared<std::vector<AcDbObjectId>>(std::move(*selected));
     if (!host_ed::enterSet(host_ed::SelectionSet(ids), set)) {
         return RTERROR;

@@ -54,6 +54,7 @@ int GravityNetworkSearch::Run() {
 
 int GravityNetworkSearch::RunAgain(GravitySearchObject* object, AcDbObjectId& startId,
                                    AcDbObjectId& endId, AcGePoint3d& point) {
+    RestorePools();
     this->startId = &startId;
     this->endId = &endId;
     searchPoint = &point;
@@ -62,8 +63,7 @@ int GravityNetworkSearch::RunAgain(GravitySearchObject* object, AcDbObjectId& st
     if (ValidateEnds() == 0) {
         return 0;
     }
-    RestorePools();
-    BeginAnother(object);
+    result = object;
     return SearchCollected();
 }
 

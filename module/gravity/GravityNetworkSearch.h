@@ -12,7 +12,6 @@
 #include "records/Pipe.h"
 #include "records/PlanSites.h"
 #include "records/RecordPool.h"
-#include "records/WellShape.h"
 
 namespace tkvlt {
 
@@ -59,7 +58,7 @@ struct ChainOutcome {
 /// the length of one call.
 ///
 /// `Run` is the whole search. The single-pipe path uses `CollectEntitiesOnly` and
-/// `BuildSinglePipeSeg` on a context without a result.
+/// `BuildSinglePipeSeg` on a context without a result, and lowering `RunAgain` behind that.
 class GravityNetworkSearch {
 public:
     /// @param object what is filled; not owned. Null on the single-pipe path.
@@ -71,17 +70,19 @@ public:
 
     /// Validates, collects, places the root, walks, traces the end path and orders the heights.
     int Run();
-    /// Does the same from another entity, on what has been collected. The drawing may have got
-    /// other heights since, and nothing else.
-    /// @param object, startId, endId, point as at construction.
+    /// Does the same from another entity, on all that has been collected. The drawing may have got
+    /// other heights since, and nothing else. Before anything else is asked of the search then, the
+    /// pools are to be restored.
+    /// @param object an empty one; all four serve for this call alone.
     int RunAgain(GravitySearchObject* object, AcDbObjectId& startId, AcDbObjectId& endId,
                  AcGePoint3d& point);
     int ValidateEnds();
     int CollectEntities();
     /// Collects whatever there is; always 1.
     int CollectEntitiesOnly();
-    /// Says that the drawing stays as it is while this search lives. A search that looks entries up
-    /// by an index then reads of most entities no more than where they lie. `Run` says so itself.
+    /// Says that the drawing stays as it is while this search lives, heights apart. A search that
+    /// looks entries up by an index then reads of most entities no more than where they lie. `Run`
+    /// says so itself.
     void LetDrawingStay() { drawingStays_ = true; }
     /// Where the pipes and the wells lay when they were collected, by pool index.
     const LargeVector<PipeSite>& PipeSites() const { return pipeSites_; }
@@ -91,8 +92,8 @@ public:
         return wellSites_[static_cast<std::size_t>(well)];
     }
     /// Whether a pipe or a well, given by its site, is of the system that is searched.
-    template<class Site>
-    bool IsSearched(const Site& site) const {
+    template<class PlanSite>
+    bool IsSearched(const PlanSite& site) const {
         return traits_.systems[site.system].Compare(systemName) == 0;
     }
     /// Leaves exactly one node in an empty result.
@@ -121,8 +122,7 @@ public:
     /// @param outThroughStart nonzero when the chain leaves `pipe` through its start point.
     /// @param seed where the chain entered `pipe`; it serves only for measuring.
     /// @return 1 with the chain and its target in the context; 0 with marks, list and length as
-    /// they
-    ///         were. A chain that comes near a known node raises `abortFlag` and ends.
+    ///         they were. A chain that comes near a known node raises `abortFlag` and ends.
     int TraceChain(int pipe, int outThroughStart, AcGePoint3d seed);
     /// Measures `pipe` into the chain and puts `nextPipe` behind it, unless that is -1; always 1.
     int AddChainLink(int pipe, int nextPipe, AcGePoint3d from, AcGePoint3d to);
@@ -164,7 +164,7 @@ public:
     AcDbObjectId* startId;
     AcDbObjectId* endId;
     AcGePoint3d* searchPoint;    ///< read only when a start pipe has a target on both sides
-    int abortFlag;               ///< 1 once a cycle was met; nothing clears it
+    int abortFlag;               ///< 1 once a cycle was met, until another begins
     RecordPool<_Pipe> pipePool;  ///< pipes not yet part of a segment
     RecordPool<_Block> wellPool; ///< wells of the drawing; one leaves only by merging
     RecordPool<_Block> tankPool; ///< tanks of the drawing

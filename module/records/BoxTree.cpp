@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
 #include <cstdint>
-#include <limits>
 #include <numeric>
 #include <vector>
+
+#include "records/ToFloat.h"
 
 namespace tkvlt {
 
@@ -33,25 +35,36 @@ std::size_t ItemOf(std::uint64_t key) {
     return static_cast<std::uint32_t>(key);
 }
 
-/// The items in their order, each with a coordinate of its box. The places are rounded to one in
-/// four thousand million, which is all the same to a packing.
+/// Numbers in the order of the floats.
+std::uint32_t Ordered(float number) {
+    constexpr std::uint32_t sign = 1U << 31;
+    const auto bits = std::bit_cast<std::uint32_t>(number);
+    return (bits & sign) != 0 ? ~bits : bits | sign;
+}
+
+/// A coordinate that the drawing lies around: a stray box or two at either end of the list do not
+/// move it away.
+template<class Coordinate>
+double OriginOf(Coordinate coordinate, const std::vector<PlanBox>& boxes) {
+    if (boxes.empty()) {
+        return 0.0;
+    }
+    const double first = coordinate(boxes.front());
+    const double middle = coordinate(boxes[boxes.size() / 2]);
+    const double last = coordinate(boxes.back());
+    return std::max(std::min(first, last), std::min(middle, std::max(first, last)));
+}
+
+/// The items in their order, each with a coordinate of its box. Floats tell neighbours apart
+/// wherever most boxes lie, however far from them a stray one does.
 template<class Coordinate>
 Keys KeysBy(Coordinate coordinate, const std::vector<PlanBox>& boxes) {
-    double low = std::numeric_limits<double>::infinity();
-    double high = -low;
-    for (const PlanBox& box : boxes) {
-        low = std::min(low, coordinate(box));
-        high = std::max(high, coordinate(box));
-    }
-    constexpr double places = 4294967295.0;
-    const double scale = places / (high - low);
-    const bool isUsable = high > low && std::isfinite(high - low) && std::isfinite(scale);
+    const double origin = OriginOf(coordinate, boxes);
     Keys keys;
     keys.reserve(boxes.size());
     for (const PlanBox& box : boxes) {
-        const double place =
-            isUsable ? std::clamp((coordinate(box) - low) * scale, 0.0, places) : 0.0;
-        keys.push_back(static_cast<std::uint64_t>(place) << kHalf | keys.size());
+        const std::uint64_t place = Ordered(ToFloat(coordinate(box) - origin));
+        keys.push_back(place << kHalf | keys.size());
     }
     return keys;
 }

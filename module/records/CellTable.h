@@ -44,6 +44,9 @@ public:
         const std::int32_t x1 = CellNumber(box.maxX);
         const std::int32_t y0 = CellNumber(box.minY);
         const std::int32_t y1 = CellNumber(box.maxY);
+        if (x1 < x0 || y1 < y0) {
+            return; // however long the other side is
+        }
         const double cells =
             (static_cast<double>(x1) - x0 + 1.0) * (static_cast<double>(y1) - y0 + 1.0);
         if (!(cells <= static_cast<double>(first_.size()))) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "records/CellGrid.h"
+#include "records/CellTable.h"
 #include "records/Indices.h"
 
 namespace tkvlt {

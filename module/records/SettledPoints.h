@@ -1,13 +1,12 @@
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 
 #include "records/CellTable.h"
 #include "records/Indices.h"
 #include "records/LargeVector.h"
+#include "records/ToFloat.h"
 
 namespace tkvlt {
 
@@ -16,9 +15,11 @@ namespace tkvlt {
 /// Those of a cell lie side by side, with as much of their coordinates as a `float` holds: laying
 /// them out takes a search that reads little else a good part of its time, and their memory is most
 /// of that. An answer therefore may name points that miss the box by less than such rounding, two
-/// parts in ten million of a coordinate; it leaves out none that lies in the box.
+/// parts in ten million of a coordinate, and beyond 3e38 any; it leaves out none that lies in the
+/// box.
 class SettledPoints {
 public:
+    /// Without points, so that no place tells where its own begin: each ends where it begins.
     SettledPoints() : table_(1.0, 0) {}
     /// Items 0 to `count` - 1. Linear.
     /// @param usualQuery side of the square that is mostly asked for; one that is not finite and
@@ -43,7 +44,7 @@ public:
         for (std::size_t item = count; item-- > 0;) {
             const AcGePoint3d& point = pointOf(item);
             const int at = --table_.First(places[item]);
-            points_[static_cast<std::size_t>(at)] = {Rounded(point.x), Rounded(point.y),
+            points_[static_cast<std::size_t>(at)] = {ToFloat(point.x), ToFloat(point.y),
                                                      static_cast<int>(item)};
         }
     }
@@ -51,10 +52,11 @@ public:
     /// Appends the items whose points lie in `box`, bounds included, and perhaps some that miss it
     /// by rounding, in no order and now and then twice.
     void Collect(const PlanBox& box, Indices& items) const {
-        const float minX = Rounded(box.minX);
-        const float minY = Rounded(box.minY);
-        const float maxX = Rounded(box.maxX);
-        const float maxY = Rounded(box.maxY);
+        // Rounding keeps order, so that a point of the box lies in the rounded box.
+        const float minX = ToFloat(box.minX);
+        const float minY = ToFloat(box.minY);
+        const float maxX = ToFloat(box.maxX);
+        const float maxY = ToFloat(box.maxY);
         table_.ForEachPlace(box, [&](std::size_t place) {
             const std::size_t end = EndOf(place);
             for (std::size_t at = BeginOf(place); at < end; ++at) {
@@ -76,13 +78,6 @@ private:
         float y;
         int item;
     };
-
-    /// Of two coordinates the smaller one never becomes the larger, so that a point of the box
-    /// stays in the rounded box.
-    static float Rounded(double coordinate) {
-        constexpr double largest = std::numeric_limits<float>::max();
-        return static_cast<float>(std::clamp(coordinate, -largest, largest));
-    }
 
     std::size_t BeginOf(std::size_t place) const {
         return static_cast<std::size_t>(table_.First(place));

@@ -1,5 +1,7 @@
 #include "services/LowerHeightForCollideTest.h"
 
+#include <optional>
+
 #include "frame/GravitySearchObject.h"
 #include "frame/SearchInformation.h"
 #include "records/Pipe.h"

@@ -3,6 +3,7 @@
 #include "host/database/DatabaseFixture.h"
 
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 namespace {
@@ -117,6 +118,30 @@ TEST(AcDbPolylineTest, VerticesStandInItsOwnPlane) {
     ASSERT_EQ(polyline.getPointAt(0, own), Acad::eOk);
     EXPECT_EQ(own.x, 5.0);
     EXPECT_EQ(own.y, 1.0);
+}
+
+// As the matrix of its plane has it, which is the identity: nought has no sign, and what is not
+// finite spoils the other coordinates.
+TEST(AcDbPolylineTest, VerticesInPlanAreThoseThatTheIdentityGives) {
+    constexpr double boundless = std::numeric_limits<double>::infinity();
+    for (const AcGePoint3d& vertex :
+         {AcGePoint3d(-0.0, -0.0, -0.0), AcGePoint3d(3.0, -4.5, 7.0),
+          AcGePoint3d(boundless, 1.0, 2.0), AcGePoint3d(1.0, -boundless, 2.0),
+          AcGePoint3d(1.0, 2.0, boundless)}) {
+        AcDbPolyline polyline(1);
+        polyline.addVertexAt(0, AcGePoint2d(vertex.x, vertex.y));
+        polyline.setElevation(vertex.z);
+        AcGePoint3d point;
+        ASSERT_EQ(polyline.getPointAt(0, point), Acad::eOk);
+        const AcGePoint3d expected = AcGeMatrix3d::kIdentity * vertex;
+        const double of[] = {point.x, point.y, point.z};
+        const double wanted[] = {expected.x, expected.y, expected.z};
+        for (int i = 0; i < 3; ++i) {
+            EXPECT_EQ(std::isnan(of[i]), std::isnan(wanted[i])) << i;
+            EXPECT_TRUE(std::isnan(of[i]) || of[i] == wanted[i]) << i;
+            EXPECT_TRUE(std::isnan(of[i]) || std::signbit(of[i]) == std::signbit(wanted[i])) << i;
+        }
+    }
 }
 
 TEST(AcDbPolylineTest, VerticesAreInsertedChangedAndRemoved) {

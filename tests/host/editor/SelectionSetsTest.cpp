@@ -336,27 +336,32 @@ TEST_F(SelectionSetsTest, SetsAreFilledByHand) {
     EXPECT_EQ(acedSSAdd(nothing, nullptr, alone), RTERROR);
 }
 
-// What was selected last, and other sets of it, stay when one set is changed.
-TEST_F(SelectionSetsTest, ASetThatChangesIsTheOnlyOne) {
+// What was selected last stays as it was when the set is changed, whichever way and first of all.
+TEST_F(SelectionSetsTest, ASetThatChangesLeavesWhatWasSelectedLast) {
     const AcDbObjectId first = addLine({0, 0, 0}, {1, 0, 0});
     const AcDbObjectId second = addLine({0, 1, 0}, {1, 1, 0});
-    ads_name everything;
-    ads_name previous;
-    ASSERT_EQ(acedSSGet(L"X", nullptr, nullptr, nullptr, everything), RTNORM);
+    const auto select = [](const ACHAR* mode, ads_name set) {
+        ASSERT_EQ(acedSSGet(mode, nullptr, nullptr, nullptr, set), RTNORM);
+    };
+    ads_name grown;
+    select(L"X", grown);
     const AcDbObjectId third = addLine({0, 2, 0}, {1, 2, 0});
-    ads_name firstName;
-    ads_name thirdName;
-    acdbGetAdsName(firstName, first);
-    acdbGetAdsName(thirdName, third);
-    EXPECT_EQ(acedSSDel(firstName, everything), RTNORM);
-    EXPECT_EQ(acedSSAdd(thirdName, everything, everything), RTNORM);
-    EXPECT_EQ(idsOf(everything), (std::vector<AcDbObjectId>{second, third}));
-    ASSERT_EQ(acedSSGet(L"P", nullptr, nullptr, nullptr, previous), RTNORM);
-    EXPECT_EQ(idsOf(previous), (std::vector<AcDbObjectId>{first, second}));
-    EXPECT_EQ(acedSSDel(firstName, previous), RTNORM);
-    EXPECT_EQ(idsOf(everything), (std::vector<AcDbObjectId>{second, third}));
-    acedSSFree(everything);
-    acedSSFree(previous);
+    ads_name name;
+    acdbGetAdsName(name, third);
+    EXPECT_EQ(acedSSAdd(name, grown, grown), RTNORM);
+    EXPECT_EQ(idsOf(grown), (std::vector<AcDbObjectId>{first, second, third}));
+    ads_name shrunk;
+    select(L"P", shrunk);
+    EXPECT_EQ(idsOf(shrunk), (std::vector<AcDbObjectId>{first, second}));
+    acdbGetAdsName(name, first);
+    EXPECT_EQ(acedSSDel(name, shrunk), RTNORM);
+    EXPECT_EQ(idsOf(shrunk), (std::vector<AcDbObjectId>{second}));
+    ads_name again;
+    select(L"P", again);
+    EXPECT_EQ(idsOf(again), (std::vector<AcDbObjectId>{first, second}));
+    for (ads_name* set : {&grown, &shrunk, &again}) {
+        acedSSFree(*set);
+    }
 }
 
 TEST_F(SelectionSetsTest, TakingOutWhileWalkingKeepsTheRestInOrder) {

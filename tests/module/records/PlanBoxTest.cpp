@@ -18,6 +18,24 @@ bool isEverywhere(const PlanBox& box) {
            box.maxY == kInfinite;
 }
 
+TEST(PlanBox, IncludesAnotherAndPassesOverWhatIsNoNumber) {
+    PlanBox box{0, 0, 1, 1};
+    box.Include({-2, 0.5, 0.5, 3});
+    EXPECT_EQ(box.minX, -2.0);
+    EXPECT_EQ(box.minY, 0.0);
+    EXPECT_EQ(box.maxX, 1.0);
+    EXPECT_EQ(box.maxY, 3.0);
+    const PlanBox unknown{kNoNumber, kNoNumber, kNoNumber, kNoNumber};
+    for (const bool unknownFirst : {true, false}) {
+        PlanBox either = unknownFirst ? unknown : box;
+        either.Include(unknownFirst ? box : unknown);
+        EXPECT_EQ(either.minX, -2.0) << unknownFirst;
+        EXPECT_EQ(either.minY, 0.0) << unknownFirst;
+        EXPECT_EQ(either.maxX, 1.0) << unknownFirst;
+        EXPECT_EQ(either.maxY, 3.0) << unknownFirst;
+    }
+}
+
 TEST(PlanBox, AroundAPlaceHoldsWhatIsAsFarAsTheReach) {
     const AcGePoint3d place(500000.0, 4000000.0, 12.0);
     const PlanBox box = PlanBox::Around(place, 0.5);

@@ -76,6 +76,7 @@ TYPED_TEST(PointsInPlan, ABoxTurnedInsideOutHoldsNothing) {
     const auto grid = indexOf<TypeParam>(1.0, {{0, 0, 0}, {5, 5, 0}, {100, 100, 0}});
     EXPECT_TRUE(found(grid, {6, -1, -1, 6}).empty());
     EXPECT_TRUE(found(grid, {-1, 200, 200, -1}).empty());
+    EXPECT_TRUE(found(grid, {1000, -kBoundless, -1000, kBoundless}).empty());
 }
 
 // Points on, just below and just above every border that cells of a side of 4, 8 or 64 have: each
