@@ -77,7 +77,7 @@ public:
     }
 
     void runAgain(Outcome& outcome, AcDbObjectId start, AcDbObjectId end, AcGePoint3d pick) {
-        search_.takeBacksBeforeOutlook = start.handle().low() % 2 == 0 ? 0 : kTakeBacks;
+        search_.takeBacksBeforeOutlook = start.handle().low() % 2 == 0 ? 0 : takeBacks_;
         outcome.result = search_.RunAgain(&outcome.network, start, end, pick);
         outcome.abortFlag = search_.abortFlag;
     }
@@ -88,10 +88,10 @@ public:
     }
 
 private:
-    static constexpr int kTakeBacks = 32;
     AcDbObjectId none_;
     AcGePoint3d origin_;
     GravityNetworkSearch search_;
+    const int takeBacks_ = search_.takeBacksBeforeOutlook;
 };
 
 void expectSame(const Outcome& one, const Outcome& other) {
