@@ -18,8 +18,8 @@ class CellTable {
 public:
     static constexpr int kNone = -1;
 
-    /// The side of cells of which a query mostly needs one, and queries of places near one another
-    /// the same or the next.
+    /// The side of the smallest cells of which a query mostly needs one, and queries of places near
+    /// one another the same or the next.
     /// @param usualQuery side of the square that is mostly asked for; one that is not finite and
     ///                   positive counts as 1.
     static double SideFor(double usualQuery);

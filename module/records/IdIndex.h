@@ -1,9 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <utility>
 
 #include "platform.h"
 #include "records/Indices.h"
@@ -14,12 +14,13 @@ namespace tkvlt {
 /// Indices by the id of an entity, of which one may have several.
 class IdIndex {
 public:
-    /// @param index not negative.
     void Add(const AcDbObjectId& id, int index) {
-        if (2 * (count_ + 1) > places_.size()) {
+        entries_.push_back({id, index});
+        if (2 * entries_.size() > places_.size()) {
             Lengthen();
+        } else {
+            Enter(entries_.size() - 1);
         }
-        Enter({id, index});
     }
 
     /// What was added under `id`, each index once, in increasing order.
@@ -28,9 +29,10 @@ public:
         if (places_.empty()) {
             return matches;
         }
-        for (std::size_t at = PlaceOf(id); places_[at].index >= 0; at = Next(at)) {
-            if (places_[at].id == id) {
-                matches.push_back(places_[at].index);
+        const std::uint64_t hash = std::hash<AcDbObjectId>{}(id);
+        for (std::size_t at = PlaceOf(hash); places_[at].number != kFree; at = Next(at)) {
+            if (places_[at].tag == TagOf(hash) && entries_[places_[at].number - 1].id == id) {
+                matches.push_back(entries_[places_[at].number - 1].index);
             }
         }
         matches.SortUnique();
@@ -38,41 +40,46 @@ public:
     }
 
 private:
-    struct Place {
+    struct Entry {
         AcDbObjectId id;
-        int index = -1; // free when negative
+        int index;
     };
 
+    /// The tag spares a look at the entries of others: those lie anywhere.
+    struct Place {
+        std::uint32_t tag;
+        std::uint32_t number; // of the entry, from 1 on
+    };
+
+    static constexpr std::uint32_t kFree = 0;
+
     // The upper half of the hash is the better mixed one.
-    std::size_t PlaceOf(const AcDbObjectId& id) const {
+    std::size_t PlaceOf(std::uint64_t hash) const {
         constexpr int half = 32;
-        return (std::uint64_t{std::hash<AcDbObjectId>{}(id)} >> half) & (places_.size() - 1);
+        return (hash >> half) & (places_.size() - 1);
     }
+    static std::uint32_t TagOf(std::uint64_t hash) { return static_cast<std::uint32_t>(hash); }
     std::size_t Next(std::size_t at) const { return (at + 1) & (places_.size() - 1); }
 
-    void Enter(const Place& place) {
-        std::size_t at = PlaceOf(place.id);
-        while (places_[at].index >= 0) {
+    void Enter(std::size_t entry) {
+        const std::uint64_t hash = std::hash<AcDbObjectId>{}(entries_[entry].id);
+        std::size_t at = PlaceOf(hash);
+        while (places_[at].number != kFree) {
             at = Next(at);
         }
-        places_[at] = place;
-        ++count_;
+        places_[at] = {TagOf(hash), static_cast<std::uint32_t>(entry + 1)};
     }
 
     void Lengthen() {
         constexpr std::size_t fewestPlaces = 64;
-        LargeVector<Place> old(places_.empty() ? fewestPlaces : 2 * places_.size());
-        old.swap(places_);
-        count_ = 0;
-        for (const Place& place : old) {
-            if (place.index >= 0) {
-                Enter(place);
-            }
+        places_.assign(std::max(fewestPlaces, 2 * places_.size()), {0, kFree});
+        for (std::size_t entry = 0; entry < entries_.size(); ++entry) {
+            Enter(entry);
         }
     }
 
-    LargeVector<Place> places_; // the length is a power of two
-    std::size_t count_ = 0;
+    LargeVector<Entry> entries_; // in the order in which they were added
+    LargeVector<Place> places_;  // the length is a power of two
 };
 
 } // namespace tkvlt

@@ -13,7 +13,9 @@ public:
     /// Without points.
     /// @param usualQuery side of the square that is mostly asked for; one that is not finite and
     ///                   positive counts as 1.
-    explicit PointGrid(double usualQuery) : grid_(CellTable::SideFor(usualQuery)) {}
+    explicit PointGrid(double usualQuery) : PointGrid(Cells{CellTable::SideFor(usualQuery)}) {}
+    /// Without points, with cells of this side.
+    static PointGrid OfCells(double side) { return PointGrid(Cells{side}); }
 
     void Add(int item, const AcGePoint3d& point) { grid_.Add(item, {point.x, point.y}); }
     /// Removes an item that was added with this point.
@@ -34,6 +36,12 @@ private:
         }
         bool operator==(const PlanPoint& other) const { return x == other.x && y == other.y; }
     };
+
+    struct Cells {
+        double side;
+    };
+
+    explicit PointGrid(const Cells& cells) : grid_(cells.side) {}
 
     CellGrid<PlanPoint> grid_;
 };

@@ -36,7 +36,7 @@ public:
 
     bool IsEmpty() const { return count_ == 0; }
 
-    bool Has(int index) const { return present_[static_cast<std::size_t>(index)] != 0; }
+    bool Has(int index) const { return present_[static_cast<std::size_t>(index)]; }
 
     /// The entity behind an entry, known without reading the record.
     const AcDbObjectId& IdOf(int index) const {
@@ -81,13 +81,13 @@ public:
 
     /// Takes the entry away. It must be present.
     void Remove(int index) {
-        present_[static_cast<std::size_t>(index)] = 0;
+        present_[static_cast<std::size_t>(index)] = false;
         --count_;
     }
 
     /// Puts an entry back that was taken away.
     void PutBack(int index) {
-        present_[static_cast<std::size_t>(index)] = 1;
+        present_[static_cast<std::size_t>(index)] = true;
         ++count_;
     }
 
@@ -96,20 +96,20 @@ public:
     void CloseUp() {
         std::size_t kept = 0;
         for (std::size_t i = 0; i < entries_.size(); ++i) {
-            if (present_[i] != 0) {
+            if (present_[i]) {
                 std::swap(entries_[kept++], entries_[i]);
             }
         }
         entries_.resize(kept);
         entries_.shrink_to_fit();
-        present_.assign(entries_.size(), 1);
+        present_.assign(entries_.size(), true);
         present_.shrink_to_fit();
     }
 
     /// Makes the pool what it was when it had its first `size` entries and none had been taken.
     void RestoreFirst(int size) {
         entries_.resize(static_cast<std::size_t>(size));
-        present_.assign(static_cast<std::size_t>(size), 1);
+        present_.assign(static_cast<std::size_t>(size), true);
         count_ = size;
     }
 
@@ -131,7 +131,7 @@ private:
 
     int Append(const AcDbObjectId& id) {
         entries_.emplace_back().id = id;
-        present_.push_back(1);
+        present_.push_back(true);
         ++count_;
         return Size() - 1;
     }
@@ -148,7 +148,7 @@ private:
 
     Reader read_ = nullptr;
     LargeVector<Entry> entries_;
-    std::vector<char> present_; // apart from the entries, for it is asked far more often
+    std::vector<bool> present_; // apart from the entries and small, for it is asked far more often
     int count_ = 0;
 };
 
