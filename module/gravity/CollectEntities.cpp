@@ -64,6 +64,7 @@ int GravityNetworkSearch::CollectEntitiesOnly() {
 void GravityNetworkSearch::AddPipe(const AcDbObjectId& id, ReadEntity& entity,
                                    const CString& system) {
     PipeSite site;
+    site.id = id;
     site.system = traits_.systems.NumberOf(system);
     if (ReadsLater() && entity.IsStraightAndLonger(kLongestIgnoredPipe, site)) {
         pipePool.AddUnread(id, ReadPipe);
@@ -73,7 +74,7 @@ void GravityNetworkSearch::AddPipe(const AcDbObjectId& id, ReadEntity& entity,
     entity.Close();
     auto pipe = std::make_unique<_Pipe>(id, system);
     if (pipe->GetLength() > kLongestIgnoredPipe) {
-        pipeSites_.push_back({pipe->startPoint, pipe->endPoint, site.system, pipe->isArc});
+        pipeSites_.push_back({pipe->startPoint, pipe->endPoint, id, site.system, pipe->isArc});
         pipePool.Add(std::move(pipe));
     }
 }

@@ -74,10 +74,14 @@ int GravityNetworkSearch::CommitSegment(int well) {
     seg.length = chainLength;
     // Before the pipes leave the pool, for the label is placed on them.
     PlaceAnnotation(seg.annotatePoint, seg.annotateVector, seg.startPoint);
-    TakeChainPipes(seg);
+    const int speaker = TakeChainPipes(seg);
     if (!seg.pipeIds.isEmpty()) {
         seg.systemName = systemName;
-        ReadSegmentValues(seg, seg.pipeIds.at(0));
+        if (unread_ != nullptr) {
+            unread_->segs.Add(speaker, added);
+        } else {
+            ReadSegmentValues(seg, seg.pipeIds.at(0));
+        }
     }
     result->wells.ElementAt(well).outSegs.Add(added);
     result->wells.ElementAt(reached).inSeg = added;
@@ -85,7 +89,8 @@ int GravityNetworkSearch::CommitSegment(int well) {
 }
 
 /// The ids stand in pool order, whatever the order of the chain, in which no pipe stands twice.
-void GravityNetworkSearch::TakeChainPipes(GravitySeg& seg) {
+/// @return the pool index of the first; -1 for none.
+int GravityNetworkSearch::TakeChainPipes(GravitySeg& seg) {
     Indices taken;
     for (int i = 0; i < static_cast<int>(chainPipes.GetSize()); ++i) {
         taken.push_back(chainPipes.GetAt(i));
@@ -94,9 +99,10 @@ void GravityNetworkSearch::TakeChainPipes(GravitySeg& seg) {
     // Exactly so many, for a network has as many of these lists as segments.
     seg.pipeIds.setPhysicalLength(static_cast<int>(taken.size()));
     for (const int pipe : taken) {
-        seg.pipeIds.append(pipePool.IdOf(pipe));
+        seg.pipeIds.append(Site(pipe).id);
         pipePool.Remove(pipe);
     }
+    return taken.empty() ? -1 : taken[0];
 }
 
 } // namespace tkvlt

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "gravity/MakeNode.h"
+#include "records/FetchAhead.h"
 #include "records/XdataKeys.h"
 
 namespace tkvlt {
@@ -29,6 +31,18 @@ EntityKind ReadSystemName(const AcDbObjectId& id, CString& name) {
     }
     return kPipeEntity;
 }
+
+/// Has something noted while this lives.
+class NotedThere {
+public:
+    NotedThere(UnreadResult*& place, UnreadResult& unread) : place_(place) { place_ = &unread; }
+    ~NotedThere() { place_ = nullptr; }
+    NotedThere(const NotedThere&) = delete;
+    NotedThere& operator=(const NotedThere&) = delete;
+
+private:
+    UnreadResult*& place_;
+};
 
 } // namespace
 
@@ -69,7 +83,7 @@ int GravityNetworkSearch::RunAgain(GravitySearchObject* object, AcDbObjectId& st
 
 int GravityNetworkSearch::SearchCollected() {
     MakeRoomForResult();
-    const int walked = PlaceRootWell() != 0 ? WalkFromWell(0) : 0;
+    const int walked = ReadsLater() ? WalkAndReadLater() : WalkFromRoot();
     GiveSpareRoomBack();
     if (walked == 0 || abortFlag != 0) {
         return 0;
@@ -95,6 +109,26 @@ void GravityNetworkSearch::MakeRoomForResult() {
     result->wells.SetSize(result->wells.GetSize(), most);
     // A tree has one edge less than it has nodes.
     result->segs.SetSize(result->segs.GetSize(), std::max<INT_PTR>(most - 1, 0));
+}
+
+int GravityNetworkSearch::WalkFromRoot() {
+    return PlaceRootWell() != 0 ? WalkFromWell(0) : 0;
+}
+
+/// No rule of a walk asks for what is read here behind it. What a walk that fails has found is read
+/// as well, for it stays in the result.
+int GravityNetworkSearch::WalkAndReadLater() {
+    UnreadResult unread{LaterReading(wellPool.Size()), LaterReading(pipePool.Size())};
+    const NotedThere noting(unread_, unread);
+    const int walked = WalkFromRoot();
+    unread.nodes.ReadInOrder([this](int node) { FetchAhead(result->wells.ElementAt(node)); },
+                             [this](int node) { ReadRest(result->wells.ElementAt(node)); });
+    unread.segs.ReadInOrder([this](int seg) { FetchAhead(result->segs.ElementAt(seg)); },
+                            [this](int at) {
+                                GravitySeg& seg = result->segs.ElementAt(at);
+                                ReadSegmentValues(seg, seg.pipeIds.at(0));
+                            });
+    return walked;
 }
 
 void GravityNetworkSearch::GiveSpareRoomBack() {

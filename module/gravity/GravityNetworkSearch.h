@@ -7,6 +7,7 @@
 #include "frame/GravitySearchObject.h"
 #include "gravity/CandidateSource.h"
 #include "gravity/ChainFrame.h"
+#include "gravity/LaterReading.h"
 #include "records/Block.h"
 #include "records/LargeVector.h"
 #include "records/Pipe.h"
@@ -69,6 +70,8 @@ public:
     // The operations return 1 for done and 0 for not done, unless they say otherwise.
 
     /// Validates, collects, places the root, walks, traces the end path and orders the heights.
+    /// When an exception passes, what has been added to the result may lack what is read of it
+    /// last.
     int Run();
     /// Does the same from another entity, on all that has been collected. The drawing may have got
     /// other heights since, and nothing else. Before anything else is asked of the search then, the
@@ -194,6 +197,8 @@ private:
     int SearchCollected();
     void MakeRoomForEntities(std::size_t most);
     void MakeRoomForResult();
+    int WalkFromRoot();
+    int WalkAndReadLater();
     void GiveSpareRoomBack();
 
     int FindPipe(const AcDbObjectId& id) const;
@@ -224,7 +229,7 @@ private:
     bool LeavesCrossing(ChainFrame& level, int pipe, const AcGePoint3d& crossing,
                         ChainBranch& branch) const;
 
-    void TakeChainPipes(GravitySeg& seg);
+    int TakeChainPipes(GravitySeg& seg);
     double PipeLength(int pipe);
     double PipeLength(int pipe, const AcGePoint3d& from, const AcGePoint3d& to) const;
     void AnnotateOnPipe(int pipe, const PipeEnds& ends, double distance, AcGePoint3d& point,
@@ -248,6 +253,7 @@ private:
     std::vector<ChainFrame> levels_; // of the chain that is being traced; kept for its room
     int measuredPipe_ = -1;          // the pipe that was measured last, and its length
     double measuredLength_ = 0.0;
+    UnreadResult* unread_ = nullptr; // gets what a walk leaves unread, while it may do so
 };
 
 /// Straight pipes may be one run when the angle between them is at most this, radians.

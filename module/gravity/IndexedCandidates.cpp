@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "gravity/GravityNetworkSearch.h"
+#include "records/FetchAhead.h"
 #include "records/MedianReach.h"
 #include "records/PipeBox.h"
 
@@ -26,7 +27,7 @@ IndexedCandidates::IndexedCandidates(const GravityNetworkSearch& search) : searc
     IndexWells();
     IndexPipes();
     IndexTanks();
-    nodes_ = PointGrid(usualQuery_);
+    nodes_ = PointGrid::OfCells(wells_.CellSide());
     if (search_.result != nullptr) {
         for (int node = 0; node < static_cast<int>(search_.result->wells.GetSize()); ++node) {
             NodeAdded(node);
@@ -110,6 +111,7 @@ Indices IndexedCandidates::PipesWithEndIn(const PlanBox& box) const {
     pipeEnds_.Collect(box, ends);
     for (int& end : ends) {
         end /= 2;
+        FetchAhead(search_.Site(end));
     }
     KeepPresent(ends, search_.pipePool);
     return ends;
@@ -127,6 +129,9 @@ Indices IndexedCandidates::PipesReachingInto(const PlanBox& box) const {
 Indices IndexedCandidates::WellsIn(const PlanBox& box) const {
     Indices wells;
     wells_.Collect(box, wells);
+    for (const int well : wells) {
+        FetchAhead(search_.SiteOfWell(well));
+    }
     // A distance that is no number is not greater than any, so such a well may lie anywhere.
     wells.Append(unmeasurableWells_);
     KeepPresent(wells, search_.wellPool);
@@ -186,7 +191,7 @@ void IndexedCandidates::BegunAnew() {
         largestWell_ = wellsByReach_.front();
         largestReach_ = WellReach(search_.WellSites()[static_cast<std::size_t>(largestWell_)]);
     }
-    nodes_ = PointGrid(usualQuery_);
+    nodes_ = PointGrid::OfCells(wells_.CellSide());
     nodeIds_ = IdIndex();
 }
 

@@ -8,7 +8,14 @@ namespace tkvlt {
 /// @param kind a `TargetKind`.
 Well MakeNode(const _Block& block, int kind);
 
-/// The same for a node that has the block's own fields already.
+/// Makes a fresh node that of a block.
+void FillNode(Well& node, const _Block& block, int kind);
+
+/// Gives a node that knows its block, its position and its radius what a walk goes by.
 void BecomeNode(Well& node, int kind);
+/// Reads the number of a well.
+void ReadNumber(Well& node);
+/// Reads what a node that was filled from a well's site lacks.
+void ReadRest(Well& node);
 
 } // namespace tkvlt

@@ -82,18 +82,23 @@ int GravityNetworkSearch::AddNode(int kind, int index) {
     const int added = static_cast<int>(result->wells.GetSize());
     result->wells.SetSize(added + 1);
     Well& node = result->wells.ElementAt(added);
-    if (kind != kTankTarget && !wellPool.IsRead(index)) {
-        ReadWellAt(SiteOfWell(index), traits_.systems, wellPool.IdOf(index), node);
+    if (kind == kTankTarget || wellPool.IsRead(index)) {
+        FillNode(node, TargetBlock(kind, index), kind);
     } else {
-        node._Block::operator=(TargetBlock(kind, index));
+        FillFromSite(SiteOfWell(index), traits_.systems, node);
+        BecomeNode(node, kind);
+        if (unread_ != nullptr) {
+            unread_->nodes.Add(index, added);
+        } else {
+            ReadRest(node);
+        }
     }
-    BecomeNode(node, kind);
     candidates_->NodeAdded(added);
     return added;
 }
 
 const AcDbObjectId& GravityNetworkSearch::TargetId(int kind, int index) const {
-    return kind != kTankTarget ? wellPool.IdOf(index) : tankPool.IdOf(index);
+    return kind != kTankTarget ? SiteOfWell(index).id : tankPool.IdOf(index);
 }
 
 const _Block& GravityNetworkSearch::TargetBlock(int kind, int index) const {

@@ -87,7 +87,7 @@ void GravityNetworkSearch::MergeOverlappingWells(int well) {
         const double farthest = widest + node.nodeRadius + gap;
         for (const int i : candidates_->WellsIn(PlanBox::Around(node.nodePoint, farthest))) {
             const WellSite& site = SiteOfWell(i);
-            if (i < next || !IsSearched(site) || IsNode(wellPool.IdOf(i))) {
+            if (i < next || !IsSearched(site) || IsNode(site.id)) {
                 continue;
             }
             const double distance = node.nodePoint.distanceTo(site.position);
@@ -109,10 +109,10 @@ void GravityNetworkSearch::MergeWell(int well, int poolWell, double distance, do
     const AcGePoint3d oldPoint = node.nodePoint;
     node.nodePoint = oldPoint + (SiteOfWell(poolWell).position - oldPoint) * 0.5;
     node.nodeRadius = (distance + node.nodeRadius + radius) * 0.5;
-    node.mergedEntities.append(wellPool.IdOf(poolWell));
+    node.mergedEntities.append(SiteOfWell(poolWell).id);
     wellPool.Remove(poolWell);
     candidates_->NodeMoved(well, oldPoint);
-    candidates_->NodeMerged(well, wellPool.IdOf(poolWell));
+    candidates_->NodeMerged(well, SiteOfWell(poolWell).id);
 }
 
 bool GravityNetworkSearch::IsNode(const AcDbObjectId& id) const {

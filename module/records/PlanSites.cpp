@@ -1,6 +1,5 @@
 #include "records/PlanSites.h"
 
-#include "records/ReadBlockReference.h"
 #include "records/XdataKeys.h"
 
 namespace tkvlt {
@@ -18,18 +17,18 @@ void ReadWell(_Block& well, const AcDbObjectId& id) {
 
 } // namespace
 
-void ReadWellAt(const WellSite& site, const SystemNames& systems, const AcDbObjectId& id,
-                _Block& well) {
-    well.id = id;
+void FillFromSite(const WellSite& site, const SystemNames& systems, _Block& well) {
+    well.id = site.id;
     well.systemName = systems[site.system];
+    well.position = site.position;
     well.radius = site.radius;
     well.isSquareWell = site.isSquareWell;
-    ReadBlockReference(well);
 }
 
 WellSite AddWellTo(RecordPool<_Block>& pool, const AcDbObjectId& id, ReadEntity& entity,
                    const CString& system, SharedTraits& traits, bool readsLater) {
     WellSite site;
+    site.id = id;
     site.system = traits.systems.NumberOf(system);
     if (readsLater && entity.IsWellBlock(site, traits.wellShapes)) {
         pool.AddUnread(id, ReadWell);
@@ -38,7 +37,7 @@ WellSite AddWellTo(RecordPool<_Block>& pool, const AcDbObjectId& id, ReadEntity&
     entity.Close();
     const int added = pool.Add(std::make_unique<_Block>(id, CString(), system));
     const _Block& well = pool[added];
-    return {well.position, well.radius, well.isSquareWell, site.system};
+    return {well.position, id, well.radius, well.isSquareWell, site.system};
 }
 
 ReadEntity::ReadEntity(const AcDbObjectId& id) {

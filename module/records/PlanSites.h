@@ -2,6 +2,7 @@
 
 #include "platform.h"
 #include "records/Block.h"
+#include "records/FetchAhead.h"
 #include "records/RecordPool.h"
 #include "records/SystemNames.h"
 #include "records/WellShape.h"
@@ -10,9 +11,12 @@ namespace tkvlt {
 
 /// Where a pipe lies: what a search must know of every pipe of the drawing. Names and meanings are
 /// those of its record.
-struct PipeSite {
+///
+/// On one line of the processor's cache: a search looks at sites all over the drawing.
+struct alignas(kCacheLine) PipeSite {
     AcGePoint3d startPoint;
     AcGePoint3d endPoint;
+    AcDbObjectId id;
     int system = 0; ///< the number of its name
     int isArc = 0;  ///< the curve leaves the straight line, and only the record knows where to
 
@@ -23,6 +27,7 @@ struct PipeSite {
 /// Where a well lies and how wide it is.
 struct WellSite {
     AcGePoint3d position;
+    AcDbObjectId id;
     double radius = 0.0; ///< drawing units
     int isSquareWell = 0;
     int system = 0; ///< the number of its name
@@ -58,9 +63,9 @@ private:
     AcDbObject* object_ = nullptr;
 };
 
-/// Fills the record of the well `id`, a block reference, of which the rest is known from its site.
-void ReadWellAt(const WellSite& site, const SystemNames& systems, const AcDbObjectId& id,
-                _Block& well);
+/// Gives the record of a well that is a block reference what is known of it from its site, the
+/// position included; the rest is what `ReadBlockReference` reads.
+void FillFromSite(const WellSite& site, const SystemNames& systems, _Block& well);
 
 /// Appends the well `id` of a system to the pool and tells where it lies. The record of a block is
 /// read when it is first looked at, if `readsLater`; that of anything else now.

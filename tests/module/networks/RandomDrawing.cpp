@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
 #include <utility>
 
 namespace module_tests {
@@ -112,7 +113,9 @@ std::vector<AcDbObjectId> RandomDrawing::draw(DrawingBuilder& drawing, const Mot
     constexpr const wchar_t* diameters[] = {L"0", L"0.5", L"1", L"2"};
     std::vector<AcDbObjectId> ids;
     for (const RandomWell& well : wells_) {
+        const std::wstring number = L"W" + std::to_wstring(ids.size());
         ids.push_back(drawing.addWell(motion(well.at), {.diameter = diameters[well.size],
+                                                        .number = number.c_str(),
                                                         .system = well.storm ? kStorm : kSewer,
                                                         .square = well.square}));
     }
@@ -124,7 +127,17 @@ std::vector<AcDbObjectId> RandomDrawing::draw(DrawingBuilder& drawing, const Mot
                                         {std::max(a.x, b.x), std::max(a.y, b.y), 0.0}));
     }
     for (const Pipe& pipe : pipes_) {
-        const PipeTexts texts{.system = pipe.storm ? kStorm : kSewer, .flow = L"SE"};
+        const std::wstring number = std::to_wstring(ids.size());
+        const std::wstring higher = L"8." + number;
+        const std::wstring lower = L"7." + number;
+        const bool falls = ids.size() % 2 == 0;
+        const PipeTexts texts{.system = pipe.storm ? kStorm : kSewer,
+                              .diameter = number.c_str(),
+                              .flow = falls ? L"SE" : L"ES",
+                              .slope = number.c_str(),
+                              .startElevation = falls ? higher.c_str() : lower.c_str(),
+                              .endElevation = falls ? lower.c_str() : higher.c_str(),
+                              .material = number.c_str()};
         const AcGePoint3d from = motion(pipe.from);
         const AcGePoint3d to = motion(pipe.to);
         const bool isArc = pipe.bulge != 0.0 && !(from == to);

@@ -4,6 +4,7 @@
 
 #include "module/support/Compare.h"
 #include "module/support/DrawingBuilder.h"
+#include "records/ReadBlockReference.h"
 #include "records/XdataKeys.h"
 
 namespace module_tests {
@@ -106,6 +107,7 @@ TEST_F(PlanSites, AWellIsTakenFromItsReference) {
         drawing.addWell({7, 8, 9}, {.diameter = L"1.2", .system = kStorm, .square = true});
     for (const bool readsLater : {true, false}) {
         const WellSite well = addWell(id, readsLater);
+        EXPECT_EQ(well.id, id);
         EXPECT_TRUE(samePoint(well.position, {7, 8, 9}, 0.0));
         EXPECT_DOUBLE_EQ(well.radius, 1.2);
         EXPECT_EQ(well.isSquareWell, 1);
@@ -170,7 +172,8 @@ TEST_F(PlanSites, AWellReadBesideItsSiteIsTheWholeRecord) {
         drawing.addEntity(reference, {{xdata::kWellSystem, kSewer}, {xdata::kWellDiameter, L"4"}});
     const WellSite well = addWell(id, true);
     _Block block;
-    tkvlt::ReadWellAt(well, traits.systems, id, block);
+    tkvlt::FillFromSite(well, traits.systems, block);
+    tkvlt::ReadBlockReference(block);
     EXPECT_EQ(block.id, id);
     EXPECT_EQ(utf8(block.systemName), "污水");
     EXPECT_EQ(utf8(block.layer), "井");

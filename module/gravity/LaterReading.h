@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "records/LargeVector.h"
+
+namespace tkvlt {
+
+/// Parts of a result that are filled from the drawing only when the walk is over, in the order of
+/// the pool and with it of the drawing: the walk comes to entities all over the drawing, and memory
+/// is read far faster in order.
+class LaterReading {
+public:
+    /// @param entries so many entries has the pool.
+    explicit LaterReading(int entries) : partOf_(static_cast<std::size_t>(entries), kNone) {}
+
+    /// @param entry the pool index of the entity that the part is filled from; once for each.
+    /// @param part its index in the result.
+    void Add(int entry, int part) { partOf_[static_cast<std::size_t>(entry)] = part; }
+
+    /// Calls `read` with every part that was added, and some parts earlier `announce`, so that the
+    /// memory of the part can be fetched meanwhile.
+    template<class Announce, class Read>
+    void ReadInOrder(Announce announce, Read read) const {
+        std::vector<int> parts;
+        for (const int part : partOf_) {
+            if (part != kNone) {
+                parts.push_back(part);
+            }
+        }
+        constexpr std::size_t ahead = 8;
+        for (std::size_t i = 0; i < parts.size(); ++i) {
+            if (i + ahead < parts.size()) {
+                announce(parts[i + ahead]);
+            }
+            read(parts[i]);
+        }
+    }
+
+private:
+    static constexpr int kNone = -1;
+
+    LargeVector<int> partOf_;
+};
+
+/// What a walk left unread: the block references behind nodes, and the pipes that speak for
+/// segments.
+struct UnreadResult {
+    LaterReading nodes; ///< by the well
+    LaterReading segs;  ///< by the first pipe
+};
+
+} // namespace tkvlt
