@@ -47,6 +47,27 @@ AcGeError checkThreePoints(const AcGePoint3d& start, const AcGePoint3d& point,
 
 } // namespace
 
+constinit const AcGeCircArc3d::Shape AcGeCircArc3d::kUnitCircle;
+
+AcGeCircArc3d::AcGeCircArc3d(const AcGeCircArc3d& other)
+    : AcGeCurve3d(other), shape_(other.shape_ ? std::make_unique<Shape>(*other.shape_) : nullptr) {}
+
+AcGeCircArc3d& AcGeCircArc3d::operator=(const AcGeCircArc3d& other) {
+    if (!other.shape_) {
+        shape_.reset();
+    } else if (this != &other) {
+        own() = *other.shape_;
+    }
+    return *this;
+}
+
+AcGeCircArc3d::Shape& AcGeCircArc3d::own() {
+    if (!shape_) {
+        shape_ = std::make_unique<Shape>();
+    }
+    return *shape_;
+}
+
 AcGeCircArc3d::AcGeCircArc3d(const AcGePoint3d& center, const AcGeVector3d& normal, double radius) {
     set(center, normal, radius);
 }
@@ -70,16 +91,18 @@ AcGeCircArc3d& AcGeCircArc3d::set(const AcGePoint3d& center, const AcGeVector3d&
 AcGeCircArc3d& AcGeCircArc3d::set(const AcGePoint3d& center, const AcGeVector3d& normal,
                                   const AcGeVector3d& refVec, double radius, double startAng,
                                   double endAng) {
-    center_ = center;
-    normal_ = normal;
-    normal_.setLength(1.0);
-    refVec_ = refVec;
-    refVec_.setLength(1.0);
-    radius_ = radius;
-    startAng_ = startAng;
-    endAng_ = endAfter(startAng, endAng);
-    start_ = onCircle(startAng_);
-    end_ = endAng_ == startAng_ + host_geometry::twoPi ? start_ : onCircle(endAng_);
+    Shape& shape = own();
+    shape.center = center;
+    shape.normal = normal;
+    shape.normal.setLength(1.0);
+    shape.refVec = refVec;
+    shape.refVec.setLength(1.0);
+    shape.radius = radius;
+    shape.startAng = startAng;
+    shape.endAng = endAfter(startAng, endAng);
+    shape.start = onCircle(startAng);
+    shape.end =
+        shape.endAng == startAng + host_geometry::twoPi ? shape.start : onCircle(shape.endAng);
     return *this;
 }
 
@@ -101,16 +124,17 @@ AcGeCircArc3d& AcGeCircArc3d::set(const AcGePoint3d& start, const AcGePoint3d& p
     const AcGeVector3d toCenter =
         (toEnd * toPoint.lengthSqrd() - toPoint * toEnd.lengthSqrd()).crossProduct(across) /
         (2.0 * across.lengthSqrd());
-    center_ = start + toCenter;
-    normal_ = across;
-    normal_.setLength(1.0);
-    refVec_ = -toCenter;
-    refVec_.setLength(1.0);
-    radius_ = toCenter.length();
-    startAng_ = 0.0;
-    endAng_ = refVec_.angleTo(toEnd - toCenter, normal_);
-    start_ = start;
-    end_ = end;
+    Shape& shape = own();
+    shape.center = start + toCenter;
+    shape.normal = across;
+    shape.normal.setLength(1.0);
+    shape.refVec = -toCenter;
+    shape.refVec.setLength(1.0);
+    shape.radius = toCenter.length();
+    shape.startAng = 0.0;
+    shape.endAng = shape.refVec.angleTo(toEnd - toCenter, shape.normal);
+    shape.start = start;
+    shape.end = end;
     return *this;
 }
 
@@ -123,31 +147,32 @@ AcGeCircArc3d AcGeCircArc3d::fromBulge(const AcGePoint3d& start, const AcGePoint
     }
     const AcGeVector3d toCenter = chord * 0.5 + toLeft * ((1.0 - bulge * bulge) / (4.0 * bulge));
     AcGeCircArc3d arc;
-    arc.center_ = start + toCenter;
-    arc.normal_ = bulge > 0.0 ? normal : -normal;
-    arc.normal_.setLength(1.0);
-    arc.refVec_ = -toCenter;
-    arc.refVec_.setLength(1.0);
-    arc.radius_ = chord.length() * (1.0 + bulge * bulge) / (4.0 * std::fabs(bulge));
-    arc.startAng_ = 0.0;
-    arc.endAng_ = 4.0 * std::atan(std::fabs(bulge));
-    arc.start_ = start;
-    arc.end_ = end;
+    Shape& shape = arc.own();
+    shape.center = start + toCenter;
+    shape.normal = bulge > 0.0 ? normal : -normal;
+    shape.normal.setLength(1.0);
+    shape.refVec = -toCenter;
+    shape.refVec.setLength(1.0);
+    shape.radius = chord.length() * (1.0 + bulge * bulge) / (4.0 * std::fabs(bulge));
+    shape.startAng = 0.0;
+    shape.endAng = 4.0 * std::atan(std::fabs(bulge));
+    shape.start = start;
+    shape.end = end;
     return arc;
 }
 
 AcGePoint3d AcGeCircArc3d::onCircle(double angle) const {
-    return center_ + (refVec_ * std::cos(angle) + quarterVec() * std::sin(angle)) * radius_;
+    return center() + (refVec() * std::cos(angle) + quarterVec() * std::sin(angle)) * radius();
 }
 
 double AcGeCircArc3d::length(double fromParam, double toParam, double /*tol*/) const {
-    return radius_ * std::fabs(toParam - fromParam);
+    return radius() * std::fabs(toParam - fromParam);
 }
 
 Adesk::Boolean AcGeCircArc3d::isInside(const AcGePoint3d& point, const AcGeTol& tol) const {
     const double reach = host_geometry::meetingDistance(tol, noiseWith(point));
-    const double distance = plane().closestPointTo(point).distanceTo(center_);
-    return distance < radius_ - reach ? Adesk::kTrue : Adesk::kFalse;
+    const double distance = plane().closestPointTo(point).distanceTo(center());
+    return distance < radius() - reach ? Adesk::kTrue : Adesk::kFalse;
 }
 
 Adesk::Boolean AcGeCircArc3d::tangent(const AcGePoint3d& point, AcGeLine3d& line,
@@ -156,17 +181,18 @@ Adesk::Boolean AcGeCircArc3d::tangent(const AcGePoint3d& point, AcGeLine3d& line
         return Adesk::kFalse;
     }
     const AcGePoint3d place = closestPointTo(point, tol);
-    AcGeVector3d along = normal_.crossProduct(place - center_);
+    AcGeVector3d along = normal().crossProduct(place - center());
     line.set(place, along.setLength(1.0));
     return Adesk::kTrue;
 }
 
 AcGeCircArc3d& AcGeCircArc3d::reverseParam() {
-    normal_.negate();
-    const double formerStart = startAng_;
-    startAng_ = -endAng_;
-    endAng_ = -formerStart;
-    std::swap(start_, end_);
+    Shape& shape = own();
+    shape.normal.negate();
+    const double formerStart = shape.startAng;
+    shape.startAng = -shape.endAng;
+    shape.endAng = -formerStart;
+    std::swap(shape.start, shape.end);
     return *this;
 }
 
@@ -176,50 +202,51 @@ Adesk::Boolean AcGeCircArc3d::isKindOf(AcGe::EntityId id) const {
 
 AcGeCircArc3d& AcGeCircArc3d::transformBy(const AcGeMatrix3d& matrix) {
     const AcGeVector3d quarter = matrix * quarterVec();
-    const AcGeVector3d reference = matrix * refVec_;
-    radius_ *= reference.length();
-    refVec_ = reference;
-    refVec_.setLength(1.0);
-    normal_ = reference.crossProduct(quarter);
-    normal_.setLength(1.0);
-    center_.transformBy(matrix);
-    start_.transformBy(matrix);
-    end_.transformBy(matrix);
+    const AcGeVector3d reference = matrix * refVec();
+    Shape& shape = own();
+    shape.radius *= reference.length();
+    shape.refVec = reference;
+    shape.refVec.setLength(1.0);
+    shape.normal = reference.crossProduct(quarter);
+    shape.normal.setLength(1.0);
+    shape.center.transformBy(matrix);
+    shape.start.transformBy(matrix);
+    shape.end.transformBy(matrix);
     return *this;
 }
 
 AcGePoint3d AcGeCircArc3d::evalPoint(double param) const {
-    if (param == startAng_) {
-        return start_;
+    if (param == startAng()) {
+        return startPoint();
     }
-    return param == endAng_ ? end_ : onCircle(param);
+    return param == endAng() ? endPoint() : onCircle(param);
 }
 
 AcGeCurve3d::Place AcGeCircArc3d::nearest(const AcGePoint3d& point, const AcGeTol& tol) const {
-    const AcGeVector3d arm = point - center_;
-    AcGeVector3d outward = arm - normal_ * arm.dotProduct(normal_);
+    const AcGeVector3d arm = point - center();
+    AcGeVector3d outward = arm - normal() * arm.dotProduct(normal());
     if (outward.length() <= host_geometry::meetingDistance(tol, noiseWith(point))) {
-        return {startAng_, start_};
+        return {startAng(), startPoint()};
     }
-    const double angle = std::atan2(outward.dotProduct(quarterVec()), outward.dotProduct(refVec_));
-    const double passed = host_geometry::withinTurn(angle - startAng_);
+    const double angle = std::atan2(outward.dotProduct(quarterVec()), outward.dotProduct(refVec()));
+    const double passed = host_geometry::withinTurn(angle - startAng());
     if (passed > 0.0 && passed < sweepAng()) {
-        return {startAng_ + passed, center_ + outward.setLength(radius_)};
+        return {startAng() + passed, center() + outward.setLength(radius())};
     }
-    const bool startIsNearer = point.distanceTo(start_) <= point.distanceTo(end_);
-    return startIsNearer ? Place{startAng_, start_} : Place{endAng_, end_};
+    const bool startIsNearer = point.distanceTo(startPoint()) <= point.distanceTo(endPoint());
+    return startIsNearer ? Place{startAng(), startPoint()} : Place{endAng(), endPoint()};
 }
 
 Adesk::Boolean AcGeCircArc3d::hasStartPoint(AcGePoint3d& point) const {
-    point = start_;
+    point = startPoint();
     return Adesk::kTrue;
 }
 
 Adesk::Boolean AcGeCircArc3d::hasEndPoint(AcGePoint3d& point) const {
-    point = end_;
+    point = endPoint();
     return Adesk::kTrue;
 }
 
 double AcGeCircArc3d::noiseWith(const AcGePoint3d& point) const {
-    return host_geometry::roundingNoise({center_, start_, end_, point});
+    return host_geometry::roundingNoise({center(), startPoint(), endPoint(), point});
 }

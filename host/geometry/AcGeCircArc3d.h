@@ -4,16 +4,28 @@
 #include "geometry/AcGeLine3d.h"
 #include "geometry/AcGePlane.h"
 
+#include <memory>
+
 /// A circular arc or a full circle.
 ///
 /// The arc runs counter-clockwise about its normal from `startAng` to `endAng`, angles in radians
 /// from `refVec`; they are the curve's parameter and always grow along the arc. An arc made from
 /// points gives back exactly those points as its ends. The point of an arc closest to its centre
 /// is its start.
+///
+/// What is not the unit circle stands in storage of its own, so that making and copying it may
+/// throw std::bad_alloc: everything that may be an arc has one of these, and most of it is
+/// straight.
 class AcGeCircArc3d : public AcGeCurve3d {
 public:
     /// The unit circle about the origin in the XY plane.
     AcGeCircArc3d() = default;
+    AcGeCircArc3d(const AcGeCircArc3d& other);
+    AcGeCircArc3d& operator=(const AcGeCircArc3d& other);
+    // What was moved from is the unit circle.
+    AcGeCircArc3d(AcGeCircArc3d&& other) noexcept = default;
+    AcGeCircArc3d& operator=(AcGeCircArc3d&& other) noexcept = default;
+    ~AcGeCircArc3d() override = default;
     /// A full circle that starts on the first axis of the drawing convention, see AcGePlane.
     AcGeCircArc3d(const AcGePoint3d& center, const AcGeVector3d& normal, double radius);
     /// `refVec` must be at right angles to the normal; both are made unit. `endAng` at or below
@@ -39,20 +51,20 @@ public:
     static AcGeCircArc3d fromBulge(const AcGePoint3d& start, const AcGePoint3d& end, double bulge,
                                    const AcGeVector3d& normal);
 
-    AcGePoint3d center() const { return center_; }
-    AcGeVector3d normal() const { return normal_; }
-    AcGeVector3d refVec() const { return refVec_; }
-    double radius() const { return radius_; }
-    double startAng() const { return startAng_; }
-    double endAng() const { return endAng_; }
+    AcGePoint3d center() const { return shape().center; }
+    AcGeVector3d normal() const { return shape().normal; }
+    AcGeVector3d refVec() const { return shape().refVec; }
+    double radius() const { return shape().radius; }
+    double startAng() const { return shape().startAng; }
+    double endAng() const { return shape().endAng; }
     /// Swept angle, above 0 and at most 2 pi.
-    double sweepAng() const { return endAng_ - startAng_; }
-    AcGePoint3d startPoint() const { return start_; }
-    AcGePoint3d endPoint() const { return end_; }
-    AcGePlane plane() const { return {center_, normal_}; }
+    double sweepAng() const { return shape().endAng - shape().startAng; }
+    AcGePoint3d startPoint() const { return shape().start; }
+    AcGePoint3d endPoint() const { return shape().end; }
+    AcGePlane plane() const { return {center(), normal()}; }
     void getPlane(AcGePlane& plane) const { plane = this->plane(); }
     /// Length along the arc, drawing units.
-    double length() const { return radius_ * sweepAng(); }
+    double length() const { return radius() * sweepAng(); }
     using AcGeCurve3d::length;
     double length(double fromParam, double toParam,
                   double tol = AcGeContext::gTol.equalPoint()) const override;
@@ -79,7 +91,7 @@ public:
     /// The map must keep circles round in the arc's plane.
     AcGeCircArc3d& transformBy(const AcGeMatrix3d& matrix) override;
 
-    void getInterval(AcGeInterval& interval) const override { interval.set(startAng_, endAng_); }
+    void getInterval(AcGeInterval& interval) const override { interval.set(startAng(), endAng()); }
     using AcGeCurve3d::getInterval;
     AcGePoint3d evalPoint(double param) const override;
     Adesk::Boolean hasStartPoint(AcGePoint3d& point) const override;
@@ -90,15 +102,24 @@ protected:
     double noiseWith(const AcGePoint3d& point) const override;
 
 private:
-    AcGePoint3d onCircle(double angle) const;
-    AcGeVector3d quarterVec() const { return normal_.crossProduct(refVec_); }
+    struct Shape {
+        AcGePoint3d center;
+        AcGeVector3d normal = AcGeVector3d(0.0, 0.0, 1.0);
+        AcGeVector3d refVec = AcGeVector3d(1.0, 0.0, 0.0);
+        double radius = 1.0;
+        double startAng = 0.0;
+        double endAng = 6.283185307179586;
+        AcGePoint3d start = AcGePoint3d(1.0, 0.0, 0.0);
+        AcGePoint3d end = AcGePoint3d(1.0, 0.0, 0.0);
+    };
+    static const Shape kUnitCircle;
 
-    AcGePoint3d center_;
-    AcGeVector3d normal_ = AcGeVector3d(0.0, 0.0, 1.0);
-    AcGeVector3d refVec_ = AcGeVector3d(1.0, 0.0, 0.0);
-    double radius_ = 1.0;
-    double startAng_ = 0.0;
-    double endAng_ = 6.283185307179586;
-    AcGePoint3d start_ = AcGePoint3d(1.0, 0.0, 0.0);
-    AcGePoint3d end_ = AcGePoint3d(1.0, 0.0, 0.0);
+    AcGePoint3d onCircle(double angle) const;
+    AcGeVector3d quarterVec() const { return normal().crossProduct(refVec()); }
+
+    const Shape& shape() const { return shape_ ? *shape_ : kUnitCircle; }
+    /// The shape to be written to.
+    Shape& own();
+
+    std::unique_ptr<Shape> shape_; // null for the unit circle
 };

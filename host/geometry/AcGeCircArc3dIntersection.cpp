@@ -247,7 +247,7 @@ Adesk::Boolean report(const AcGeCircArc3d& arc, Places places, int& n, AcGePoint
 
 Adesk::Boolean AcGeCircArc3d::intersectWith(const AcGeLinearEnt3d& line, int& n, AcGePoint3d& p1,
                                             AcGePoint3d& p2, const AcGeTol& tol) const {
-    const double noise = std::max(noiseOf(*this, center_), noiseOf(line, line.pointOnLine()));
+    const double noise = std::max(noiseOf(*this, center()), noiseOf(line, line.pointOnLine()));
     const double reach = host_geometry::meetingDistance(tol, noise);
     const Places found = candidates(*this, line, reach, noise);
     return report(*this, Selection(*this, line, reach).choose(found), n, p1, p2);
@@ -255,7 +255,7 @@ Adesk::Boolean AcGeCircArc3d::intersectWith(const AcGeLinearEnt3d& line, int& n,
 
 Adesk::Boolean AcGeCircArc3d::intersectWith(const AcGeCircArc3d& arc, int& n, AcGePoint3d& p1,
                                             AcGePoint3d& p2, const AcGeTol& tol) const {
-    const double noise = std::max(noiseOf(*this, center_), noiseOf(arc, arc.center_));
+    const double noise = std::max(noiseOf(*this, center()), noiseOf(arc, arc.center()));
     const double reach = host_geometry::meetingDistance(tol, noise);
     const Places found = candidates(*this, arc, reach, noise);
     return report(*this, Selection(*this, arc, reach).choose(found), n, p1, p2);

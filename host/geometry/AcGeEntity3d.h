@@ -3,8 +3,7 @@
 #include "geometry/AcGe.h"
 #include "geometry/AcGePoint3d.h"
 
-/// Base of the geometric objects that have a place in space. They are values: plain to copy,
-/// without storage of their own.
+/// Base of the geometric objects that have a place in space. They are values: a copy stands alone.
 class AcGeEntity3d {
 public:
     virtual ~AcGeEntity3d() = default;

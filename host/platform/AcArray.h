@@ -17,29 +17,29 @@ class AcArray {
 public:
     /// An empty array with room for `physicalLength` >= 0 elements that grows by at least
     /// `growLength` >= 1 at a time.
-    explicit AcArray(int physicalLength = 0, int growLength = 8) : growLength_(growLength) {
-        if (growLength < 1) {
-            AfxThrowInvalidArgException();
-        }
+    explicit AcArray(int physicalLength = 0, int growLength = kUsualGrowLength) {
+        setGrowLength(growLength);
         setPhysicalLength(physicalLength);
     }
-    AcArray(const AcArray& other) : growLength_(other.growLength_) { *this = other; }
-    AcArray(AcArray&& other) noexcept : growLength_(other.growLength_) { swap(other); }
-    ~AcArray() {
-        host_storage::destroy(data_, 0, length_);
-        host_storage::release(data_);
+    AcArray(const AcArray& other) {
+        setGrowLength(other.growLength());
+        *this = other;
     }
+    /// The other is as one made without lengths then.
+    AcArray(AcArray&& other) noexcept { swap(other); }
+    ~AcArray() = default;
 
     /// Becomes a copy of the contents; new storage is taken only if the physical length here is
     /// too small. The grow length stays.
     AcArray& operator=(const AcArray& other) {
         if (this != &other) {
-            if (physical_ < other.length_) {
+            if (physicalLength() < other.length()) {
                 setLogicalLength(0);
-                setCapacity(other.length_);
+                block_.setCapacity(other.length());
             }
-            setLogicalLength(other.length_);
-            std::copy(other.data_, other.data_ + other.length_, data_);
+            setLogicalLength(other.length());
+            T* const source = other.block_.data();
+            std::copy(source, source + other.length(), begin());
         }
         return *this;
     }
@@ -52,19 +52,19 @@ public:
         return std::equal(a.begin(), a.end(), b.begin(), b.end());
     }
 
-    int length() const { return length_; }
-    int logicalLength() const { return length_; }
-    int physicalLength() const { return physical_; }
-    int growLength() const { return growLength_; }
-    bool isEmpty() const { return length_ == 0; }
+    int length() const { return static_cast<int>(block_.size()); }
+    int logicalLength() const { return length(); }
+    int physicalLength() const { return static_cast<int>(block_.capacity()); }
+    int growLength() const { return static_cast<int>(block_.growth()); }
+    bool isEmpty() const { return block_.size() == 0; }
 
-    const T& operator[](int index) const { return data_[checked(index)]; }
-    T& operator[](int index) { return data_[checked(index)]; }
-    const T& at(int index) const { return data_[checked(index)]; }
-    T& at(int index) { return data_[checked(index)]; }
-    const T& getAt(int index) const { return data_[checked(index)]; }
+    const T& operator[](int index) const { return block_[checked(index)]; }
+    T& operator[](int index) { return block_[checked(index)]; }
+    const T& at(int index) const { return block_[checked(index)]; }
+    T& at(int index) { return block_[checked(index)]; }
+    const T& getAt(int index) const { return block_[checked(index)]; }
     AcArray& setAt(int index, const T& value) {
-        data_[checked(index)] = value;
+        block_[checked(index)] = value;
         return *this;
     }
     AcArray& setAll(const T& value) {
@@ -73,33 +73,35 @@ public:
     }
     const T& first() const { return at(0); }
     T& first() { return at(0); }
-    const T& last() const { return at(length_ - 1); }
-    T& last() { return at(length_ - 1); }
+    const T& last() const { return at(length() - 1); }
+    T& last() { return at(length() - 1); }
 
     /// Appends a copy; gives its index. The value may be an element of this array.
     int append(const T& value) {
-        insertAt(length_, value);
-        return length_ - 1;
+        insertAt(length(), value);
+        return length() - 1;
     }
     /// Appends copies of all elements of `other`, which may be this array.
     AcArray& append(const AcArray& other) {
-        const int added = other.length_;
-        const int first = length_;
+        const int added = other.length();
+        const int first = length();
         setLogicalLength(first + added);
-        std::copy(other.data_, other.data_ + added, data_ + first);
+        T* const source = other.block_.data();
+        std::copy(source, source + added, begin() + first);
         return *this;
     }
     /// Inserts a copy before `index`, 0 to length(). The value may be an element of this array.
     AcArray& insertAt(int index, const T& value) {
-        if (index < 0 || index > length_) {
+        if (index < 0 || index > length()) {
             AfxThrowInvalidArgException();
         }
-        std::ptrdiff_t own = host_storage::indexOf(data_, length_, std::addressof(value));
+        std::ptrdiff_t own = block_.indexOf(std::addressof(value));
         if (own >= index) {
             ++own;
         }
-        openGap(index);
-        data_[index] = own >= 0 ? data_[own] : value;
+        grow(length() + 1);
+        block_.openGap(index, 1);
+        block_[index] = own >= 0 ? block_[own] : value;
         return *this;
     }
 
@@ -109,9 +111,7 @@ public:
         checked(first);
         checked(last);
         if (last >= first) {
-            host_storage::destroy(data_, first, last - first + 1);
-            host_storage::shift(data_, last + 1, first, length_ - last - 1);
-            length_ -= last - first + 1;
+            block_.closeGap(first, last - first + 1);
         }
         return *this;
     }
@@ -125,7 +125,7 @@ public:
         return true;
     }
     AcArray& removeFirst() { return removeAt(0); }
-    AcArray& removeLast() { return removeAt(length_ - 1); }
+    AcArray& removeLast() { return removeAt(length() - 1); }
     /// Destroys all elements; the storage stays.
     AcArray& removeAll() { return setLogicalLength(0); }
 
@@ -135,8 +135,8 @@ public:
     }
     /// Whether an element from index `start` on equals `value`; `index` is written only then.
     bool find(const T& value, int& index, int start = 0) const {
-        for (int i = std::max(start, 0); i < length_; ++i) {
-            if (data_[i] == value) {
+        for (int i = std::max(start, 0); i < length(); ++i) {
+            if (block_[i] == value) {
                 index = i;
                 return true;
             }
@@ -149,13 +149,8 @@ public:
         if (length < 0) {
             AfxThrowInvalidArgException();
         }
-        if (length > length_) {
-            grow(length);
-            host_storage::construct(data_, length_, length - length_);
-        } else {
-            host_storage::destroy(data_, length, length_ - length);
-        }
-        length_ = length;
+        grow(length);
+        block_.setSize(length);
         return *this;
     }
     /// Sets the room to exactly `length` elements; surplus elements are destroyed.
@@ -163,17 +158,17 @@ public:
         if (length < 0) {
             AfxThrowInvalidArgException();
         }
-        if (length < length_) {
+        if (length < this->length()) {
             setLogicalLength(length);
         }
-        setCapacity(length);
+        block_.setCapacity(length);
         return *this;
     }
     AcArray& setGrowLength(int length) {
         if (length < 1) {
             AfxThrowInvalidArgException();
         }
-        growLength_ = length;
+        block_.setGrowth(length);
         return *this;
     }
 
@@ -182,60 +177,37 @@ public:
         return *this;
     }
     AcArray& swap(int a, int b) {
-        std::swap(data_[checked(a)], data_[checked(b)]);
+        std::swap(block_[checked(a)], block_[checked(b)]);
         return *this;
     }
-    void swap(AcArray& other) noexcept {
-        std::swap(data_, other.data_);
-        std::swap(length_, other.length_);
-        std::swap(physical_, other.physical_);
-        std::swap(growLength_, other.growLength_);
-    }
+    void swap(AcArray& other) noexcept { block_.swap(other.block_); }
 
     /// The elements in one piece, null when there is no storage. Owned by the array.
-    const T* asArrayPtr() const { return data_; }
-    T* asArrayPtr() { return data_; }
-    const T* begin() const { return data_; }
-    const T* end() const { return data_ + length_; }
-    T* begin() { return data_; }
-    T* end() { return data_ + length_; }
+    const T* asArrayPtr() const { return block_.data(); }
+    T* asArrayPtr() { return block_.data(); }
+    const T* begin() const { return block_.data(); }
+    const T* end() const { return block_.data() + length(); }
+    T* begin() { return block_.data(); }
+    T* end() { return block_.data() + length(); }
 
 private:
+    static constexpr int kUsualGrowLength = 8;
+
     int checked(int index) const {
-        if (index < 0 || index >= length_) {
+        if (index < 0 || index >= length()) {
             AfxThrowInvalidArgException();
         }
         return index;
     }
 
-    void setCapacity(int capacity) {
-        data_ = static_cast<T*>(
-            host_storage::resize(data_, static_cast<std::size_t>(capacity), sizeof(T)));
-        physical_ = capacity;
-    }
-
     /// Makes room for `needed` elements. Large arrays grow by half their length, so that
     /// appending costs amortised constant time.
     void grow(int needed) {
-        if (needed > physical_) {
-            setCapacity(std::max(needed, physical_ + std::max(growLength_, physical_ / 2)));
+        const int room = physicalLength();
+        if (needed > room) {
+            block_.setCapacity(std::max(needed, room + std::max(growLength(), room / 2)));
         }
     }
 
-    void openGap(int index) {
-        grow(length_ + 1);
-        host_storage::shift(data_, index, index + 1, length_ - index);
-        try {
-            host_storage::construct(data_, index, 1);
-        } catch (...) {
-            host_storage::shift(data_, index + 1, index, length_ - index);
-            throw;
-        }
-        ++length_;
-    }
-
-    T* data_ = nullptr;
-    int length_ = 0;
-    int physical_ = 0;
-    int growLength_ = 8;
+    host_storage::ElementBlock<T, kUsualGrowLength> block_;
 };

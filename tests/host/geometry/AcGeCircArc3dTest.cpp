@@ -33,6 +33,54 @@ TEST(Arc, DefaultIsTheUnitCircle) {
     EXPECT_EQ(arc.length(), 2.0 * pi);
 }
 
+TEST(Arc, CopiesStandAlone) {
+    AcGeCircArc3d arc = quarter();
+    const AcGeCircArc3d copy(arc);
+    AcGeCircArc3d assigned;
+    assigned = arc;
+    const AcGeCircArc3d& itself = assigned;
+    assigned = itself;
+    arc.reverseParam();
+    for (const AcGeCircArc3d* other : {&copy, static_cast<const AcGeCircArc3d*>(&assigned)}) {
+        EXPECT_TRUE(near(other->startPoint(), AcGePoint3d(10.0, 25.0, 3.0)));
+        EXPECT_TRUE(near(other->endPoint(), AcGePoint3d(5.0, 20.0, 3.0)));
+        EXPECT_TRUE(near(other->normal(), up));
+        EXPECT_EQ(other->radius(), 5.0);
+    }
+    EXPECT_TRUE(near(arc.startPoint(), AcGePoint3d(5.0, 20.0, 3.0)));
+}
+
+TEST(Arc, BecomesTheUnitCircleByAssignment) {
+    AcGeCircArc3d arc = quarter();
+    arc = AcGeCircArc3d();
+    EXPECT_EQ(arc.radius(), 1.0);
+    EXPECT_TRUE(same(arc.center(), {0.0, 0.0, 0.0}));
+    const AcGeCircArc3d unit;
+    AcGeCircArc3d other = quarter();
+    other = unit;
+    other.translateBy({1.0, 0.0, 0.0}); // the unit circle itself stays where it is
+    EXPECT_TRUE(near(other.center(), AcGePoint3d(1.0, 0.0, 0.0)));
+    EXPECT_TRUE(same(unit.center(), {0.0, 0.0, 0.0}));
+    EXPECT_TRUE(same(AcGeCircArc3d().center(), {0.0, 0.0, 0.0}));
+}
+
+TEST(Arc, IsSetByItsOwnValues) {
+    AcGeCircArc3d arc = quarter();
+    arc.set(arc.center(), arc.normal(), arc.refVec(), arc.radius(), arc.endAng(), arc.startAng());
+    EXPECT_TRUE(near(arc.startPoint(), AcGePoint3d(5.0, 20.0, 3.0)));
+    EXPECT_TRUE(near(arc.endPoint(), AcGePoint3d(10.0, 25.0, 3.0)));
+    EXPECT_DOUBLE_EQ(arc.sweepAng(), 1.5 * pi);
+}
+
+TEST(Arc, TheUnitCircleCanBeTurnedRound) {
+    AcGeCircArc3d circle;
+    circle.reverseParam();
+    EXPECT_TRUE(near(circle.normal(), -up));
+    EXPECT_EQ(circle.startAng(), -2.0 * pi);
+    EXPECT_EQ(circle.endAng(), 0.0);
+    EXPECT_TRUE(near(AcGeCircArc3d().normal(), up));
+}
+
 TEST(Arc, FromCentreAndAngles) {
     const AcGeCircArc3d arc = quarter();
     EXPECT_TRUE(near(arc.startPoint(), AcGePoint3d(10.0, 25.0, 3.0)));

@@ -33,6 +33,23 @@ TEST(AcArray, StartsWithTheLengthsGiven) {
     EXPECT_THROW(Numbers(0, 0), CInvalidArgException);
 }
 
+TEST(AcArray, CopyAndMoveTakeTheGrowLengthAlong) {
+    Numbers array(0, 3);
+    const Numbers copy(array);
+    EXPECT_EQ(copy.growLength(), 3);
+    array.append(5);
+    const Numbers moved(std::move(array));
+    EXPECT_EQ(moved.growLength(), 3);
+    // NOLINTBEGIN(bugprone-use-after-move,clang-analyzer-cplusplus.Move): it is as a new one
+    EXPECT_TRUE(array.isEmpty());
+    EXPECT_EQ(array.growLength(), 8);
+    // NOLINTEND(bugprone-use-after-move,clang-analyzer-cplusplus.Move)
+    Numbers assigned;
+    assigned = moved;
+    EXPECT_EQ(assigned.growLength(), 8); // an array keeps its own
+    EXPECT_EQ(assigned, moved);
+}
+
 TEST(AcArray, GrowsByTheGrowLengthAtFirst) {
     Numbers array;
     array.append(1);

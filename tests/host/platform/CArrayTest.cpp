@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <initializer_list>
 #include <limits>
 #include <stdexcept>
@@ -283,6 +285,17 @@ TEST(CArray, StorageThatCannotBeHadThrows) {
     CArray<double, double> array;
     EXPECT_THROW(array.SetSize(std::numeric_limits<INT_PTR>::max()), CMemoryException);
     EXPECT_EQ(array.GetSize(), 0);
+    array.Add(1.5);
+    constexpr INT_PTR oneTooMany = INT_PTR{1} << 32;
+    EXPECT_THROW(array.SetSize(oneTooMany), CMemoryException);
+    ASSERT_EQ(array.GetSize(), 1);
+    EXPECT_EQ(array[0], 1.5);
+}
+
+TEST(CArray, ElementsAreAligned) {
+    CArray<long double, long double> array;
+    array.Add(1.0L);
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(array.GetData()) % alignof(std::max_align_t), 0U);
 }
 
 TEST(CStringArray, HoldsTexts) {
