@@ -14,7 +14,7 @@ namespace benchmark_measure {
 struct Specimen {
     std::string name;
     std::filesystem::path drawing;
-    std::filesystem::path truth; ///< empty for an example, whose truth is `known`
+    std::filesystem::path truth; ///< empty where it is `known`, as for an example
     Truth known;
 
     /// Whether its name is `kind`, a hyphen and a size.

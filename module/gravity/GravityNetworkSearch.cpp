@@ -101,10 +101,8 @@ void GravityNetworkSearch::MakeRoomForResult() {
     if (result == nullptr) {
         return;
     }
-    const int searched = traits_.systems.NumberOf(systemName);
-    const auto ofSystem =
-        std::count_if(wellSites_.begin(), wellSites_.end(),
-                      [&](const WellSite& well) { return well.system == searched; });
+    const auto ofSystem = std::count_if(wellSites_.begin(), wellSites_.end(),
+                                        [&](const WellSite& well) { return IsSearched(well); });
     const auto most = static_cast<INT_PTR>(ofSystem) + tankPool.Size();
     result->wells.SetSize(result->wells.GetSize(), most);
     // A tree has one edge less than it has nodes.
@@ -121,6 +119,8 @@ int GravityNetworkSearch::WalkAndReadLater() {
     UnreadResult unread{LaterReading(wellPool.Size()), LaterReading(pipePool.Size())};
     const NotedThere noting(unread_, unread);
     const int walked = WalkFromRoot();
+    // Nothing is looked for at a place any more, and what is read takes memory of its own.
+    candidates_.reset();
     unread.nodes.ReadInOrder([this](int node) { FetchAhead(result->wells.ElementAt(node)); },
                              [this](int node) { ReadRest(result->wells.ElementAt(node)); });
     unread.segs.ReadInOrder([this](int seg) { FetchAhead(result->segs.ElementAt(seg)); },

@@ -97,7 +97,7 @@ public:
     /// Whether a pipe or a well, given by its site, is of the system that is searched.
     template<class PlanSite>
     bool IsSearched(const PlanSite& site) const {
-        return traits_.systems[site.system].Compare(systemName) == 0;
+        return site.system == SearchedSystem();
     }
     /// Leaves exactly one node in an empty result.
     int PlaceRootWell();
@@ -146,7 +146,8 @@ public:
     /// 1 when the chain's target is not part of the result yet.
     int IsTargetNew();
 
-    // What the rules say of one place. The pools must have been collected.
+    // What the rules say of one place. The pools must have been collected, and behind a whole
+    // search have been restored.
 
     /// The first well of the system that holds the free end; -1 for none.
     int WellAt(const AcGePoint3d& freeEnd) const;
@@ -161,6 +162,7 @@ public:
     /// Whether a walk leaves the node through the pipe, and with which of its ends there.
     bool TouchesNode(const PipeSite& pipe, const Well& node, int& nearEndIsStart,
                      AcGePoint3d& seed) const;
+    /// From the collecting on, but not behind a whole search.
     const CandidateSource& Candidates() const { return *candidates_; }
 
     GravitySearchObject* result;
@@ -242,14 +244,26 @@ private:
                        const ChainOutcome& second);
     void FinishTwoSided(GravitySeg& seg, const ChainOutcome& first, const ChainOutcome& second);
 
+    /// The number of the system that is searched. Asked of every candidate, so the text is compared
+    /// only when it has been written since; a copy that shares its characters tells.
+    int SearchedSystem() const {
+        if (searchedSystem_ < 0 || searchedName_.GetString() != systemName.GetString()) {
+            searchedSystem_ = -1; // should the next not come to an end
+            searchedName_ = systemName;
+            searchedSystem_ = traits_.systems.NumberOf(searchedName_);
+        }
+        return searchedSystem_;
+    }
     bool ReadsLater() const { return drawingStays_ && candidateMode_ == CandidateMode::kIndexed; }
 
     CandidateMode candidateMode_;
     bool drawingStays_ = false;
     LargeVector<PipeSite> pipeSites_; // of the pipe pool, as collected
     LargeVector<WellSite> wellSites_; // of the well pool, as collected
-    SharedTraits traits_;
-    std::unique_ptr<CandidateSource> candidates_;
+    mutable SharedTraits traits_;     // asking for the number of a new name adds the name
+    mutable CString searchedName_;
+    mutable int searchedSystem_ = -1;             // the number of that name
+    std::unique_ptr<CandidateSource> candidates_; // null once a walk needs it no longer
     std::vector<ChainFrame> levels_; // of the chain that is being traced; kept for its room
     int measuredPipe_ = -1;          // the pipe that was measured last, and its length
     double measuredLength_ = 0.0;

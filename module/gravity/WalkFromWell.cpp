@@ -62,7 +62,11 @@ WalkStep GravityNetworkSearch::NextStep(std::vector<StandingNode>& standing) {
 void GravityNetworkSearch::BeginAnother(GravitySearchObject* object) {
     result = object;
     abortFlag = 0;
-    candidates_->BegunAnew();
+    if (candidates_ == nullptr) {
+        candidates_ = MakeCandidateSource(*this, candidateMode_);
+    } else {
+        candidates_->BegunAnew();
+    }
 }
 
 void GravityNetworkSearch::RestorePools() {

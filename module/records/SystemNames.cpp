@@ -3,11 +3,16 @@
 namespace tkvlt {
 
 int SystemNames::Look(const CString& name) {
-    const auto [place, isNew] = numbers_.try_emplace(name, static_cast<int>(names_.size()));
-    if (isNew) {
-        names_.push_back(name);
+    const auto known = numbers_.find(name);
+    if (known != numbers_.end()) {
+        last_ = known->second;
+        return last_;
     }
-    last_ = place->second;
+    // The name first: a number must never stand for no name, also when memory runs out between.
+    names_.push_back(name);
+    const int number = static_cast<int>(names_.size()) - 1;
+    numbers_.emplace(name, number);
+    last_ = number;
     return last_;
 }
 

@@ -53,6 +53,28 @@ TEST_F(ChainEndTest, SquareWellBeyondItsCornerIsNoTarget) {
     EXPECT_EQ(traceFirst(), 0);
 }
 
+TEST_F(ChainEndTest, TheSystemThatIsSearchedMayChangeBetweenQuestions) {
+    const AcDbObjectId sewer = drawing.addWell({0, 0, 0});
+    const AcDbObjectId storm = drawing.addWell({0, 0, 0}, {.system = kStorm});
+    const AcDbObjectId nameless = drawing.addWell({0, 0, 0}, {.system = L""});
+    collect();
+    ASSERT_GE(well(nameless), 0);
+    const AcGePoint3d place(0, 0, 0);
+    EXPECT_EQ(search->WellAt(place), well(sewer));
+    search->systemName = kStorm;
+    EXPECT_EQ(search->WellAt(place), well(storm));
+    search->systemName = L"of no well";
+    EXPECT_EQ(search->WellAt(place), -1);
+    search->systemName.Empty();
+    EXPECT_EQ(search->WellAt(place), well(nameless));
+    search->systemName = kSewer;
+    EXPECT_EQ(search->WellAt(place), well(sewer));
+    search->systemName += L"s"; // the same object with other characters
+    EXPECT_EQ(search->WellAt(place), -1);
+    search->systemName.Delete(search->systemName.GetLength() - 1);
+    EXPECT_EQ(search->WellAt(place), well(sewer));
+}
+
 TEST_F(ChainEndTest, WellIsMeasuredInSpace) {
     drawing.addWell({0, 0, 2}, {.diameter = L"2"});
     EXPECT_EQ(traceFirst(), 0);
