@@ -95,9 +95,8 @@ public:
 
     void swap(ElementBlock& other) noexcept { std::swap(elements_, other.elements_); }
 
-    /// @param growth at least 0; more than the largest number of elements counts as that. Other
-    /// than
-    ///               the usual one it needs memory.
+    /// Any other than the usual growth needs memory.
+    /// @param growth at least 0; more than the largest number of elements counts as that.
     void setGrowth(std::ptrdiff_t growth) {
         const std::ptrdiff_t counted = std::min(growth, mostElements());
         if (counted == this->growth()) {
