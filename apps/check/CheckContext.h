@@ -3,6 +3,7 @@
 #include "CheckReport.h"
 #include "NetworkEntity.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -46,6 +47,9 @@ struct CheckContext {
 ///
 /// @param onlySystem the one system to keep, UTF-8; empty for all.
 CheckContext readContext(const std::string& onlySystem);
+
+/// So many members of a ring or of a group are named in a sentence; the finding lists all.
+inline constexpr std::size_t kNamedMembers = 8;
 
 /// Entities of a drawing by name, in the order in which they are to be mentioned.
 std::string namesOf(const std::vector<AcDbObjectId>& entities, std::size_t most);

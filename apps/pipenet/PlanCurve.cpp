@@ -14,10 +14,6 @@ namespace {
 constexpr double kQuarterTurn = std::numbers::pi / 2.0;
 constexpr double kFlatTurn = std::numbers::pi / 30.0;
 
-PlanPoint inPlan(const AcGePoint3d& point) {
-    return {point.x, point.y};
-}
-
 bool isCircleInPlan(const host_db::ArcPiece& arc) {
     const double radius = std::hypot(arc.u.x, arc.u.y);
     const double slack = 1e-9 * radius;

@@ -12,6 +12,11 @@ struct PlanPoint {
     double y = 0.0;
 };
 
+/// The point seen from above.
+inline PlanPoint inPlan(const AcGePoint3d& point) {
+    return {point.x, point.y};
+}
+
 /// One piece of a curve in plan, from where the one before ended.
 struct PlanStep {
     PlanPoint end;

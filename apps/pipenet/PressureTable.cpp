@@ -45,15 +45,15 @@ std::string indented(const RunLine& line) {
     return text + fmt::format("{}", line.seg);
 }
 
-std::string inPlan(const AcGePoint3d& point) {
+std::string planText(const AcGePoint3d& point) {
     return fmt::format("{:.2f}, {:.2f}", point.x, point.y);
 }
 
 std::vector<std::string> runCells(PressureSeg& seg, const RunLine& line) {
     return {indented(line),
             seg.isArc != 0 ? "arc" : "",
-            inPlan(seg.GetBeginPoint()),
-            inPlan(seg.GetSearchPoint()),
+            planText(seg.GetBeginPoint()),
+            planText(seg.GetSearchPoint()),
             fmt::format("{:.2f}", metres(seg.GetLength())),
             fmt::format("DN{}", seg.diameter),
             fmt::format("{:.3f}", seg.startElevation),
@@ -103,8 +103,8 @@ std::string pressureTable(PressureSearchObject& network) {
 
 std::string pressureSegmentTable(PressureSeg& seg) {
     TextTable table({{"Pressure segment"}, {utf8(seg.systemName)}});
-    table.add({"from", inPlan(seg.startPoint)});
-    table.add({"to", inPlan(seg.endPoint)});
+    table.add({"from", planText(seg.startPoint)});
+    table.add({"to", planText(seg.endPoint)});
     table.add({"pipes", handlesText(seg.pipeIds)});
     table.add({"length", fmt::format("{:.2f} m", metres(seg.GetLength()))});
     table.add({"size", fmt::format("DN{} {}", seg.diameter, utf8(seg.material))});
@@ -112,7 +112,7 @@ std::string pressureSegmentTable(PressureSeg& seg) {
                                          seg.startElevation, seg.endElevation)});
     table.add({"slope", fmt::format("{}", seg.slope)});
     table.add({"flow text", utf8(seg.flowText)});
-    table.add({"label", "at " + inPlan(seg.GetAnnoatePoint())});
+    table.add({"label", "at " + planText(seg.GetAnnoatePoint())});
     return table.text();
 }
 

@@ -5,11 +5,6 @@
 
 ACRX_DEFINE_MEMBERS(AcDb2dPolyline, AcDbCurve, L"POLYLINE")
 
-namespace {
-/// Flag of a vertex that shapes a spline and is not drawn.
-constexpr int kFrameVertex = 16;
-} // namespace
-
 AcRxObject* AcDb2dPolyline::clone() const {
     return new AcDb2dPolyline(*this);
 }
@@ -43,7 +38,7 @@ host_db::CurvePath AcDb2dPolyline::path() const {
     std::vector<host_db::PathVertex> drawn;
     drawn.reserve(vertices_.size());
     for (const Vertex& vertex : vertices_) {
-        if ((vertex.flags & kFrameVertex) == 0) {
+        if ((vertex.flags & host_db::kFrameVertex) == 0) {
             drawn.push_back(
                 {toWorld * AcGePoint3d(vertex.point.x, vertex.point.y, elevation_), vertex.bulge});
         }

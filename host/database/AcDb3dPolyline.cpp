@@ -4,11 +4,6 @@
 
 ACRX_DEFINE_MEMBERS(AcDb3dPolyline, AcDbCurve, L"POLYLINE")
 
-namespace {
-/// Flag of a vertex that shapes a spline and is not drawn.
-constexpr int kFrameVertex = 16;
-} // namespace
-
 AcRxObject* AcDb3dPolyline::clone() const {
     return new AcDb3dPolyline(*this);
 }
@@ -33,7 +28,7 @@ host_db::CurvePath AcDb3dPolyline::path() const {
     std::vector<host_db::PathVertex> drawn;
     drawn.reserve(vertices_.size());
     for (const Vertex& vertex : vertices_) {
-        if ((vertex.flags & kFrameVertex) == 0) {
+        if ((vertex.flags & host_db::kFrameVertex) == 0) {
             drawn.push_back({vertex.point, 0.0});
         }
     }

@@ -6,6 +6,9 @@
 
 namespace host_db {
 
+/// Flag of a vertex that shapes a spline and is not drawn.
+inline constexpr int kFrameVertex = 16;
+
 /// A vertex of a polyline in world coordinates with the bulge of the segment that it begins.
 struct PathVertex {
     AcGePoint3d point;

@@ -1,5 +1,6 @@
 #include "dxf/DxfDrawingSource.h"
 
+#include "dxf/GroupCode.h"
 #include "dxf/TagCursor.h"
 #include "platform/WideCharacters.h"
 
@@ -8,11 +9,6 @@
 namespace host_dxf {
 
 namespace {
-
-constexpr int firstXdataCode = 1000;
-constexpr int textCode = 1000;
-constexpr int applicationCode = 1001;
-constexpr int lastXdataCode = 1071;
 
 /// The next group of extended data; false where the data ends.
 bool nextXdata(TagCursor& cursor, DxfTag& tag) {

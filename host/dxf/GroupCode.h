@@ -4,6 +4,17 @@
 
 namespace host_dxf {
 
+/// Groups that divide a record into parts.
+inline constexpr int subclassMarker = 100;
+inline constexpr int embeddedObjectMarker = 101;
+inline constexpr int bracketCode = 102; ///< "{..." opens an application's groups, "}" closes them
+
+/// Groups of extended data: all from the first to the last.
+inline constexpr int firstXdataCode = 1000;
+inline constexpr int textCode = 1000;
+inline constexpr int applicationCode = 1001; ///< begins an application's section
+inline constexpr int lastXdataCode = 1071;
+
 /// What the value of a group is, by the group code ranges of the published DXF reference.
 enum class ValueKind : std::uint8_t {
     Unspecified, ///< a code the reference leaves open: kept as text, never interpreted

@@ -1,5 +1,6 @@
 #include "dxf/ItemGroups.h"
 
+#include "dxf/GroupCode.h"
 #include "platform/WideCharacters.h"
 
 #include <algorithm>
@@ -11,8 +12,6 @@ namespace {
 
 using host_db::ResultItem;
 using host_db::ResultItems;
-
-constexpr int applicationCode = 1001;
 
 bool sameItem(const ResultItem& a, const ResultItem& b) {
     if (a.type != b.type || a.value.index() != b.value.index()) {

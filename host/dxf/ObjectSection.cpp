@@ -1,5 +1,6 @@
 #include "database/AcDbDictionary.h"
 #include "database/AcDbUnknownObject.h"
+#include "dxf/GroupCode.h"
 #include "dxf/ItemCollector.h"
 #include "dxf/LoadContext.h"
 #include "dxf/Sections.h"
@@ -10,8 +11,6 @@
 namespace host_dxf {
 
 namespace {
-
-constexpr int subclassMarker = 100;
 
 /// Reads the objects of the section and adds them to the database.
 class ObjectLoader {

@@ -1,5 +1,6 @@
 #include "dxf/RawRecord.h"
 
+#include "dxf/GroupCode.h"
 #include "dxf/TagCursor.h"
 
 namespace host_dxf {
@@ -46,7 +47,6 @@ const DxfTag* RawRecord::field(int code) const {
 }
 
 const DxfTag* RawRecord::marker(std::string_view name, std::size_t from) const {
-    constexpr int subclassMarker = 100;
     for (const Group& group : groups) {
         if (group.part == RecordPart::Fields && group.tag.code == subclassMarker &&
             group.tag.text == name && group.tag.begin >= from) {

@@ -5,6 +5,7 @@
 #include "database/SymbolTables.h"
 #include "dxf/DxfRecord.h"
 #include "dxf/EntityDescription.h"
+#include "dxf/GroupCode.h"
 #include "dxf/RawRecord.h"
 #include "dxf/RecordEditor.h"
 
@@ -12,8 +13,6 @@ namespace host_dxf {
 
 namespace {
 
-constexpr int bracketCode = 102;
-constexpr int markerCode = 100;
 constexpr int paperSpaceCode = 67;
 constexpr int layoutCode = 410;
 
@@ -31,7 +30,7 @@ bool isOwnershipCode(int code) {
 const DxfTag* ownerTag(const RawRecord& record) {
     constexpr int ownerCode = 330;
     for (const RawRecord::Group& group : record.groups) {
-        if (group.part == RecordPart::Fields && group.tag.code == markerCode) {
+        if (group.part == RecordPart::Fields && group.tag.code == subclassMarker) {
             break;
         }
         if (group.part == RecordPart::Fields && group.tag.code == ownerCode) {
@@ -172,7 +171,7 @@ void RecordCopier::changeFields(RecordEditor& editor) {
     edits_.replace(record.begin, record.bodyBegin, writer_.take());
     for (std::size_t g = before_.groups.size(); g < now_.groups.size(); ++g) {
         if (context_.hasMarkers()) {
-            writer_.plain(markerCode, now_.groups[g].marker);
+            writer_.plain(subclassMarker, now_.groups[g].marker);
         }
         writer_.fields(now_.groups[g].fields);
     }

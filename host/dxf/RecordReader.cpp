@@ -1,14 +1,12 @@
 #include "dxf/RecordReader.h"
 
+#include "dxf/GroupCode.h"
 #include "dxf/RecordSorter.h"
 
 namespace host_dxf {
 
 namespace {
 
-constexpr int textCode = 1000;
-constexpr int applicationCode = 1001;
-constexpr int lastXdataCode = 1071;
 constexpr int ownedHandleCode = 360;
 
 /// Puts the groups of one record into the parts that DxfRecord names.

@@ -1,16 +1,8 @@
 #include "dxf/RecordSorter.h"
 
+#include "dxf/GroupCode.h"
+
 namespace host_dxf {
-
-namespace {
-
-constexpr int subclassMarker = 100;
-constexpr int embeddedObjectMarker = 101;
-constexpr int bracketCode = 102;
-constexpr int firstXdataCode = 1000;
-constexpr int applicationCode = 1001;
-
-} // namespace
 
 RecordPart RecordSorter::next(const DxfTag& tag) {
     if (tag.code == applicationCode) {

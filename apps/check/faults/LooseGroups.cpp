@@ -13,9 +13,6 @@ namespace pipenet {
 
 namespace {
 
-/// So many members of a group are named; the finding lists all.
-constexpr std::size_t kNamed = 8;
-
 /// Goes through what is in no network, group by group.
 class LooseGroups {
 public:
@@ -152,25 +149,25 @@ private:
     static std::string loneWellSentence(const Ids& group) {
         return fmt::format(
             "no pipe of the system ends at {}; bring pipes up to it, or take it away",
-            namesOf(group, kNamed));
+            namesOf(group, kNamedMembers));
     }
 
     static std::string takenSentence(const Ids& group, const Ids& taken) {
         return fmt::format("{} in no network, for what it joins ({}) is taken by another run; take "
                            "it away if it is there twice, or join it elsewhere",
-                           namesOf(group, kNamed) + (group.size() == 1 ? " is" : " are"),
-                           namesOf(taken, kNamed));
+                           namesOf(group, kNamedMembers) + (group.size() == 1 ? " is" : " are"),
+                           namesOf(taken, kNamedMembers));
     }
 
     static std::string groupSentence(const CheckedEntity& first, const Ids& group) {
         if (first.kind == EntityKind::tank) {
             return fmt::format("no pipe ends in {}, so it belongs to no network; bring pipes up to "
                                "it, or take it away",
-                               namesOf(group, kNamed));
+                               namesOf(group, kNamedMembers));
         }
         return fmt::format("{} hang together but lead to no well or tank from which a network "
                            "could be searched; put a well at an end",
-                           namesOf(group, kNamed));
+                           namesOf(group, kNamedMembers));
     }
 
     GravityDrawing& drawing_;

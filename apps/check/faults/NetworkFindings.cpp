@@ -9,9 +9,6 @@ namespace pipenet {
 
 namespace {
 
-/// So many members of a ring are named; the finding lists all.
-constexpr std::size_t kNamed = 8;
-
 const CheckedNode& nodeAt(const SystemUnderCheck& under, int node) {
     return under.pieces.nodes[static_cast<std::size_t>(node)];
 }
@@ -31,7 +28,7 @@ int networkOfRun(const SystemUnderCheck& under, int run) {
 std::string ringSentence(const SystemUnderCheck& under, const Closing& closing,
                          const Finding& finding) {
     const std::string back = placeName(nodeAt(under, closing.node));
-    const std::string members = namesOf(finding.entities, kNamed);
+    const std::string members = namesOf(finding.entities, kNamedMembers);
     if (closing.isUnnoticed) {
         return fmt::format("the network closes on itself: {} lead back to {}; open the ring, for a "
                            "search finds a tree and refuses it from elsewhere",
@@ -134,7 +131,7 @@ void findMergedWells(SystemUnderCheck& under) {
         finding.sentence = fmt::format(
             "{} and {} overlap and become one node of the network; move them apart if they are to "
             "be two",
-            nameOf(node.entity), namesOf(node.merged, kNamed));
+            nameOf(node.entity), namesOf(node.merged, kNamedMembers));
     }
 }
 

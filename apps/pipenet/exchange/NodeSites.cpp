@@ -19,10 +19,6 @@ bool isFitting(const AcDbObjectId& well) {
     return block == L"VLT_WELL_05" || block == L"VLT_WELL_15";
 }
 
-PlanPoint inPlan(const AcGePoint3d& point) {
-    return {point.x, point.y};
-}
-
 } // namespace
 
 NodeSites::NodeSites(const Drawing& drawing, const CString& system) {

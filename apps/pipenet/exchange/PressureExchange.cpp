@@ -15,10 +15,6 @@ namespace pipenet {
 
 namespace {
 
-PlanPoint inPlan(const AcGePoint3d& point) {
-    return {point.x, point.y};
-}
-
 /// Where a merged run begins and ends in walking order. Of a run that was turned about this is not
 /// its begin point and its search point.
 struct WalkedEnds {

@@ -85,8 +85,4 @@ Scene cutScene(const Drawing& drawing, const CurveChanges& changes);
 /// All pipes of the drawing.
 std::vector<PlanCurve> drawnPipes(const Drawing& drawing);
 
-inline PlanPoint inPlan(const AcGePoint3d& point) {
-    return {point.x, point.y};
-}
-
 } // namespace pipenet
