@@ -1,0 +1,1 @@
+// Has nothing of its own: the headers that all tests read are compiled beside it.
