@@ -4,6 +4,7 @@
 #include "gravity/GravityNetworkSearch.h"
 #include "module/networks/NetworkDump.h"
 #include "module/networks/RandomDrawing.h"
+#include "module/support/RandomBlocks.h"
 
 #include <gtest/gtest.h>
 
@@ -13,10 +14,6 @@ namespace {
 
 using tkvlt::CandidateMode;
 using tkvlt::GravityNetworkSearch;
-
-/// The drawings are searched in blocks, which may run side by side.
-constexpr std::uint32_t kBlocks = 10;
-constexpr std::uint32_t kDrawingsInBlock = 1000;
 
 /// How often a thing was met, so that a test can see that it met it at all.
 struct Met {

@@ -3,16 +3,13 @@
 
 #include "module/pressure/PressureDump.h"
 #include "module/pressure/RandomPressureDrawing.h"
+#include "module/support/RandomBlocks.h"
 
 #include <algorithm>
 
 namespace module_tests {
 
 namespace {
-
-/// The drawings are searched in blocks, which may run side by side.
-constexpr std::uint32_t kBlocks = 10;
-constexpr std::uint32_t kDrawingsInBlock = 1000;
 
 /// Of so many drawings one is as crowded as cutting by plain scan allows, with arcs that cross.
 constexpr std::uint32_t kCrowdedIn = 50;
