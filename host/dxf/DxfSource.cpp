@@ -1,12 +1,12 @@
 #include "dxf/DxfSource.h"
-#include "platform/LargePages.h"
+
+#include "platform/OpenFile.h"
 
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <system_error>
-#include <unistd.h>
 #include <utility>
 
 namespace host_dxf {
@@ -14,48 +14,14 @@ namespace host_dxf {
 namespace {
 
 using namespace std::string_view_literals;
+using platform_memory::KeptBytes;
 
 /// The bytes with which the format marks its binary form.
 constexpr std::string_view binarySentinel = "AutoCAD Binary DXF\r\n\x1a\0"sv;
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF"sv;
 
-/// Closes a file descriptor at the end of its scope.
-class OpenFile {
-public:
-    explicit OpenFile(const std::string& path)
-        : descriptor_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {}
-    ~OpenFile() {
-        if (descriptor_ >= 0) {
-            ::close(descriptor_);
-        }
-    }
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
-
-    int descriptor() const { return descriptor_; }
-
-private:
-    int descriptor_;
-};
-
 std::string systemMessage(int code) {
     return std::generic_category().message(code);
-}
-
-/// Fills `buffer` from the file; gives the number of bytes the file still had, or -1 on an error.
-ssize_t readAll(int descriptor, char* buffer, std::size_t size) {
-    std::size_t got = 0;
-    while (got < size) {
-        const ssize_t step = ::read(descriptor, buffer + got, size - got);
-        if (step == 0) {
-            break;
-        }
-        if (step < 0 && errno != EINTR) {
-            return -1;
-        }
-        got += step > 0 ? static_cast<std::size_t>(step) : 0;
-    }
-    return static_cast<ssize_t>(got);
 }
 
 /// The size of what was opened, or the reason why it is no file to read.
@@ -76,13 +42,13 @@ bool regularSize(int descriptor, std::size_t& size, std::string& reason) {
 
 } // namespace
 
-DxfSource::DxfSource(std::unique_ptr<const char[]> bytes, std::size_t size, std::string name)
-    : bytes_(std::move(bytes)), size_(size), name_(std::move(name)) {
+DxfSource::DxfSource(platform_memory::KeptBytes bytes, std::string name)
+    : bytes_(std::move(bytes)), name_(std::move(name)) {
     recogniseForm();
 }
 
 std::shared_ptr<const DxfSource> DxfSource::read(const std::string& utf8Path, std::string& error) {
-    const OpenFile file(utf8Path);
+    const host_files::OpenFile file(::open(utf8Path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (file.descriptor() < 0) {
         error = utf8Path + ": cannot open: " + systemMessage(errno);
         return nullptr;
@@ -93,24 +59,17 @@ std::shared_ptr<const DxfSource> DxfSource::read(const std::string& utf8Path, st
         error = utf8Path + ": " + reason;
         return nullptr;
     }
-    // Read, not mapped: a file cut short by another program must not end this one.
-    auto buffer = std::make_unique_for_overwrite<char[]>(size);
-    platform_memory::askForLargePages(buffer.get(), size);
-    const ssize_t got = readAll(file.descriptor(), buffer.get(), size);
-    if (got < 0) {
-        error = utf8Path + ": cannot read: " + systemMessage(errno);
+    try {
+        return std::make_shared<const DxfSource>(KeptBytes::ofFile(file.descriptor(), size),
+                                                 utf8Path);
+    } catch (const std::system_error& failure) {
+        error = utf8Path + ": cannot read: " + systemMessage(failure.code().value());
         return nullptr;
     }
-    return std::make_shared<const DxfSource>(std::move(buffer), static_cast<std::size_t>(got),
-                                             utf8Path);
 }
 
 std::shared_ptr<const DxfSource> DxfSource::fromBytes(std::string_view bytes, std::string name) {
-    auto buffer = std::make_unique_for_overwrite<char[]>(bytes.size());
-    if (!bytes.empty()) {
-        std::memcpy(buffer.get(), bytes.data(), bytes.size());
-    }
-    return std::make_shared<const DxfSource>(std::move(buffer), bytes.size(), std::move(name));
+    return std::make_shared<const DxfSource>(KeptBytes::copyOf(bytes), std::move(name));
 }
 
 void DxfSource::recogniseForm() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/KeptBytes.h"
+
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -19,13 +21,16 @@ enum class FileForm {
 class DxfSource {
 public:
     /// Reads the whole file. Returns null and one line without line number in `error` when that
-    /// fails. One allocation of the file's size; the file is closed again before this returns.
+    /// fails. The file is closed again before this returns, and may change afterwards; how its
+    /// bytes are kept is told at KeptBytes.
     static std::shared_ptr<const DxfSource> read(const std::string& utf8Path, std::string& error);
 
     /// A source over a copy of `bytes`; `name` stands for the file in messages.
     static std::shared_ptr<const DxfSource> fromBytes(std::string_view bytes, std::string name);
 
-    std::string_view bytes() const { return {bytes_.get(), size_}; }
+    std::string_view bytes() const { return bytes_.view(); }
+    /// Tells that the bytes from this offset on are read next; see KeptBytes.
+    void reads(std::size_t offset) const noexcept { bytes_.reads(offset); }
     const std::string& name() const { return name_; }
     FileForm form() const { return form_; }
     bool isText() const { return form_ == FileForm::Text; }
@@ -39,13 +44,12 @@ public:
     /// The byte that ends a line: '\n', or '\r' in a text file that has no '\n' at all.
     char lineEnd() const { return lineEnd_; }
 
-    DxfSource(std::unique_ptr<const char[]> bytes, std::size_t size, std::string name);
+    DxfSource(platform_memory::KeptBytes bytes, std::string name);
 
 private:
     void recogniseForm();
 
-    std::unique_ptr<const char[]> bytes_;
-    std::size_t size_;
+    platform_memory::KeptBytes bytes_;
     std::string name_;
     FileForm form_ = FileForm::Text;
     std::size_t firstOffset_ = 0;

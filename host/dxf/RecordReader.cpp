@@ -90,6 +90,7 @@ void RecordReader::read(DxfRecord& record) {
     if (next_.code != 0) {
         failExpecting("group 0");
     }
+    cursor_.source().reads(next_.begin);
     record.type = next_.text;
     record.position = next_.position();
     record.range = {next_.begin, next_.end, next_.line, 0};

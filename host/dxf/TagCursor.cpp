@@ -56,7 +56,9 @@ TagCursor::TagCursor(const DxfSource& source)
 
 TagCursor::TagCursor(const DxfSource& source, std::size_t begin, std::size_t end, std::size_t line)
     : source_(&source), bytes_(source.bytes().substr(0, end)),
-      offset_(begin < bytes_.size() ? begin : bytes_.size()), line_(line) {}
+      offset_(begin < bytes_.size() ? begin : bytes_.size()), line_(line) {
+    source.reads(offset_);
+}
 
 bool TagCursor::next(DxfTag& tag) {
     if (!source_->isText()) {

@@ -35,6 +35,8 @@ public:
     /// Where the next group code stands.
     FilePosition position() const;
 
+    const DxfSource& source() const { return *source_; }
+
 private:
     std::string_view takeLine();
     bool onlyBlanksLeft() const;

@@ -4,6 +4,7 @@
 #include "database/AcDbLine.h"
 #include "dxf/SaveDxf.h"
 #include "platform/Encoding.h"
+#include "platform/KeptBytes.h"
 
 #include <gtest/gtest.h>
 
@@ -69,6 +70,25 @@ TEST_F(SaveFiles, DrawingIsSavedOntoItsOwnFileTwice) {
         EXPECT_EQ(LoadedDrawing::fromFile(path_).modelSpace().size(), 1U + times);
     }
     EXPECT_EQ(filesInFolder(), 1U);
+}
+
+/// Of so large a file nothing but the drawing's own copy is left when another program cuts it.
+TEST_F(SaveFiles, LargeDrawingIsWholeAfterAnotherProgramCutItsFile) {
+    std::string large;
+    while (large.size() < platform_memory::KeptBytes::kLarge) {
+        large += "999\n" + std::string(1000, 'x') + '\n';
+    }
+    large += "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\nA\n10\n0\n11\n1\n1001\nVLT\n1000\nW-1\n"
+             "0\nENDSEC\n0\nEOF\n";
+    writeFile(path_, large);
+    const LoadedDrawing drawing = LoadedDrawing::fromFile(path_);
+    fs::resize_file(path_, 0);
+    const AcDbLine* line = drawing.modelEntity<AcDbLine>(0);
+    ASSERT_NE(line, nullptr);
+    EXPECT_EQ(dxf_test::xdataLines(*line), (std::vector<std::wstring>{L"1001=VLT", L"1000=W-1"}));
+    std::string error;
+    ASSERT_TRUE(host_dxf::saveDrawing(drawing.database(), path_, error)) << error;
+    EXPECT_TRUE(fileBytes(path_) == large);
 }
 
 TEST_F(SaveFiles, AccessRightsStay) {
