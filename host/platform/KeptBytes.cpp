@@ -81,7 +81,8 @@ OpenFile namelessFile() {
         system.f_type == RAMFS_MAGIC) {
         return OpenFile(-1);
     }
-    std::string name = folder / "tkvlt-XXXXXX";
+    std::string name = folder / "tkvlt-";
+    name.append(6, 'X'); // replaced by what makes the name unique
     OpenFile file(::mkostemp(name.data(), O_CLOEXEC));
     if (file.descriptor() >= 0) {
         ::unlink(name.c_str());
