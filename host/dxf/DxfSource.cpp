@@ -3,7 +3,6 @@
 #include "platform/OpenFile.h"
 
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <system_error>

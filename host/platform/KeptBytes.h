@@ -12,8 +12,8 @@ namespace platform_memory {
 ///
 /// Small ones lie in memory. Large ones lie in a file without a name in the folder for temporary
 /// files, which is gone when they are, and are mapped: what is not being read takes no memory of
-/// the process. Where no such file can be made, where the disk is full, or where that folder itself
-/// lies in memory, large ones lie in memory too.
+/// the process. Where no such file can be made or filled, or where that folder itself lies in
+/// memory, large ones lie in memory too.
 ///
 /// One thread at a time may read.
 class KeptBytes {

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
@@ -35,13 +36,13 @@ std::string bytesOf(std::size_t size) {
 }
 
 /// What this process holds of mapped files, in bytes.
-std::size_t heldOfFiles() {
+std::ptrdiff_t heldOfFiles() {
     std::ifstream status("/proc/self/statm");
-    std::size_t all = 0;
-    std::size_t resident = 0;
-    std::size_t shared = 0;
+    std::ptrdiff_t all = 0;
+    std::ptrdiff_t resident = 0;
+    std::ptrdiff_t shared = 0;
     status >> all >> resident >> shared;
-    return shared * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+    return shared * ::sysconf(_SC_PAGESIZE);
 }
 
 class KeptBytesTest : public ::testing::Test {
@@ -104,18 +105,20 @@ TEST_F(KeptBytesTest, WhatIsNotBeingReadTakesNoMemory) {
     constexpr std::size_t step = 4096;
     const std::string bytes = bytesOf(48 * kMebi);
     const KeptBytes kept = keep(bytes, kMebi);
-    const std::size_t before = heldOfFiles();
-    std::size_t most = 0;
+    const std::ptrdiff_t before = heldOfFiles();
+    ASSERT_GT(before, 0);
+    std::ptrdiff_t most = 0;
     for (std::size_t offset = 0; offset < bytes.size(); offset += step) {
         kept.reads(offset);
         ASSERT_TRUE(kept.view().substr(offset, step) ==
                     std::string_view(bytes).substr(offset, step));
         most = std::max(most, heldOfFiles() - before);
     }
-    EXPECT_LT(most, 16 * kMebi);
+    EXPECT_LT(most, std::ptrdiff_t{16 * kMebi});
     EXPECT_TRUE(kept.view() == bytes) << "what was let go is read back";
     if (kept.isInFile()) {
-        EXPECT_GT(heldOfFiles() - before, 40 * kMebi) << "what is told of no place stays";
+        EXPECT_GT(heldOfFiles() - before, std::ptrdiff_t{40 * kMebi})
+            << "what is told of no place stays";
     }
 }
 
