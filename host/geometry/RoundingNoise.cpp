@@ -1,7 +1,9 @@
 #include "geometry/RoundingNoise.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 
 namespace host_geometry {
@@ -12,9 +14,9 @@ double roundingNoise(std::initializer_list<AcGePoint3d> points) {
         largest = std::max({largest, std::fabs(point.x), std::fabs(point.y), std::fabs(point.z)});
     }
     constexpr double unitsInTheLastPlace = 4.0;
-    const double noise =
-        unitsInTheLastPlace *
-        (std::nextafter(largest, std::numeric_limits<double>::infinity()) - largest);
+    // The next larger number, without asking the library.
+    const auto above = std::bit_cast<double>(std::bit_cast<std::uint64_t>(largest) + 1);
+    const double noise = unitsInTheLastPlace * (above - largest);
     return std::isfinite(noise) ? noise : 0.0;
 }
 

@@ -4,6 +4,7 @@
 
 #include "gravity/MakeNode.h"
 #include "records/FetchAhead.h"
+#include "records/NotedThere.h"
 #include "records/XdataKeys.h"
 
 namespace tkvlt {
@@ -31,18 +32,6 @@ EntityKind ReadSystemName(const AcDbObjectId& id, CString& name) {
     }
     return kPipeEntity;
 }
-
-/// Has something noted while this lives.
-class NotedThere {
-public:
-    NotedThere(UnreadResult*& place, UnreadResult& unread) : place_(place) { place_ = &unread; }
-    ~NotedThere() { place_ = nullptr; }
-    NotedThere(const NotedThere&) = delete;
-    NotedThere& operator=(const NotedThere&) = delete;
-
-private:
-    UnreadResult*& place_;
-};
 
 } // namespace
 

@@ -7,7 +7,7 @@
 #include "frame/GravitySearchObject.h"
 #include "gravity/CandidateSource.h"
 #include "gravity/ChainFrame.h"
-#include "gravity/LaterReading.h"
+#include "records/LaterReading.h"
 #include "records/Block.h"
 #include "records/LargeVector.h"
 #include "records/Pipe.h"

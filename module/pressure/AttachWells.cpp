@@ -1,6 +1,8 @@
 // Puts meter and valve wells onto the segments that they lie on.
 
 #include "pressure/PressureNetworkSearch.h"
+#include "records/ClosedAtEnd.h"
+#include "records/PerDefinition.h"
 #include "records/PipeBox.h"
 
 namespace tkvlt {
@@ -12,6 +14,30 @@ const wchar_t* const kValveWellBlock = L"VLT_WELL_05";
 
 /// A well's rim may miss a straight segment by this much. An arc allows for nothing.
 constexpr double kStraightMargin = 0.0001;
+
+enum class Fitting { kOther, kMeter, kValve };
+
+/// By the name of the definition of a block reference.
+Fitting NamedFitting(const AcDbObjectId& reference) {
+    CString name;
+    GetBlockRefName(reference, name);
+    if (name.Compare(kMeterWellBlock) == 0) {
+        return Fitting::kMeter;
+    }
+    return name.Compare(kValveWellBlock) == 0 ? Fitting::kValve : Fitting::kOther;
+}
+
+/// The same, found out once of each definition. Of anything but a block reference there is no name.
+Fitting FittingOf(const AcDbObjectId& well, PerDefinition<Fitting>& known) {
+    AcDbObject* object = nullptr;
+    if (acdbOpenAcDbObject(object, well, AcDb::kForRead, AcDbBlockReference::desc(), false) !=
+        Acad::eOk) {
+        return Fitting::kOther;
+    }
+    const ClosedAtEnd closing(object);
+    return known.Of(static_cast<AcDbBlockReference*>(object)->blockTableRecord(),
+                    [&] { return NamedFitting(well); });
+}
 
 PlanBox CurveBox(const PressureSeg& seg) {
     if (seg.isArc != 0) {
@@ -63,12 +89,11 @@ Indices PressureNetworkSearch::WellsOn(const PressureSeg& seg) const {
 /// which of the others are meters is given back by pool index.
 std::vector<bool> PressureNetworkSearch::KeepMetersAndValves() {
     std::vector<bool> isMeter(static_cast<std::size_t>(wellPool.Size()));
+    PerDefinition<Fitting> known;
     for (int i = 0; i < wellPool.Size(); ++i) {
-        CString name;
-        GetBlockRefName(wellPool.IdOf(i), name);
-        if (name.Compare(kMeterWellBlock) == 0) {
-            isMeter[static_cast<std::size_t>(i)] = true;
-        } else if (name.Compare(kValveWellBlock) != 0) {
+        const Fitting fitting = FittingOf(wellPool.IdOf(i), known);
+        isMeter[static_cast<std::size_t>(i)] = fitting == Fitting::kMeter;
+        if (fitting == Fitting::kOther) {
             wellPool.Remove(i);
         }
     }

@@ -6,6 +6,9 @@
 
 #include "pressure/PressureNetworkSearch.h"
 #include "records/ClosedAtEnd.h"
+#include "records/FetchAhead.h"
+#include "records/LaterReading.h"
+#include "records/NotedThere.h"
 #include "records/RoundingNoise.h"
 #include "records/XdataKeys.h"
 
@@ -60,6 +63,56 @@ private:
     CArray<PressureSeg, PressureSeg&>& segs_;
 };
 
+/// What a pipe entity has to say of a segment.
+struct PipeValues {
+    AcGePoint3d start; ///< of the curve as drawn
+    AcGePoint3d end;
+    int diameter = 0;
+    double slope = 0.0;
+    double startElevation = 0.0;
+    double endElevation = 0.0;
+    CString flowText;
+    CString material;
+};
+
+PipeValues ReadPipeValues(const AcDbObjectId& id) {
+    CString diameter;
+    CString slope;
+    CString startElevation;
+    CString endElevation;
+    PipeValues values;
+    AcDbObject* object = nullptr;
+    if (acdbOpenAcDbObject(object, id, AcDb::kForRead, AcDbCurve::desc(), false) == Acad::eOk) {
+        const ClosedAtEnd closing(object);
+        auto* curve = static_cast<AcDbCurve*>(object);
+        curve->getStartPoint(values.start);
+        curve->getEndPoint(values.end);
+        ReadXdata(object, xdata::kDiameter, diameter);
+        ReadXdata(object, xdata::kFlow, values.flowText);
+        ReadXdata(object, xdata::kSlope, slope);
+        ReadXdata(object, xdata::kStartElevation, startElevation);
+        ReadXdata(object, xdata::kEndElevation, endElevation);
+        ReadXdata(object, xdata::kMaterial, values.material);
+    }
+    values.diameter = IntegerPrefix(diameter);
+    values.slope = NumberPrefix(slope);
+    values.startElevation = NumberPrefix(startElevation);
+    values.endElevation = NumberPrefix(endElevation);
+    return values;
+}
+
+/// The elevations follow the walk and not the water: the one at the entity's end nearer to the
+/// begin point is the segment's start. A piece of a cut pipe has those of the whole entity.
+void WriteAttributes(PressureSeg& seg, const PipeValues& pipe, const AcGePoint3d& begin) {
+    const bool beginsAtStart = pipe.end.distanceTo(begin) > pipe.start.distanceTo(begin);
+    seg.diameter = pipe.diameter;
+    seg.slope = pipe.slope;
+    seg.flowText = pipe.flowText;
+    seg.material = pipe.material;
+    seg.endElevation = beginsAtStart ? pipe.endElevation : pipe.startElevation;
+    seg.startElevation = beginsAtStart ? pipe.startElevation : pipe.endElevation;
+}
+
 } // namespace
 
 int PressureNetworkSearch::BuildSegments() {
@@ -68,11 +121,29 @@ int PressureNetworkSearch::BuildSegments() {
         return 0;
     }
     const LargeSteps steps(segs, pipePool.Size());
+    if (ReadsLater()) {
+        GrowAndReadLater(piece);
+    } else {
+        GrowFrom(piece);
+    }
+    segs.FreeExtra();
+    return 1;
+}
+
+void PressureNetworkSearch::GrowFrom(int piece) {
     PlaceRoot(piece);
     rootSeg = 0;
     WalkFromSeg(0);
-    segs.FreeExtra();
-    return 1;
+}
+
+/// No rule of a walk asks for what is read here behind it.
+void PressureNetworkSearch::GrowAndReadLater(int piece) {
+    std::vector<UnreadSeg> unread(static_cast<std::size_t>(segs.GetSize()));
+    {
+        const NotedThere noting(unread_, unread);
+        GrowFrom(piece);
+    }
+    ReadSegsAsDrawn(unread);
 }
 
 int PressureNetworkSearch::PlaceRoot(int piece) {
@@ -81,7 +152,7 @@ int PressureNetworkSearch::PlaceRoot(int piece) {
     const bool startIsNearer =
         pickedPoint.distanceTo(root.endPoint) > pickedPoint.distanceTo(root.startPoint);
     root.reversed = startIsNearer ? 0 : 1;
-    ReadSegAttributes(root);
+    TakeAttributes(root, piece);
     pipePool.Remove(piece);
     return static_cast<int>(segs.Add(root));
 }
@@ -121,40 +192,48 @@ void PressureNetworkSearch::AdoptPipe(PressureSeg& seg, int pipe) const {
     }
 }
 
-/// The elevations follow the walk and not the water: the one at the entity's end nearer to the
-/// begin point is the segment's start. A piece of a cut pipe has those of the whole entity.
+/// Attributes that are left for later are noted for the segment behind those that have theirs.
+void PressureNetworkSearch::TakeAttributes(PressureSeg& seg, int pipe) {
+    if (unread_ == nullptr) {
+        ReadSegAttributes(seg);
+        return;
+    }
+    seg.systemName = systemName;
+    unread_->push_back({pipe, seg.reversed != 0});
+}
+
 int PressureNetworkSearch::ReadSegAttributes(PressureSeg& seg) {
     if (seg.pipeIds.isEmpty()) {
         return 1;
     }
-    CString diameter;
-    CString slope;
-    CString startElevation;
-    CString endElevation;
-    AcGePoint3d curveStart;
-    AcGePoint3d curveEnd;
-    AcDbObject* object = nullptr;
-    if (acdbOpenAcDbObject(object, seg.pipeIds.at(0), AcDb::kForRead, AcDbCurve::desc(), false) ==
-        Acad::eOk) {
-        const ClosedAtEnd closing(object);
-        auto* curve = static_cast<AcDbCurve*>(object);
-        curve->getStartPoint(curveStart);
-        curve->getEndPoint(curveEnd);
-        ReadXdata(object, xdata::kDiameter, diameter);
-        ReadXdata(object, xdata::kFlow, seg.flowText);
-        ReadXdata(object, xdata::kSlope, slope);
-        ReadXdata(object, xdata::kStartElevation, startElevation);
-        ReadXdata(object, xdata::kEndElevation, endElevation);
-        ReadXdata(object, xdata::kMaterial, seg.material);
-    }
     seg.systemName = systemName;
-    const AcGePoint3d begin = seg.GetBeginPoint();
-    const bool beginsAtStart = curveEnd.distanceTo(begin) > curveStart.distanceTo(begin);
-    seg.diameter = IntegerPrefix(diameter);
-    seg.slope = NumberPrefix(slope);
-    seg.endElevation = NumberPrefix(beginsAtStart ? endElevation : startElevation);
-    seg.startElevation = NumberPrefix(beginsAtStart ? startElevation : endElevation);
+    WriteAttributes(seg, ReadPipeValues(seg.pipeIds.at(0)), seg.GetBeginPoint());
     return 1;
+}
+
+/// In the order of the drawing, in which its memory is read far faster, and once for all pieces of
+/// a pipe. A segment that was merged since has other ends than its first pipe.
+void PressureNetworkSearch::ReadSegsAsDrawn(const std::vector<UnreadSeg>& unread) {
+    const LargeVector<int> places = pipePool.PlacesAsDrawn();
+    LaterReading later(pipePool.Size());
+    for (std::size_t at = 0; at < unread.size(); ++at) {
+        if (unread[at].pipe >= 0) {
+            later.Add(places[static_cast<std::size_t>(unread[at].pipe)], static_cast<int>(at));
+        }
+    }
+    AcDbObjectId readLast;
+    PipeValues values;
+    later.ReadInOrder([this](int at) { FetchAhead(segs.ElementAt(at)); },
+                      [&](int at) {
+                          const UnreadSeg& left = unread[static_cast<std::size_t>(at)];
+                          if (pipePool.IdOf(left.pipe) != readLast) {
+                              readLast = pipePool.IdOf(left.pipe);
+                              values = ReadPipeValues(readLast);
+                          }
+                          const PipePiece& pipe = pipePool.At(left.pipe);
+                          WriteAttributes(segs.ElementAt(at), values,
+                                          left.beginsAtEnd ? pipe.endPoint : pipe.startPoint);
+                      });
 }
 
 } // namespace tkvlt

@@ -1,6 +1,8 @@
 #include "pressure/PipePieces.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <numeric>
 #include <utility>
 
 #include "records/PipeBox.h"
@@ -13,21 +15,26 @@ int PipePieces::Add(std::unique_ptr<_Pipe> pipe) {
     if (piece.isArc == 0) {
         return Add(pipe->id, piece);
     }
-    pieces_.push_back(piece);
+    AppendWhole(piece);
     return RecordPool::Add(std::move(pipe));
 }
 
 int PipePieces::Add(const AcDbObjectId& id, const PipePiece& piece) {
-    pieces_.push_back(piece);
+    AppendWhole(piece);
     return AddUnread(id);
+}
+
+void PipePieces::AppendWhole(const PipePiece& piece) {
+    pieces_.push_back(piece);
+    pieces_.back().drawn = wholePipes_++;
 }
 
 int PipePieces::AddCopyOf(int index) {
     const PipePiece piece = At(index);
-    if (piece.isArc == 0) {
-        return Add(AcDbObjectId(IdOf(index)), piece);
-    }
     pieces_.push_back(piece);
+    if (piece.isArc == 0) {
+        return AddUnread(AcDbObjectId(IdOf(index)));
+    }
     return RecordPool::Add((*this)[index]);
 }
 
@@ -51,6 +58,20 @@ PipeCurve PipePieces::CurveOf(int index) const {
 PlanBox PipePieces::BoxOf(int index) const {
     const PipePiece& piece = At(index);
     return PipeBox(piece.startPoint, piece.endPoint, piece.isArc != 0 ? &ArcOf(index) : nullptr);
+}
+
+/// A counting sort: each pipe tells how many entries it has, then where its own begin.
+LargeVector<int> PipePieces::PlacesAsDrawn() const {
+    LargeVector<int> next(static_cast<std::size_t>(wholePipes_));
+    for (const PipePiece& piece : pieces_) {
+        ++next[static_cast<std::size_t>(piece.drawn)];
+    }
+    std::exclusive_scan(next.begin(), next.end(), next.begin(), 0);
+    LargeVector<int> places(pieces_.size());
+    std::transform(pieces_.begin(), pieces_.end(), places.begin(), [&](const PipePiece& piece) {
+        return next[static_cast<std::size_t>(piece.drawn)]++;
+    });
+    return places;
 }
 
 void PipePieces::RestoreFirst(int size) {

@@ -17,6 +17,7 @@ struct PipePiece {
     AcGePoint3d endPoint;
     int isArc = 0; ///< the curve is the arc of the record
     int orientationFlag = 1;
+    int drawn = 0; ///< the how manieth of the pipes that were added whole; pieces have their pipe's
 
     /// What the record of a straight one keeps as its line.
     AcGeLineSeg3d Chord() const { return {startPoint, endPoint}; }
@@ -49,6 +50,9 @@ public:
     PipeCurve CurveOf(int index) const;
     /// The curve and the chord in plan.
     PlanBox BoxOf(int index) const;
+    /// For every entry its place when all stand in the order of the drawing, the pieces of a pipe
+    /// side by side.
+    LargeVector<int> PlacesAsDrawn() const;
 
     /// The record of an entry; one that has been looked at stands until the entry changes.
     const _Pipe& operator[](int index) const { return RecordPool::operator[](index); }
@@ -57,9 +61,12 @@ public:
     void CloseUp();
 
 private:
+    /// Appends the piece of a whole pipe, of which the pool knows nothing yet.
+    void AppendWhole(const PipePiece& piece);
     void ReadRecord(_Pipe& record, int index) const override;
 
     LargeVector<PipePiece> pieces_; // by index
+    int wholePipes_ = 0;            // that were added
 };
 
 /// What rounding may hide between two of these pipes, drawing units: they meet within a noise that

@@ -100,6 +100,12 @@ private:
         bool IsExhausted() const { return rest < 0 || straightRest < 0.0; }
     };
 
+    /// Whose attributes a segment is to carry.
+    struct UnreadSeg {
+        int pipe = -1;            ///< its index in the pool; -1 for none
+        bool beginsAtEnd = false; ///< the begin point is the pipe's end point
+    };
+
     void AddToPool(const AcDbObjectId& id);
     void AddPipe(const AcDbObjectId& id, ReadEntity& entity, const CString& system);
     bool ReadsLater() const { return candidateMode_ == CandidateMode::kIndexed; }
@@ -119,6 +125,10 @@ private:
 
     int FindRootPiece() const;
     void AdoptPipe(PressureSeg& seg, int pipe) const;
+    void GrowFrom(int piece);
+    void GrowAndReadLater(int piece);
+    void TakeAttributes(PressureSeg& seg, int pipe);
+    void ReadSegsAsDrawn(const std::vector<UnreadSeg>& unread);
     int ReadSegAttributes(PressureSeg& seg);
     void AdoptPipesInReach(int k);
     double PipeReach() const;
@@ -132,6 +142,7 @@ private:
     LargeVector<WellSite> wellSites_; // of the well pool, as collected
     SharedTraits traits_;
     std::unique_ptr<PressureCandidates> candidates_;
+    std::vector<UnreadSeg>* unread_ = nullptr; // by segment, while attributes are left for later
 };
 
 } // namespace tkvlt

@@ -122,7 +122,7 @@ void PressureNetworkSearch::AdoptPipesInReach(int k) {
         AdoptPipe(child, i);
         child.reversed = nearest.isEnd ? 1 : 0;
         child.parent = k;
-        ReadSegAttributes(child);
+        TakeAttributes(child, i);
         segs.ElementAt(k).children.Add(added);
         pipePool.Remove(i);
     }
@@ -155,6 +155,9 @@ bool PressureNetworkSearch::MergeOnlyChild(int k) {
     seg.orientationFlags.Append(child.orientationFlags);
     seg.children.RemoveAll();
     segs.RemoveAt(c);
+    if (unread_ != nullptr) {
+        unread_->erase(unread_->begin() + c);
+    }
     if (seg.reversed != 0 && turnedRuns != nullptr) {
         turnedRuns->push_back(seg.pipeIds.at(0));
         seg.reversed = 0;

@@ -28,15 +28,7 @@ int IsSquareWellDefinition(const AcDbObjectId& definition) {
 }
 
 int WellShapes::IsSquare(const AcDbObjectId& definition) {
-    if (known_.empty() || definition != lastDefinition_) {
-        const auto [known, isNew] = known_.try_emplace(definition, 0);
-        if (isNew) {
-            known->second = IsSquareWellDefinition(definition);
-        }
-        lastDefinition_ = definition;
-        lastIsSquare_ = known->second;
-    }
-    return lastIsSquare_;
+    return isSquare_.Of(definition, [&] { return IsSquareWellDefinition(definition); });
 }
 
 double WellShapes::Radius(const CString& diameter) {

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <unordered_map>
-
 #include "platform.h"
+#include "records/PerDefinition.h"
 
 namespace tkvlt {
 
@@ -22,9 +21,7 @@ public:
     double Radius(const CString& diameter);
 
 private:
-    std::unordered_map<AcDbObjectId, int> known_;
-    AcDbObjectId lastDefinition_;
-    int lastIsSquare_ = 0;
+    PerDefinition<int> isSquare_;
     CString lastDiameter_;
     double lastRadius_ = 0.0;
     bool hasRadius_ = false;

@@ -1,4 +1,4 @@
-#include "gravity/LaterReading.h"
+#include "records/LaterReading.h"
 #include "module/walk/WalkTest.h"
 
 #include <gtest/gtest.h>
