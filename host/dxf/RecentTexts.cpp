@@ -8,9 +8,6 @@ namespace host_dxf {
 
 namespace {
 
-/// Longer texts are rarely said twice.
-constexpr std::size_t longestKept = 32;
-
 /// Of the length and of up to eight bytes at each end, which may overlap: texts that differ in the
 /// middle alone are rare.
 std::size_t numberOf(std::string_view bytes) {
@@ -29,20 +26,21 @@ CString RecentTexts::shortText(std::string_view bytes) const {
     if (!TextDecoder::isPlain(bytes)) {
         return CString(std::wstring_view(decoder_.decode(bytes)));
     }
-    std::array<wchar_t, longestKept> characters;
+    std::array<wchar_t, kLongest> characters;
     std::copy(bytes.begin(), bytes.end(), characters.begin());
     return CString(std::wstring_view(characters.data(), bytes.size()));
 }
 
 void RecentTexts::read(std::string_view bytes, CString& text) {
-    if (bytes.empty() || bytes.size() > longestKept) {
+    if (bytes.empty() || bytes.size() > kLongest) {
         text = CString(std::wstring_view(decoder_.decode(bytes)));
         return;
     }
     Known& known = known_[numberOf(bytes) % kPlaces];
-    if (known.bytes != bytes) {
+    if (!known.isOf(bytes)) {
         known.text = shortText(bytes);
-        known.bytes = bytes;
+        std::copy(bytes.begin(), bytes.end(), known.bytes.begin());
+        known.length = bytes.size();
     }
     text = known.text;
 }

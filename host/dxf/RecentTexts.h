@@ -16,15 +16,24 @@ public:
     /// `decoder` outlives this.
     explicit RecentTexts(const TextDecoder& decoder) : decoder_(decoder) {}
 
-    /// Writes the text of `bytes`, which lie in the file that outlives this.
+    /// Writes the text of `bytes`.
     void read(std::string_view bytes, CString& text);
 
 private:
-    struct Known {
-        std::string_view bytes;
-        CString text;
-    };
+    /// Longer texts are rarely said twice.
+    static constexpr std::size_t kLongest = 32;
     static constexpr std::size_t kPlaces = 1024;
+
+    /// The bytes are kept here: where they lie in the file, nothing else is being read any more.
+    struct Known {
+        std::array<char, kLongest> bytes{};
+        std::size_t length = 0;
+        CString text;
+
+        bool isOf(std::string_view other) const {
+            return std::string_view(bytes.data(), length) == other;
+        }
+    };
 
     CString shortText(std::string_view bytes) const;
 

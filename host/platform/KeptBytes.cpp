@@ -4,7 +4,9 @@
 #include "platform/OpenFile.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
+#include <cstdint>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
@@ -71,14 +73,24 @@ bool mayGrowTo(std::size_t size) {
     return ::getrlimit(RLIMIT_FSIZE, &limit) == 0 && size <= limit.rlim_cur;
 }
 
+/// File systems that lie in memory, and those across a network or of another program's making,
+/// which may tell that there is no room only when what was written has long been let go.
+bool isUnfit(const struct statfs& system) {
+    constexpr std::array<std::uint32_t, 11> magics = {
+        TMPFS_MAGIC,      RAMFS_MAGIC,      NFS_SUPER_MAGIC, SMB_SUPER_MAGIC,
+        CIFS_SUPER_MAGIC, SMB2_SUPER_MAGIC, AFS_SUPER_MAGIC, CEPH_SUPER_MAGIC,
+        CODA_SUPER_MAGIC, V9FS_MAGIC,       FUSE_SUPER_MAGIC};
+    const auto type = static_cast<std::uint32_t>(system.f_type);
+    return std::find(magics.begin(), magics.end(), type) != magics.end();
+}
+
 /// A new file in the folder for temporary files that has lost its name already; a descriptor of -1
-/// where that folder allows none or lies in memory.
+/// where that folder allows none or is unfit.
 OpenFile namelessFile() {
     std::error_code failure;
     const std::filesystem::path folder = std::filesystem::temp_directory_path(failure);
     struct statfs system {};
-    if (failure || ::statfs(folder.c_str(), &system) != 0 || system.f_type == TMPFS_MAGIC ||
-        system.f_type == RAMFS_MAGIC) {
+    if (failure || ::statfs(folder.c_str(), &system) != 0 || isUnfit(system)) {
         return OpenFile(-1);
     }
     std::string name = folder / "tkvlt-";

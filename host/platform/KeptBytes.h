@@ -11,15 +11,15 @@ namespace platform_memory {
 /// afterwards.
 ///
 /// Small ones lie in memory. Large ones lie in a file without a name in the folder for temporary
-/// files, which is gone when they are, and are mapped: what is not being read takes no memory of
-/// the process. Where no such file can be made or filled, or where that folder itself lies in
-/// memory, large ones lie in memory too.
+/// files, which is gone when they are, and are mapped: what was read longer ago need take no memory
+/// of the process. Where no such file can be made or filled, or where that folder itself lies in
+/// memory or across a network, large ones lie in memory too.
 ///
 /// One thread at a time may read.
 class KeptBytes {
 public:
-    /// From so many bytes on they are large. Reading back what was let go costs a hundredth of what
-    /// reading a drawing of this size does.
+    /// From so many bytes on they are large. Reading back what was let go, in its order, costs a
+    /// hundredth of what reading a drawing of this size does.
     static constexpr std::size_t kLarge = std::size_t{16} << 20;
 
     /// Reads the first `size` bytes of an open file, fewer when it has no more. Throws

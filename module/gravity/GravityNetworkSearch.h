@@ -7,9 +7,9 @@
 #include "frame/GravitySearchObject.h"
 #include "gravity/CandidateSource.h"
 #include "gravity/ChainFrame.h"
-#include "records/LaterReading.h"
 #include "records/Block.h"
 #include "records/LargeVector.h"
+#include "records/LaterReading.h"
 #include "records/Pipe.h"
 #include "records/PlanSites.h"
 #include "records/RecordPool.h"
@@ -49,6 +49,13 @@ struct ChainOutcome {
     int targetKind; ///< a `TargetKind`
     int targetIndex;
     double length; ///< drawing units
+};
+
+/// What a walk left unread: the block references behind nodes, and the pipes that speak for
+/// segments.
+struct UnreadResult {
+    LaterReading nodes; ///< by the well
+    LaterReading segs;  ///< by the first pipe
 };
 
 /// The working context of one gravity search.

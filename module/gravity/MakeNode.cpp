@@ -34,8 +34,16 @@ void ReadNumber(Well& node) {
 }
 
 void ReadRest(Well& node) {
-    ReadBlockReference(node);
-    ReadNumber(node);
+    const ReadEntity entity(node.id);
+    if (!entity) {
+        return;
+    }
+    if (entity.get()->isKindOf(AcDbBlockReference::desc())) {
+        ReadBlockReference(node, *static_cast<const AcDbBlockReference*>(entity.get()));
+    }
+    if (node.isWell != 0) {
+        ReadXdata(entity.get(), xdata::kWellNumber, node.number);
+    }
 }
 
 } // namespace tkvlt

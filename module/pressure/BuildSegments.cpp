@@ -136,7 +136,8 @@ void PressureNetworkSearch::GrowFrom(int piece) {
     WalkFromSeg(0);
 }
 
-/// No rule of a walk asks for what is read here behind it.
+/// No rule of a walk asks for what is read here behind it. When an exception ends the walk, what
+/// was placed lacks it.
 void PressureNetworkSearch::GrowAndReadLater(int piece) {
     std::vector<UnreadSeg> unread(static_cast<std::size_t>(segs.GetSize()));
     {

@@ -39,7 +39,10 @@ int PipePieces::AddCopyOf(int index) {
 }
 
 void PipePieces::Set(int index, const PipePiece& piece) {
-    pieces_[static_cast<std::size_t>(index)] = piece;
+    PipePiece& changed = pieces_[static_cast<std::size_t>(index)];
+    const int drawn = changed.drawn;
+    changed = piece;
+    changed.drawn = drawn;
     if (piece.isArc == 0) {
         Forget(index);
         return;
@@ -67,10 +70,11 @@ LargeVector<int> PipePieces::PlacesAsDrawn() const {
         ++next[static_cast<std::size_t>(piece.drawn)];
     }
     std::exclusive_scan(next.begin(), next.end(), next.begin(), 0);
-    LargeVector<int> places(pieces_.size());
-    std::transform(pieces_.begin(), pieces_.end(), places.begin(), [&](const PipePiece& piece) {
-        return next[static_cast<std::size_t>(piece.drawn)]++;
-    });
+    LargeVector<int> places;
+    places.reserve(pieces_.size());
+    for (const PipePiece& piece : pieces_) {
+        places.push_back(next[static_cast<std::size_t>(piece.drawn)]++);
+    }
     return places;
 }
 

@@ -42,6 +42,7 @@ public:
     /// @param index any that was given since `CloseUp`, as for all that follows, also of an entry
     ///              that has been taken away since.
     const PipePiece& At(int index) const { return pieces_[static_cast<std::size_t>(index)]; }
+    /// The entry stays one of the same pipe.
     void Set(int index, const PipePiece& piece);
     /// The curve of an entry that is an arc.
     AcGeCircArc3d& ArcOf(int index) { return RecordPool::operator[](index).arc; }

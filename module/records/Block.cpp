@@ -27,16 +27,18 @@ AcDbObjectId tkvlt::ReadBlockReference(_Block& block) {
         return AcDbObjectId();
     }
     const tkvlt::ClosedAtEnd closing(object);
-    auto* reference = static_cast<AcDbBlockReference*>(object);
-    block.scale = reference->scaleFactors();
-    block.position = reference->position();
-    const AcDbObjectId definition = reference->blockTableRecord();
-    reference->layer(block.layer);
-    block.handle = HandleText(reference);
-    reference->geomExtentsBestFit(block.extents, AcGeMatrix3d::kIdentity);
-    block.rotation = reference->rotation();
+    return ReadBlockReference(block, *static_cast<AcDbBlockReference*>(object));
+}
+
+AcDbObjectId tkvlt::ReadBlockReference(_Block& block, const AcDbBlockReference& reference) {
+    block.scale = reference.scaleFactors();
+    block.position = reference.position();
+    reference.layer(block.layer);
+    block.handle = HandleText(&reference);
+    reference.geomExtentsBestFit(block.extents, AcGeMatrix3d::kIdentity);
+    block.rotation = reference.rotation();
     block.valid = 1;
-    return definition;
+    return reference.blockTableRecord();
 }
 
 _Block::_Block() : radius(DefaultRadius()) {}

@@ -8,16 +8,16 @@
 namespace tkvlt {
 
 /// Parts of a result that are filled from the drawing only when the walk is over, in the order of
-/// the pool and with it of the drawing: the walk comes to entities all over the drawing, and memory
-/// is read far faster in order.
+/// the drawing: the walk comes to entities all over it, and memory is read far faster in order.
 class LaterReading {
 public:
-    /// @param entries so many entries has the pool.
-    explicit LaterReading(int entries) : partOf_(static_cast<std::size_t>(entries), kNone) {}
+    /// @param places so many are there.
+    explicit LaterReading(int places) : partOf_(static_cast<std::size_t>(places), kNone) {}
 
-    /// @param entry the pool index of the entity that the part is filled from; once for each.
+    /// @param place where the part's turn comes, by the place in the drawing of the entity that it
+    ///              is filled from; once for each.
     /// @param part its index in the result.
-    void Add(int entry, int part) { partOf_[static_cast<std::size_t>(entry)] = part; }
+    void Add(int place, int part) { partOf_[static_cast<std::size_t>(place)] = part; }
 
     /// Calls `read` with every part that was added, and some parts earlier `announce`, so that the
     /// memory of the part can be fetched meanwhile.
@@ -42,13 +42,6 @@ private:
     static constexpr int kNone = -1;
 
     LargeVector<int> partOf_;
-};
-
-/// What a walk left unread: the block references behind nodes, and the pipes that speak for
-/// segments.
-struct UnreadResult {
-    LaterReading nodes; ///< by the well
-    LaterReading segs;  ///< by the first pipe
 };
 
 } // namespace tkvlt

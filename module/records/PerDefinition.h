@@ -15,9 +15,9 @@ public:
     template<class Find>
     Finding Of(const AcDbObjectId& definition, Find find) {
         if (known_.empty() || definition != lastDefinition_) {
-            const auto [known, isNew] = known_.try_emplace(definition, Finding());
-            if (isNew) {
-                known->second = find();
+            auto known = known_.find(definition);
+            if (known == known_.end()) {
+                known = known_.emplace(definition, find()).first;
             }
             lastDefinition_ = definition;
             last_ = known->second;

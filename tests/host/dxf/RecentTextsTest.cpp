@@ -77,6 +77,15 @@ TEST_F(RecentTextsTest, TextsThatShareAPlaceAreToldApart) {
     }
 }
 
+TEST_F(RecentTextsTest, WhereBytesLayOtherBytesMayStandLater) {
+    std::string bytes = "DN300";
+    EXPECT_EQ(textOf(bytes), L"DN300");
+    bytes = "DN400";
+    EXPECT_EQ(textOf("DN300"), L"DN300");
+    EXPECT_EQ(textOf(bytes), L"DN400");
+    EXPECT_EQ(textOf("DN300"), L"DN300");
+}
+
 TEST_F(RecentTextsTest, ATextOutlivesWhatRemembersIt) {
     const std::string bytes = "PE";
     CString kept;

@@ -32,6 +32,21 @@ TEST_F(AttachWellsTest, BlockNameTellsMetersAndValves) {
     EXPECT_TRUE(samePoint(seg(0).valvePoints.GetAt(0), {7, 0.25, 0}, 0)) << "the well's position";
 }
 
+TEST_F(AttachWellsTest, KindsMayFollowOneAnotherInAnyOrder) {
+    const AcDbObjectId picked = pipe();
+    Ids drawnMeters;
+    Ids drawnValves;
+    for (const double x : {1.0, 3.0, 5.0, 7.0}) {
+        drawnMeters.push_back(drawing.meter({x, 0, 0}));
+        drawing.fitting({x, 0, 0}, L"VLT_WELL_01");
+        drawnValves.push_back(drawing.valve({x + 1.0, 0, 0}));
+        drawnValves.push_back(drawing.valve({x + 1.5, 0, 0}));
+    }
+    run(picked);
+    EXPECT_EQ(meters(0), drawnMeters);
+    EXPECT_EQ(valves(0), drawnValves);
+}
+
 TEST_F(AttachWellsTest, BlocksOfOtherNamesAreNotRecorded) {
     const AcDbObjectId picked = pipe();
     for (const wchar_t* name : {L"VLT_WELL_04", L"VLT_WELL_01", L"VLT_WELL_150", L"VLT_WELL_1"}) {

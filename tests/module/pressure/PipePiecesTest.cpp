@@ -96,6 +96,25 @@ TEST(PipePieces, ClosingUpAndRestoringKeepEveryPieceBesideItsEntry) {
     EXPECT_EQ(pipes.At(2).startPoint.x, 2.0);
 }
 
+/// Of three pipes the first and the last are cut, the last one's second piece once more: what is
+/// left in the pool is 1, 0a, 0b, 2a, 2ba, 2bb.
+TEST(PipePieces, PiecesHaveThePlaceOfTheirPipeInTheDrawing) {
+    PipePieces pipes;
+    EXPECT_TRUE(pipes.PlacesAsDrawn().empty());
+    for (int i = 0; i < 2; ++i) {
+        pipes.Add(AcDbObjectId(), PipePiece{{double(i), 0, 0}, {double(i), 9, 0}});
+    }
+    pipes.Add(arcPipe({1, 2, 3}, {4, 2, 3}));
+    for (const int cut : {0, 2, 6}) {
+        pipes.AddCopyOf(cut);
+        pipes.AddCopyOf(cut);
+        pipes.Remove(cut);
+    }
+    pipes.CloseUp();
+    const auto places = pipes.PlacesAsDrawn();
+    EXPECT_EQ(std::vector<int>(places.begin(), places.end()), (std::vector<int>{2, 0, 1, 3, 4, 5}));
+}
+
 class PipePiecesTest : public PressureTest {};
 
 /// A main of 30 to the right, cut at 10: the piece lies where it was cut, its direction and angle

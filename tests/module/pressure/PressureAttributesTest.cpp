@@ -1,6 +1,7 @@
 // What a segment of the walk takes from its first pipe.
 
 #include "module/pressure/PressureTest.h"
+#include "TKVltSearchModule18.h"
 
 namespace module_tests {
 
@@ -96,6 +97,39 @@ TEST_F(PressureAttributesTest, PiecesKeepTheHeightsOfTheWholeEntity) {
     expectHeights(0, 9.5, 6.25);
     EXPECT_TRUE(samePoint(seg(2).startPoint, {20, 0, 0}));
     expectHeights(2, 6.25, 9.5);
+}
+
+/// The walk came to the picked pipe at (10, 0), its end as drawn. As one run with the second pipe
+/// it is turned round, so that its begin point lies nearer to the pipe's start then.
+TEST_F(PressureAttributesTest, HeightsOfATurnedRunAreThoseFromBeforeItWasTurned) {
+    const AcDbObjectId first = drawing.main({0, 0, 0}, {10, 0, 0}, kHigh);
+    drawing.main({-10, 0, 0}, {0, 0, 0});
+    ASSERT_EQ(search(first, {10, 0, 0}), 1);
+    ASSERT_EQ(count(), 1);
+    EXPECT_TRUE(samePoint(seg(0).GetBeginPoint(), {-10, 0, 0}));
+    expectHeights(0, 6.25, 9.5);
+}
+
+/// Entry 0 was there before with entry 1 as its only child and takes it in as the walk begins, so
+/// that the root moves up to its place.
+TEST_F(PressureAttributesTest, EachHasItsOwnWhereAnEntryInFrontIsMergedAway) {
+    const AcDbObjectId picked = drawing.main({0, 0, 0}, {10, 0, 0}, {.diameter = L"100"});
+    drawing.main({120, 0, 0}, {120, 10, 0}, {.diameter = L"200"});
+    for (int i = 0; i < 2; ++i) {
+        PressureSeg old;
+        old.startPoint = {100 + 10.0 * i, 0, 0};
+        old.endPoint = {110 + 10.0 * i, 0, 0};
+        old.line.set(old.startPoint, old.endPoint);
+        old.systemName = kSupply;
+        old.diameter = 7;
+        segs.Add(old);
+    }
+    segs.ElementAt(0).children.Add(1);
+    ASSERT_EQ(GetPressureNetwork(segs, picked, {0, 0, 0}, rootSeg), 1);
+    ASSERT_EQ(count(), 3);
+    EXPECT_EQ(seg(0).diameter, 7);
+    EXPECT_EQ(seg(1).diameter, 100);
+    EXPECT_EQ(seg(2).diameter, 200);
 }
 
 TEST_F(PressureAttributesTest, BeginPointMidwayCountsAsTheEntitysEnd) {

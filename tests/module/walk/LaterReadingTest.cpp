@@ -30,7 +30,7 @@ TEST(LaterReading, NothingIsReadOfNothing) {
     EXPECT_TRUE(ask(LaterReading(5)).announced.empty());
 }
 
-TEST(LaterReading, PartsAreReadInTheOrderOfThePool) {
+TEST(LaterReading, PartsAreReadInTheOrderOfTheirPlaces) {
     LaterReading later(10);
     later.Add(9, 0);
     later.Add(0, 3);
