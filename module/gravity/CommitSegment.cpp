@@ -1,46 +1,10 @@
 // Turns a traced chain into a node, a segment and the links between them.
 
 #include "gravity/GravityNetworkSearch.h"
-#include "records/ClosedAtEnd.h"
+#include "records/PipeTexts.h"
 #include "records/XdataKeys.h"
 
 namespace tkvlt {
-
-namespace {
-
-/// What the pipe that speaks for a segment says. A pipe that cannot be opened says nothing, with
-/// both ends at the origin.
-struct PipeTexts {
-    AcGePoint3d startPoint;
-    AcGePoint3d endPoint;
-    CString diameter;
-    CString flow;
-    CString slope;
-    CString startElevation;
-    CString endElevation;
-    CString material;
-};
-
-PipeTexts ReadPipeTexts(const AcDbObjectId& id) {
-    PipeTexts texts;
-    AcDbObject* object = nullptr;
-    if (acdbOpenAcDbObject(object, id, AcDb::kForRead, AcDbCurve::desc(), false) != Acad::eOk) {
-        return texts;
-    }
-    const ClosedAtEnd closing(object);
-    auto* curve = static_cast<AcDbCurve*>(object);
-    curve->getStartPoint(texts.startPoint);
-    curve->getEndPoint(texts.endPoint);
-    ReadXdata(object, xdata::kDiameter, texts.diameter);
-    ReadXdata(object, xdata::kFlow, texts.flow);
-    ReadXdata(object, xdata::kSlope, texts.slope);
-    ReadXdata(object, xdata::kStartElevation, texts.startElevation);
-    ReadXdata(object, xdata::kEndElevation, texts.endElevation);
-    ReadXdata(object, xdata::kMaterial, texts.material);
-    return texts;
-}
-
-} // namespace
 
 /// The flow sense follows from the flow text and the entity's orientation, the elevations from the
 /// orientation alone.

@@ -5,10 +5,10 @@
 #include <cmath>
 
 #include "pressure/PressureNetworkSearch.h"
-#include "records/ClosedAtEnd.h"
 #include "records/FetchAhead.h"
 #include "records/LaterReading.h"
 #include "records/NotedThere.h"
+#include "records/PipeTexts.h"
 #include "records/RoundingNoise.h"
 #include "records/XdataKeys.h"
 
@@ -63,54 +63,16 @@ private:
     CArray<PressureSeg, PressureSeg&>& segs_;
 };
 
-/// What a pipe entity has to say of a segment.
-struct PipeValues {
-    AcGePoint3d start; ///< of the curve as drawn
-    AcGePoint3d end;
-    int diameter = 0;
-    double slope = 0.0;
-    double startElevation = 0.0;
-    double endElevation = 0.0;
-    CString flowText;
-    CString material;
-};
-
-PipeValues ReadPipeValues(const AcDbObjectId& id) {
-    CString diameter;
-    CString slope;
-    CString startElevation;
-    CString endElevation;
-    PipeValues values;
-    AcDbObject* object = nullptr;
-    if (acdbOpenAcDbObject(object, id, AcDb::kForRead, AcDbCurve::desc(), false) == Acad::eOk) {
-        const ClosedAtEnd closing(object);
-        auto* curve = static_cast<AcDbCurve*>(object);
-        curve->getStartPoint(values.start);
-        curve->getEndPoint(values.end);
-        ReadXdata(object, xdata::kDiameter, diameter);
-        ReadXdata(object, xdata::kFlow, values.flowText);
-        ReadXdata(object, xdata::kSlope, slope);
-        ReadXdata(object, xdata::kStartElevation, startElevation);
-        ReadXdata(object, xdata::kEndElevation, endElevation);
-        ReadXdata(object, xdata::kMaterial, values.material);
-    }
-    values.diameter = IntegerPrefix(diameter);
-    values.slope = NumberPrefix(slope);
-    values.startElevation = NumberPrefix(startElevation);
-    values.endElevation = NumberPrefix(endElevation);
-    return values;
-}
-
 /// The elevations follow the walk and not the water: the one at the entity's end nearer to the
 /// begin point is the segment's start. A piece of a cut pipe has those of the whole entity.
-void WriteAttributes(PressureSeg& seg, const PipeValues& pipe, const AcGePoint3d& begin) {
-    const bool beginsAtStart = pipe.end.distanceTo(begin) > pipe.start.distanceTo(begin);
-    seg.diameter = pipe.diameter;
-    seg.slope = pipe.slope;
-    seg.flowText = pipe.flowText;
+void WriteAttributes(PressureSeg& seg, const PipeTexts& pipe, const AcGePoint3d& begin) {
+    const bool beginsAtStart = pipe.endPoint.distanceTo(begin) > pipe.startPoint.distanceTo(begin);
+    seg.flowText = pipe.flow;
     seg.material = pipe.material;
-    seg.endElevation = beginsAtStart ? pipe.endElevation : pipe.startElevation;
-    seg.startElevation = beginsAtStart ? pipe.startElevation : pipe.endElevation;
+    seg.diameter = IntegerPrefix(pipe.diameter);
+    seg.slope = NumberPrefix(pipe.slope);
+    seg.endElevation = NumberPrefix(beginsAtStart ? pipe.endElevation : pipe.startElevation);
+    seg.startElevation = NumberPrefix(beginsAtStart ? pipe.startElevation : pipe.endElevation);
 }
 
 } // namespace
@@ -208,7 +170,7 @@ int PressureNetworkSearch::ReadSegAttributes(PressureSeg& seg) {
         return 1;
     }
     seg.systemName = systemName;
-    WriteAttributes(seg, ReadPipeValues(seg.pipeIds.at(0)), seg.GetBeginPoint());
+    WriteAttributes(seg, ReadPipeTexts(seg.pipeIds.at(0)), seg.GetBeginPoint());
     return 1;
 }
 
@@ -223,16 +185,16 @@ void PressureNetworkSearch::ReadSegsAsDrawn(const std::vector<UnreadSeg>& unread
         }
     }
     AcDbObjectId readLast;
-    PipeValues values;
+    PipeTexts texts;
     later.ReadInOrder([this](int at) { FetchAhead(segs.ElementAt(at)); },
                       [&](int at) {
                           const UnreadSeg& left = unread[static_cast<std::size_t>(at)];
                           if (pipePool.IdOf(left.pipe) != readLast) {
                               readLast = pipePool.IdOf(left.pipe);
-                              values = ReadPipeValues(readLast);
+                              texts = ReadPipeTexts(readLast);
                           }
                           const PipePiece& pipe = pipePool.At(left.pipe);
-                          WriteAttributes(segs.ElementAt(at), values,
+                          WriteAttributes(segs.ElementAt(at), texts,
                                           left.beginsAtEnd ? pipe.endPoint : pipe.startPoint);
                       });
 }
