@@ -21,7 +21,7 @@ double DistanceToCurve(const PipeCurve& curve, const AcGePoint3d& point) {
 }
 
 /// Two circles whose centres and radii differ by no more than this, in drawing units, are one.
-constexpr double kOneCircle = 1e-7;
+constexpr double kSameCircle = 1e-7;
 
 /// Below this difference two pieces of one entity lie equally far from the point. The circles of
 /// two pieces of one arc, each laid through three points, may differ by more than their coordinates
@@ -38,7 +38,7 @@ double NoiseOfDistances(const PipePieces& pipes, int a, int b, const AcGePoint3d
     const AcGePoint3d centreB = pipes.ArcOf(b).center();
     const double centres = centreA.distanceTo(centreB);
     const double radii = std::abs(pipes.ArcOf(a).radius() - pipes.ArcOf(b).radius());
-    if (!(centres <= kOneCircle && radii <= kOneCircle)) {
+    if (!(centres <= kSameCircle && radii <= kSameCircle)) {
         return noise;
     }
     return std::max(noise, RoundingNoise({centreA, centreB})) + centres + radii;

@@ -19,7 +19,7 @@ constexpr double kOneCircle = 1.0;
 /// No end counts as farther away than this.
 constexpr double kFarthestEnd = 1e19;
 
-struct NearestEnd {
+struct PipeEnd {
     double distance;
     bool isEnd;
 };
@@ -32,8 +32,8 @@ PlanBox EndsInReach(const AcGePoint3d& point, double reach) {
     return PlanBox::Around(point, std::numeric_limits<double>::infinity());
 }
 
-NearestEnd NearestEndOf(const PipePiece& pipe, const AcGePoint3d& point) {
-    NearestEnd nearest{kFarthestEnd, false};
+PipeEnd NearestEndOf(const PipePiece& pipe, const AcGePoint3d& point) {
+    PipeEnd nearest{kFarthestEnd, false};
     const double fromStart = pipe.startPoint.distanceTo(point);
     const double fromEnd = pipe.endPoint.distanceTo(point);
     if (nearest.distance > fromStart) {
@@ -115,7 +115,7 @@ Indices PressureNetworkSearch::PipesInReach(const AcGePoint3d& point, const CStr
 void PressureNetworkSearch::AdoptPipesInReach(int k) {
     const AcGePoint3d searchPoint = segs.ElementAt(k).GetSearchPoint();
     for (const int i : PipesInReach(searchPoint, segs.ElementAt(k).systemName)) {
-        const NearestEnd nearest = NearestEndOf(pipePool.At(i), searchPoint);
+        const PipeEnd nearest = NearestEndOf(pipePool.At(i), searchPoint);
         const int added = static_cast<int>(segs.GetSize());
         segs.SetSize(added + 1);
         PressureSeg& child = segs.ElementAt(added);

@@ -2,7 +2,7 @@
 
 namespace {
 
-using Indices = CArray<int, int>;
+using IndexList = CArray<int, int>;
 
 void DecrementFrom(int lowest, int& index) {
     if (index >= lowest) {
@@ -23,7 +23,7 @@ void RemoveOutSeg(Well& well, int segment) {
 /// removed stretch.
 void HandOverOutSegs(GravitySearchObject& network, int segment, int startWell, int endWell) {
     Well& start = network.wells.ElementAt(startWell);
-    const Indices& handed = network.wells.GetAt(endWell).outSegs;
+    const IndexList& handed = network.wells.GetAt(endWell).outSegs;
     const GravitySeg& removed = network.segs.GetAt(segment);
     const INT_PTR count = handed.GetSize();
     for (INT_PTR i = 0; i < count; ++i) {
@@ -56,7 +56,7 @@ void CloseGapOfWell(CArray<GravitySeg, GravitySeg&>& segs, int well) {
 }
 
 /// Takes an index out of a path and closes its gap in those behind it.
-void RemoveFromPath(Indices& path, int removed) {
+void RemoveFromPath(IndexList& path, int removed) {
     INT_PTR i = 0;
     while (i < path.GetSize()) {
         if (path.GetAt(i) == removed) {
