@@ -169,8 +169,11 @@ int PressureNetworkSearch::ReadSegAttributes(PressureSeg& seg) {
     if (seg.pipeIds.isEmpty()) {
         return 1;
     }
+    PipeTexts known;
+    known.flow = seg.flowText;
+    known.material = seg.material;
     seg.systemName = systemName;
-    WriteAttributes(seg, ReadPipeTexts(seg.pipeIds.at(0)), seg.GetBeginPoint());
+    WriteAttributes(seg, ReadPipeTexts(seg.pipeIds.at(0), known), seg.GetBeginPoint());
     return 1;
 }
 

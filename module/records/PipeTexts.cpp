@@ -5,8 +5,7 @@
 
 namespace tkvlt {
 
-PipeTexts ReadPipeTexts(const AcDbObjectId& id) {
-    PipeTexts texts;
+PipeTexts ReadPipeTexts(const AcDbObjectId& id, PipeTexts texts) {
     AcDbObject* object = nullptr;
     if (acdbOpenAcDbObject(object, id, AcDb::kForRead, AcDbCurve::desc(), false) != Acad::eOk) {
         return texts;

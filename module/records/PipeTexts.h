@@ -16,7 +16,8 @@ struct PipeTexts {
     CString material;
 };
 
-/// Reads a pipe. One that cannot be opened says nothing, with both ends at the origin.
-PipeTexts ReadPipeTexts(const AcDbObjectId& id);
+/// Reads a pipe.
+/// @param texts what stays of texts that it does not carry, and of all when it cannot be opened.
+PipeTexts ReadPipeTexts(const AcDbObjectId& id, PipeTexts texts = {});
 
 } // namespace tkvlt

@@ -161,6 +161,27 @@ TEST_F(PressureAttributesTest, PipeThatCannotBeOpenedHasNoValuesAndTheSystem) {
     expectHeights(1, 9.5, 6.25);
 }
 
+/// Flow and material are the segment's own texts and stay; the numbers are those of empty texts.
+TEST_F(PressureAttributesTest, FlowAndMaterialThatThePipeDoesNotCarryStayAsTheyAre) {
+    const AcDbObjectId bare = drawing.main({0, 0, 0}, {10, 0, 0});
+    const AcDbObjectId told =
+        drawing.main({0, 50, 0}, {10, 50, 0}, {.flow = L"ES", .material = L"PE"});
+    const auto search = collected(bare);
+    PressureSeg read;
+    read.flowText = L"SE";
+    read.material = L"PVC";
+    read.diameter = 7;
+    read.pipeIds.append(bare);
+    EXPECT_EQ((search.get()->*readAttributesMember())(read), 1);
+    EXPECT_EQ(utf8(read.flowText), "SE");
+    EXPECT_EQ(utf8(read.material), "PVC");
+    EXPECT_EQ(read.diameter, 0);
+    read.pipeIds.setAt(0, told);
+    EXPECT_EQ((search.get()->*readAttributesMember())(read), 1);
+    EXPECT_EQ(utf8(read.flowText), "ES");
+    EXPECT_EQ(utf8(read.material), "PE");
+}
+
 TEST_F(PressureAttributesTest, SegmentWithoutPipesStaysAsItIs) {
     const auto search = collected(drawing.main({0, 0, 0}, {10, 0, 0}, kHigh));
     PressureSeg none;
