@@ -71,9 +71,10 @@ double circularClosest(const ArcPiece& piece, const AcGePoint3d& point) {
     const AcGeVector3d offset = point - piece.center;
     const double alongU = offset.dotProduct(piece.u);
     const double alongV = offset.dotProduct(piece.v);
-    // Next to the centre the direction would be that of rounding alone.
-    const double noise = host_geometry::roundingNoise({piece.center, point});
-    if (std::hypot(alongU, alongV) <= noise * piece.u.length()) {
+    // What meets the centre has no direction from it.
+    const double atCentre = host_geometry::meetingDistance(
+        AcGeContext::gTol, host_geometry::roundingNoise({piece.center, point}));
+    if (std::hypot(alongU, alongV) <= atCentre * piece.u.length()) {
         return piece.from;
     }
     const double angle = broughtInto(piece, std::atan2(alongV, alongU));

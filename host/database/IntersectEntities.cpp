@@ -1,6 +1,7 @@
 #include "database/AcDbCurve.h"
 #include "database/PlaneMeeting.h"
 #include "database/ShownPieces.h"
+#include "geometry/ProlongedSegment.h"
 #include "geometry/RoundingNoise.h"
 
 #include <algorithm>
@@ -14,6 +15,7 @@ using host_db::CurvePiece;
 using host_db::PlaneMeeting;
 using host_db::PlanePiece;
 using host_db::SegmentPiece;
+using host_geometry::ProlongedSegment;
 
 /// A piece and whether it counts beyond its ends.
 struct Operand {
@@ -47,17 +49,14 @@ AcGeVector3d normalOf(const CurvePiece& piece) {
 }
 
 /// The normal of a plane in which places that the two share in space can be told: that of an arc,
-/// unless the other is a segment across it; of two segments one that both lie along.
+/// unless the other is a segment across it.
 AcGeVector3d viewNormal(const CurvePiece& first, const CurvePiece& second) {
     const bool firstIsArc = std::holds_alternative<ArcPiece>(first);
     const bool secondIsArc = std::holds_alternative<ArcPiece>(second);
-    if (firstIsArc || secondIsArc) {
-        const AcGeVector3d normal = normalOf(firstIsArc ? first : second);
-        const AcGeVector3d along = directionOf(firstIsArc ? second : first);
-        const bool isAcross = !(firstIsArc && secondIsArc) && along.isParallelTo(normal);
-        return isAcross ? normal.perpVector() : normal;
-    }
-    return directionOf(first).crossProduct(directionOf(second));
+    const AcGeVector3d normal = normalOf(firstIsArc ? first : second);
+    const AcGeVector3d along = directionOf(firstIsArc ? second : first);
+    const bool isAcross = !(firstIsArc && secondIsArc) && along.isParallelTo(normal);
+    return isAcross ? normal.perpVector() : normal;
 }
 
 AcGePoint3d pointAt(const CurvePiece& piece, double param) {
@@ -123,6 +122,11 @@ void addMeetingsAcross(const Operand& first, const Operand& second, const AcGeVe
     }
 }
 
+bool areSegments(const CurvePiece& first, const CurvePiece& second) {
+    return std::holds_alternative<SegmentPiece>(first) &&
+           std::holds_alternative<SegmentPiece>(second);
+}
+
 bool areArcsAcross(const CurvePiece& first, const CurvePiece& second) {
     return std::holds_alternative<ArcPiece>(first) && std::holds_alternative<ArcPiece>(second) &&
            !normalOf(first).isParallelTo(normalOf(second));
@@ -135,7 +139,24 @@ bool isDirection(const AcGeVector3d& vector) {
     return length > 0.0 && std::isfinite(length);
 }
 
+ProlongedSegment straight(const Operand& operand) {
+    const auto& segment = std::get<SegmentPiece>(operand.piece);
+    return {segment.start, segment.end, operand.beforeStart, operand.beyondEnd};
+}
+
+void addMeetingOfSegments(const Operand& first, const Operand& second, std::vector<Place>& places) {
+    const ProlongedSegment one = straight(first);
+    AcGePoint3d point;
+    if (one.intersectWith(straight(second), point) != Adesk::kFalse) {
+        places.emplace_back(one.paramOf(point), point);
+    }
+}
+
 void addMeetings(const Operand& first, const Operand& second, std::vector<Place>& places) {
+    if (areSegments(first.piece, second.piece)) {
+        addMeetingOfSegments(first, second, places);
+        return;
+    }
     const AcGeVector3d normal = viewNormal(first.piece, second.piece);
     if (!isDirection(normal)) {
         return;

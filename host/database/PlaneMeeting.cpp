@@ -1,5 +1,7 @@
 #include "database/PlaneMeeting.h"
 
+#include "geometry/ProlongedSegment.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -8,11 +10,12 @@ namespace host_db {
 namespace {
 
 constexpr double kTwoPi = 2.0 * std::numbers::pi;
-/// Directions that differ by less than this, in radians, are parallel.
-constexpr double kParallel = 1e-10;
+/// An ellipse whose shorter axis is less than this part of the longer one is seen as flat.
+constexpr double kFlat = 1e-10;
 /// Centres and radii within this are those of one circle.
 constexpr double kSameCircle = 1e-7;
 
+using host_geometry::ProlongedSegment;
 using Meetings = std::vector<PlaneMeeting>;
 
 double cross(const AcGeVector2d& a, const AcGeVector2d& b) {
@@ -86,7 +89,7 @@ double paramOnSegment(const PlanePiece& segment, const AcGePoint2d& point) {
 
 bool isFlat(const PlanePiece& arc) {
     const double longer = std::max(arc.b.length(), arc.c.length());
-    return std::abs(cross(arc.b, arc.c)) <= kParallel * longer * longer;
+    return std::abs(cross(arc.b, arc.c)) <= kFlat * longer * longer;
 }
 
 bool isPoint(const PlanePiece& piece) {
@@ -100,15 +103,24 @@ bool isCircular(const PlanePiece& arc) {
            std::abs(arc.b.dotProduct(arc.c)) <= kRound * radius * radius;
 }
 
+ProlongedSegment straight(const PlanePiece& segment) {
+    const AcGePoint2d end = segment.a + segment.b;
+    return {{segment.a.x, segment.a.y, 0.0},
+            {end.x, end.y, 0.0},
+            segment.beforeStart,
+            segment.beyondEnd};
+}
+
 void meetSegments(const PlanePiece& first, const PlanePiece& second, double slack,
                   Meetings& found) {
-    const double turn = cross(first.b, second.b);
-    if (std::abs(turn) <= kParallel * first.b.length() * second.b.length()) {
-        return;
+    const ProlongedSegment one = straight(first);
+    const ProlongedSegment other = straight(second);
+    AcGeTol tol;
+    tol.setEqualPoint(slack);
+    AcGePoint3d place;
+    if (one.intersectWith(other, place, tol) != Adesk::kFalse) {
+        found.push_back({one.paramOf(place), other.paramOf(place)});
     }
-    const AcGeVector2d between = second.a - first.a;
-    offer(first, second, slack, {cross(between, second.b) / turn, cross(between, first.b) / turn},
-          found);
 }
 
 /// Angles at which an arc's ellipse meets the line of a segment.

@@ -121,6 +121,9 @@ AcGeCircArc3d& AcGeCircArc3d::set(const AcGePoint3d& start, const AcGePoint3d& p
     const AcGeVector3d toPoint = point - start;
     const AcGeVector3d toEnd = end - start;
     const AcGeVector3d across = toPoint.crossProduct(toEnd);
+    if (circleHolds(start) && circleHolds(point) && circleHolds(end)) {
+        return layOnCircle(start, end, across.dotProduct(normal()) < 0.0);
+    }
     const AcGeVector3d toCenter =
         (toEnd * toPoint.lengthSqrd() - toPoint * toEnd.lengthSqrd()).crossProduct(across) /
         (2.0 * across.lengthSqrd());
@@ -133,6 +136,31 @@ AcGeCircArc3d& AcGeCircArc3d::set(const AcGePoint3d& start, const AcGePoint3d& p
     shape.radius = toCenter.length();
     shape.startAng = 0.0;
     shape.endAng = shape.refVec.angleTo(toEnd - toCenter, shape.normal);
+    shape.start = start;
+    shape.end = end;
+    return *this;
+}
+
+/// Whether the point meets the whole circle.
+bool AcGeCircArc3d::circleHolds(const AcGePoint3d& point) const {
+    const AcGeVector3d arm = point - center();
+    const double above = arm.dotProduct(normal());
+    const double beside = (arm - normal() * above).length() - radius();
+    return std::hypot(above, beside) <=
+           host_geometry::meetingDistance(AcGeContext::gTol, AcGeCircArc3d::noiseWith(point));
+}
+
+AcGeCircArc3d& AcGeCircArc3d::layOnCircle(const AcGePoint3d& start, const AcGePoint3d& end,
+                                          bool turnsRound) {
+    Shape& shape = own();
+    if (turnsRound) {
+        shape.normal.negate();
+    }
+    const AcGeVector3d arm = start - shape.center;
+    shape.refVec = arm - shape.normal * arm.dotProduct(shape.normal);
+    shape.refVec.setLength(1.0);
+    shape.startAng = 0.0;
+    shape.endAng = shape.refVec.angleTo(end - shape.center, shape.normal);
     shape.start = start;
     shape.end = end;
     return *this;

@@ -38,8 +38,10 @@ public:
     AcGeCircArc3d& set(const AcGePoint3d& center, const AcGeVector3d& normal, double radius);
     AcGeCircArc3d& set(const AcGePoint3d& center, const AcGeVector3d& normal,
                        const AcGeVector3d& refVec, double radius, double startAng, double endAng);
-    /// From `start` through `point` to `end`; `refVec` points to the start, `startAng` is 0. With
-    /// coincident or collinear points the arc stays as it was; `error` tells which.
+    /// From `start` through `point` to `end`; `refVec` points to the start, `startAng` is 0. Points
+    /// that meet the circle of the arc as it was leave centre and radius to the last bit, so that
+    /// pieces of an arc are all equally far from a place. With coincident or collinear points the
+    /// arc stays as it was; `error` tells which.
     AcGeCircArc3d& set(const AcGePoint3d& start, const AcGePoint3d& point, const AcGePoint3d& end);
     AcGeCircArc3d& set(const AcGePoint3d& start, const AcGePoint3d& point, const AcGePoint3d& end,
                        AcGeError& error);
@@ -115,6 +117,8 @@ private:
     static const Shape kUnitCircle;
 
     AcGePoint3d onCircle(double angle) const;
+    bool circleHolds(const AcGePoint3d& point) const;
+    AcGeCircArc3d& layOnCircle(const AcGePoint3d& start, const AcGePoint3d& end, bool turnsRound);
     AcGeVector3d quarterVec() const { return normal().crossProduct(refVec()); }
 
     const Shape& shape() const { return shape_ ? *shape_ : kUnitCircle; }

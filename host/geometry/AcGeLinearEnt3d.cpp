@@ -95,7 +95,9 @@ Adesk::Boolean AcGeLinearEnt3d::intersectWith(const AcGeLinearEnt3d& line, AcGeP
     const AcGePoint3d there =
         line.nearest(AcGeLinearEnt3d::evalPoint(boundedParam(unbounded)), tol).point;
     const AcGePoint3d here = nearest(there, tol).point;
-    const double reach = host_geometry::meetingDistance(tol, noiseWithBoth(line));
+    // Without bounds the two may meet farther out than the points that they are known by.
+    const double noise = std::max(noiseWithBoth(line), host_geometry::roundingNoise({here, there}));
+    const double reach = host_geometry::meetingDistance(tol, noise);
     if (here.distanceTo(there) > reach) {
         return Adesk::kFalse;
     }

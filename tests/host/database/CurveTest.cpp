@@ -100,6 +100,8 @@ TEST(AcDbArcTest, ClosestPoint) {
     expectPoint(point, std::sqrt(2.0), std::sqrt(2.0), 0.0);
     arc.getClosestPointTo({0.0, 0.0, 0.0}, point);
     expectPoint(point, 2.0, 0.0, 0.0);
+    arc.getClosestPointTo({-5e-11, 5e-11, 0.0}, point); // meets the centre
+    expectPoint(point, 2.0, 0.0, 0.0);
     arc.getClosestPointTo({-1.0, 5.0, 0.0}, point);
     expectPoint(point, 0.0, 2.0, 0.0);
     arc.getClosestPointTo({-3.0, 0.0, 0.0}, point, Adesk::kTrue);

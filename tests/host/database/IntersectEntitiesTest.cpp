@@ -69,6 +69,59 @@ TEST_F(IntersectEntitiesTest, EitherMayBeProlonged) {
     expectMeetings(crossing, one, AcDb::kExtendThis, {});
 }
 
+// Of two lines drawn one upon the other far out, rounding turns one a little.
+TEST_F(IntersectEntitiesTest, LinesThatRoundingAloneTurnsAreParallel) {
+    const double far = 1e7;
+    const double above = std::nextafter(far, 2 * far);
+    const double below = std::nextafter(far, 0.0);
+    const AcDbLine one({far, far, 0}, {far + 25, far, 0});
+    const AcDbLine turned({far, above, 0}, {far + 25, below, 0});
+    expectMeetings(one, turned, {});
+    expectMeetings(one, turned, AcDb::kExtendBoth, {});
+    // A millimetre across 25 m is no rounding.
+    expectMeetings(one, AcDbLine({far, far + 0.0005, 0}, {far + 25, far - 0.0005, 0}),
+                   {{far + 12.5, far, 0}});
+}
+
+// The lines themselves cross outside both, several tolerances from the end that lies close.
+TEST_F(IntersectEntitiesTest, LinesMeetWhereTheyComeClosestHoweverFlatTheAngle) {
+    const AcDbLine level({0, 0, 0}, {40, 0, 0});
+    const AcDbLine rising({5, 0.9e-10, 0}, {105, 1, 0});
+    expectMeetings(level, rising, {{5, 0, 0}});
+    expectMeetings(rising, level, {{5, 0, 0}});
+    expectMeetings(level, AcDbLine({5, 1.1e-10, 0}, {105, 1, 0}), {});
+}
+
+// So far out, places that are reckoned on either line differ by more than points may that meet.
+TEST_F(IntersectEntitiesTest, ProlongedLinesMeetAsFarOutAsTheirAngleTakesThem) {
+    const double farOut = 4e8;
+    for (int i = 0; i < 60; ++i) {
+        const AcGeVector3d along(std::cos(0.1 * i), std::sin(0.1 * i), 0);
+        const AcGePoint3d start(0.1, 0.2, 0);
+        const AcGePoint3d beside = start + along.crossProduct(up_);
+        const AcGePoint3d place = start + along * farOut;
+        const AcDbLine one(start, start + along * 25);
+        const AcDbLine other(beside, beside + (place - beside) * (25 / farOut));
+        AcGePoint3dArray points;
+        ASSERT_EQ(one.intersectWith(&other, AcDb::kExtendBoth, points), Acad::eOk);
+        ASSERT_EQ(points.length(), 1) << i;
+        // An angle of 2.5e-9 is known to a ten millionth of itself.
+        EXPECT_LT(points[0].distanceTo(place), 1e-6 * farOut) << i;
+    }
+}
+
+TEST_F(IntersectEntitiesTest, APolylineIsProlongedAtItsOuterEndsAlone) {
+    AcDbPolyline roof;
+    roof.addVertexAt(0, {0, 0});
+    roof.addVertexAt(1, {5, 5});
+    roof.addVertexAt(2, {10, 0});
+    const AcDbLine ground({-20, -5, 0}, {20, -5, 0});
+    expectMeetings(roof, ground, {});
+    expectMeetings(roof, ground, AcDb::kExtendThis, {{-5, -5, 0}, {15, -5, 0}});
+    // Neither side goes on beyond the ridge.
+    expectMeetings(roof, AcDbLine({-20, 6, 0}, {20, 6, 0}), AcDb::kExtendThis, {});
+}
+
 TEST_F(IntersectEntitiesTest, ALineRunsThroughACircleEndsInItOrTouchesIt) {
     const AcDbCircle circle({5, 0, 1}, up_, 2.0);
     expectMeetings(AcDbLine({0, 0, 1}, {10, 0, 1}), circle, {{3, 0, 1}, {7, 0, 1}});

@@ -257,6 +257,40 @@ TEST(Arc, ClosestPointIsOnTheBoundedPiece) {
     EXPECT_EQ(arc.paramOf({7.0, 15.0, 3.0}), pi);
 }
 
+TEST(Arc, PointsOfItsOwnCircleLeaveCentreAndRadiusToTheLastBit) {
+    for (int i = 1; i < 40; ++i) {
+        AcGeCircArc3d arc(AcGePoint3d(500.1, 300.7, 3.0), up, AcGeVector3d::kXAxis, 0.37 * i,
+                          0.1 * i, 0.1 * i + 2.0);
+        const AcGePoint3d centre = arc.center();
+        const double radius = arc.radius();
+        const AcGePoint3d start = arc.startPoint();
+        const AcGePoint3d end = arc.endPoint();
+        const AcGePoint3d between = arc.evalPoint(0.1 * i + 0.7);
+        arc.set(start, end, between); // over the end, on round the circle
+        EXPECT_TRUE(same(arc.center(), centre)) << i;
+        EXPECT_EQ(arc.radius(), radius) << i;
+        EXPECT_TRUE(same(arc.startPoint(), start)) << i;
+        EXPECT_TRUE(same(arc.endPoint(), between)) << i;
+        EXPECT_EQ(arc.normal().z, -1.0) << i;
+        EXPECT_NEAR(arc.sweepAng(), 2.0 * pi - 0.7, 1.0e-9) << i;
+        EXPECT_EQ(arc.isOn(end), 1) << i;
+        arc.set(between, start, end);
+        EXPECT_TRUE(same(arc.center(), centre)) << i;
+        EXPECT_EQ(arc.normal().z, -1.0) << i;
+        EXPECT_NEAR(arc.sweepAng(), 2.0 * pi - 1.3, 1.0e-9) << i;
+    }
+}
+
+TEST(Arc, PointsBesideItsCircleMakeAnother) {
+    AcGeCircArc3d arc = quarter(); // about (10, 20) with the radius 5
+    arc.set({15.0, 20.0, 3.0}, {10.0, 25.0, 3.0}, {5.0 - 1.0e-6, 20.0, 3.0});
+    EXPECT_NEAR(arc.center().x, 10.0 - 0.5e-6, 1.0e-12);
+    EXPECT_NEAR(arc.radius(), 5.0 + 0.5e-6, 1.0e-12);
+    arc = quarter();
+    arc.set({15.0, 20.0, 4.0}, {10.0, 25.0, 4.0}, {5.0, 20.0, 4.0});
+    EXPECT_EQ(arc.center().z, 4.0);
+}
+
 TEST(Arc, ThePointClosestToTheCentreIsTheStart) {
     const AcGeCircArc3d arc = quarter();
     EXPECT_TRUE(same(arc.closestPointTo(arc.center()), arc.startPoint()));

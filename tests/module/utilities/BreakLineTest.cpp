@@ -5,6 +5,7 @@
 #include "utilities/BreakLines.h"
 
 #include <algorithm>
+#include <cmath>
 #include <fstream>
 #include <iterator>
 #include <random>
@@ -73,6 +74,15 @@ TEST_F(BreakLineTest, LineThatEndsOnAnotherBreaksThatOneAlone) {
     EXPECT_TRUE(sameEnds(endsOf(lines[0]), {0, 0, 0}, {100, 0, 0}));
     EXPECT_TRUE(sameEnds(endsOf(lines[1]), {91, -90, 0}, {91, 0, 0}));
     EXPECT_TRUE(sameEnds(endsOf(lines[2]), {91, 90, 0}, {91, 0, 0}));
+}
+
+TEST_F(BreakLineTest, LinesUponOneAnotherStayWholeFarFromTheOriginToo) {
+    const double far = 1e7;
+    AcDbObjectIdArray lines = listOf(
+        {addLine({far, far, 0}, {far + 25, far, 0}),
+         addLine({far, std::nextafter(far, 2 * far), 0}, {far + 25, std::nextafter(far, 0.0), 0})});
+    PelBreakLine(lines);
+    EXPECT_EQ(lines.length(), 2);
 }
 
 TEST_F(BreakLineTest, LineThatStopsShortStaysAndTheGapRemains) {

@@ -99,6 +99,11 @@ TEST_F(ClassifyLinePairTest, GapNearAnEndOfTheOtherIsNone) {
     EXPECT_EQ(classify(AcDbLine({10, 1, 0}, {10, 90, 0}), hundred), 0);
 }
 
+TEST_F(ClassifyLinePairTest, LinesThatTouchAtAFlatAngleNearAnEndOfEachMeetAtTheirEnds) {
+    drawing.setDwgScale(0.01); // a gap would break the first line 5 from its start
+    EXPECT_EQ(classify(AcDbLine({0, 0, 0}, {40, 0, 0}), AcDbLine({5, 0.9e-10, 0}, {105, 1, 0})), 1);
+}
+
 TEST_F(ClassifyLinePairTest, ScaleMovesTheToleranceOfGapsAlone) {
     drawing.setDwgScale(0.05); // the tolerance is 0.5
     EXPECT_EQ(classify(hundred, AcDbLine({50, 1, 0}, {50, 90, 0})), 0);
