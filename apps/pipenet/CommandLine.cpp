@@ -346,11 +346,6 @@ void refuseEmpty(const CLI::App& app) {
     }
 }
 
-std::string oneLine(std::string text) {
-    std::replace(text.begin(), text.end(), '\n', ' ');
-    return text;
-}
-
 bool parse(CLI::App& app, int count, const char* const* arguments) {
     try {
         app.parse(count, arguments);
@@ -359,7 +354,7 @@ bool parse(CLI::App& app, int count, const char* const* arguments) {
         app.exit(help);
         return false;
     } catch (const CLI::ParseError& error) {
-        throw Failure(messages::kUsage, oneLine(error.what()));
+        throw Failure(messages::kUsage, error.what());
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "EmbeddedHost.h"
 #include "Failure.h"
+#include "OneLine.h"
 
 namespace pipenet {
 
@@ -15,7 +16,7 @@ SearchModule::SearchModule() {
 SearchModule::~SearchModule() {
     std::string error;
     if (!host::unloadModule(PIPENET_MODULE, error)) {
-        fmt::print(stderr, "pipenet: {}\n", textOf(messages::kNoModule, error));
+        complain(textOf(messages::kNoModule, error));
     }
 }
 

@@ -6,6 +6,7 @@
 #include "findings/CheckCommand.h"
 #include "InfoCommand.h"
 #include "LowerCommand.h"
+#include "OneLine.h"
 #include "OutputFile.h"
 #include "PathCommand.h"
 #include "Progress.h"
@@ -97,7 +98,7 @@ int run(const Options& options) {
     if (answer.refusal.empty()) {
         return kDone;
     }
-    fmt::print(stderr, "pipenet: {}\n", answer.refusal);
+    complain(answer.refusal);
     return kRefused;
 }
 
@@ -111,9 +112,9 @@ int runGuarded(int count, char** arguments) {
         drawing = options->drawing;
         return run(*options);
     } catch (const Failure& failure) {
-        fmt::print(stderr, "pipenet: {}\n", failure.what());
+        complain(failure.what());
     } catch (const std::exception& error) {
-        fmt::print(stderr, "pipenet: {}\n", textOf(messages::kInternal, drawing, error.what()));
+        complain(textOf(messages::kInternal, drawing, error.what()));
     }
     return kFailed;
 }

@@ -34,6 +34,13 @@ class CommandLineTest(PipenetTest):
             self.assertEqual((run.status, run.out), (2, ""), arguments)
             self.assertRegex(run.err, r"^pipenet: [^\n]+; see pipenet --help\n$")
 
+    def test_what_users_and_files_name_stays_on_one_line(self):
+        for arguments in (["search", TOWN, "--start", "3\n4"], ["info", "a\nb.dxf"],
+                          ["search", TOWN, "--start", "FFFF", "--settings", "no\r\nfolder"]):
+            run = self.run_program(*arguments)
+            self.assertEqual((run.status, run.out), (2, ""), arguments)
+            self.assertRegex(run.err, r"^pipenet: [^\n\r]+\n$")
+
     def test_malformed_values(self):
         cases = {
             ("search", TOWN, "--start", "12G"):

@@ -3,6 +3,7 @@
 #include "exchange/ExchangeText.h"
 #include "exchange/PipeMaterials.h"
 #include "Messages.h"
+#include "OneLine.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -24,7 +25,7 @@ public:
         }
         std::string text =
             fmt::format("[TITLE]\n{} of {}, system {}\nDemands are 0: the drawing has none.\n\n{}",
-                        source_.program, oneLineText(source_.drawing), oneLineText(network_.system),
+                        source_.program, oneLine(source_.drawing), oneLine(network_.system),
                         nameComments(network_));
         text += junctions() + reservoirs() + tanks() + pipes() + valves();
         text += "\n[OPTIONS]\nUNITS LPS\nHEADLOSS H-W\n\n[TIMES]\nDURATION 0\n";

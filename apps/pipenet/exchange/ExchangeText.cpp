@@ -1,6 +1,7 @@
 #include "exchange/ExchangeText.h"
 
 #include "HandleText.h"
+#include "OneLine.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -38,27 +39,20 @@ std::string decimal(double value, int places) {
     return text == "-0" ? "0" : text;
 }
 
-std::string oneLineText(std::string text) {
-    std::replace_if(
-        text.begin(), text.end(),
-        [](char letter) { return static_cast<unsigned char>(letter) < ' ' || letter == 127; }, ' ');
-    return text;
-}
-
 std::string nameComments(const ExchangeNetwork& network) {
     std::string text = ";; name = handles of the entities, number in the drawing\n";
     for (const ExchangeNode& node : network.nodes) {
         const std::string handle = node.entity.isNull() ? "no entity" : handleText(node.entity);
-        text += fmt::format(";; node {} = {}, {}\n", node.name, handle, oneLineText(node.number));
+        text += fmt::format(";; node {} = {}, {}\n", node.name, handle, oneLine(node.number));
     }
     for (const ExchangeLink& link : network.links) {
         text += fmt::format(";; link {} = {}, {}\n", link.name, handles(link.pipes),
-                            oneLineText(link.number));
+                            oneLine(link.number));
     }
     for (const ExchangeFitting& fitting : network.fittings) {
         text += fmt::format(";; {} on {} = {}, {}\n", fitting.isValve ? "valve" : "meter",
                             network.links[fitting.link].name, handleText(fitting.entity),
-                            oneLineText(fitting.number));
+                            oneLine(fitting.number));
     }
     return text;
 }

@@ -29,7 +29,5 @@ std::string decimal(double value, int places);
 std::string nameComments(const ExchangeNetwork& network);
 /// `[COORDINATES]` and `[VERTICES]` in metres.
 std::string mapSections(const ExchangeNetwork& network);
-/// A text as one comment of one line.
-std::string oneLineText(std::string text);
 
 } // namespace pipenet

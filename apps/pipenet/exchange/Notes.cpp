@@ -1,7 +1,8 @@
 #include "exchange/Notes.h"
 
+#include "OneLine.h"
+
 #include <algorithm>
-#include <cstdio>
 #include <fmt/format.h>
 
 namespace pipenet {
@@ -9,10 +10,10 @@ namespace pipenet {
 void printNotes(const std::vector<std::string>& notes) {
     constexpr std::size_t most = 20;
     for (std::size_t i = 0; i < std::min(most, notes.size()); ++i) {
-        fmt::print(stderr, "pipenet: note: {}\n", notes[i]);
+        complain("note: " + notes[i]);
     }
     if (notes.size() > most) {
-        fmt::print(stderr, "pipenet: note: {} more like these\n", notes.size() - most);
+        complain(fmt::format("note: {} more like these", notes.size() - most));
     }
 }
 

@@ -3,6 +3,7 @@
 #include "exchange/ExchangeText.h"
 #include "exchange/PipeMaterials.h"
 #include "Messages.h"
+#include "OneLine.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -103,7 +104,7 @@ std::string SwmmWriter::opening() const {
                        "END_DATE 01/01/2000\nEND_TIME 01:00:00\n"
                        "REPORT_STEP 00:05:00\nWET_STEP 00:05:00\nDRY_STEP 01:00:00\n"
                        "ROUTING_STEP 5\n",
-                       source_.program, oneLineText(source_.drawing), oneLineText(network_.system),
+                       source_.program, oneLine(source_.drawing), oneLine(network_.system),
                        nameComments(network_));
 }
 
