@@ -18,7 +18,8 @@ struct PlanBox {
     static PlanBox Of(const AcGePoint3d& point) { return {point.x, point.y, point.x, point.y}; }
     /// A box that holds every point at most `reach` from `point`, rounding included. A reach that
     /// is not a number gives the whole plane, since comparisons with it can pass anywhere, and so
-    /// does a point of which a coordinate is not finite, height included.
+    /// does a point of which a coordinate is not finite, height included, and a reach of 1e20 and
+    /// more.
     static PlanBox Around(const AcGePoint3d& point, double reach);
 
     void Include(const PlanBox& other) {

@@ -66,6 +66,20 @@ TEST(PlanBox, WithANegativeReachHoldsNothing) {
     EXPECT_GT(box.minY, box.maxY);
 }
 
+// Beyond the distance that a search for the nearest starts with, everything counts as so far.
+TEST(PlanBox, WithAReachBeyondTheStartOfASearchForTheNearestIsTheWholePlane) {
+    EXPECT_TRUE(isEverywhere(PlanBox::Around({1.0, 2.0, 3.0}, 1e20)));
+    EXPECT_FALSE(isEverywhere(PlanBox::Around({1.0, 2.0, 3.0}, 0.99e20)));
+}
+
+TEST(PlanBox, AroundAPlaceHoldsWhatIsTooCloseForADistance) {
+    const AcGePoint3d place(0.0, 0.0, 0.0);
+    const AcGePoint3d beside(1e-170, -1e-170, 0.0);
+    ASSERT_EQ(place.distanceTo(beside), 0.0);
+    EXPECT_TRUE(PlanBox::Around(place, 0.0).Overlaps(PlanBox::Of(beside)));
+    EXPECT_TRUE(PlanBox::Of(place).Widened(0.0).Overlaps(PlanBox::Of(beside)));
+}
+
 TEST(PlanBox, AroundWhatIsNotFiniteIsTheWholePlane) {
     for (const double odd : {kNoNumber, kInfinite, -kInfinite}) {
         EXPECT_TRUE(isEverywhere(PlanBox::Around({odd, 0.0, 0.0}, 1.0))) << odd;

@@ -42,6 +42,47 @@ TEST_F(ExtremePlaceTest, APipeOfAtMostOneUnitIsNotThere) {
     }
 }
 
+// The nearest end is looked for from 1e20 on, and where none is nearer the start counts as so far.
+TEST_F(ExtremePlaceTest, APipeBeyondTheStartOfTheSearchForTheNearestCountsAsItsStart) {
+    const AcDbObjectId root = drawing.addWell({0, 0, 0}, {.diameter = L"2e20"});
+    const AcDbObjectId far = drawing.addWell({1e30, 5e20, 0});
+    const AcDbObjectId pipe = drawing.addPipe({1e30, 0, 0}, {1e30, 5e20, 0});
+    GravitySearchObject network;
+    ASSERT_EQ(searchSewer(network, root), 1);
+    ASSERT_EQ(network.wells.GetSize(), 2);
+    EXPECT_EQ(network.wells[1].nodeEntity, far);
+    ASSERT_EQ(network.segs.GetSize(), 1);
+    EXPECT_EQ(idsOf(network.segs[0].pipeIds), Ids{pipe});
+}
+
+TEST_F(ExtremePlaceTest, AGapBeyondTheStartOfTheSearchForTheNearestIsBridgedFromTheStart) {
+    drawing.setDwgScale(1e21); // pipes join over 4.4e20
+    const AcDbObjectId root = drawing.addWell({0, 0, 0});
+    drawing.addWell({1e30, 5e20, 0});
+    const Ids pipes{drawing.addPipe({0, 0, 0}, {0, 10, 0}),
+                    drawing.addPipe({1e30, 0, 0}, {1e30, 5e20, 0})};
+    GravitySearchObject network;
+    ASSERT_EQ(searchSewer(network, root), 1);
+    ASSERT_EQ(network.wells.GetSize(), 2);
+    ASSERT_EQ(network.segs.GetSize(), 1);
+    EXPECT_EQ(idsOf(network.segs[0].pipeIds), pipes);
+}
+
+// A chain that comes back to the root closes a loop; so close to it there is no distance left.
+TEST_F(ExtremePlaceTest, AnEndTooCloseToANodeForADistanceIsAtIt) {
+    for (const double gap : {0.0, 1e-170, 1e-10}) {
+        SCOPED_TRACE(gap);
+        drawing.startAnew();
+        const AcDbObjectId root = drawing.addWell({0, 0, 0}, {.diameter = L"0"});
+        drawing.addPipe({0, 0, 0}, {-50, 0, 0});
+        drawing.addTank({-60, -5, 0}, {-50, 5, 0});
+        drawing.addArcPipe({0.005, 0, 0}, {10, 0, 0}, 0.5);
+        drawing.addArcPipe({10, 0, 0}, {gap, 0, 0}, 0.5);
+        GravitySearchObject network;
+        EXPECT_EQ(searchSewer(network, root), gap < 1e-150 ? 0 : 1);
+    }
+}
+
 TEST_F(ExtremePlaceTest, WellsOnOnePlaceAreOneNode) {
     const AcDbObjectId root = drawing.addWell({0, 0, 0});
     Ids onRoot;
