@@ -5,6 +5,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <numeric>
 #include <vector>
 
@@ -13,8 +14,6 @@
 namespace tkvlt {
 
 namespace {
-
-constexpr std::size_t kFanOut = 16;
 
 /// The middle of a side; 0 for a boundless one, which has none.
 double Middle(double low, double high) {
@@ -101,10 +100,10 @@ Keys SortedBy(Coordinate coordinate, const std::vector<PlanBox>& boxes) {
 }
 
 /// The boxes' items strip by strip and upwards in each.
-LargeVector<int> InStrips(const std::vector<PlanBox>& boxes) {
-    const std::size_t leaves = (boxes.size() + kFanOut - 1) / kFanOut;
+LargeVector<int> InStrips(const std::vector<PlanBox>& boxes, std::size_t leafSize) {
+    const std::size_t leaves = (boxes.size() + leafSize - 1) / leafSize;
     const auto strips = static_cast<std::size_t>(std::ceil(std::sqrt(static_cast<double>(leaves))));
-    const std::size_t stripSize = strips == 0 ? 1 : (leaves + strips - 1) / strips * kFanOut;
+    const std::size_t stripSize = strips == 0 ? 1 : (leaves + strips - 1) / strips * leafSize;
     std::vector<std::size_t> next; // of each strip, where its next item comes to stand
     LargeVector<std::uint32_t> stripOf(boxes.size());
     std::size_t rank = 0;
@@ -124,38 +123,60 @@ LargeVector<int> InStrips(const std::vector<PlanBox>& boxes) {
 
 } // namespace
 
-BoxTree::BoxTree(const std::vector<PlanBox>& boxes) : items_(InStrips(boxes)) {
-    LargeVector<PlanBox> leafBoxes;
-    leafBoxes.reserve(boxes.size());
-    for (const int item : items_) {
-        leafBoxes.push_back(boxes[static_cast<std::size_t>(item)]);
-    }
-    levels_.push_back(std::move(leafBoxes));
-    while (levels_.back().size() > kFanOut) {
-        AddLevel(levels_.back());
+BoxTree::Node::Node() {
+    constexpr float nowhere = std::numeric_limits<float>::quiet_NaN();
+    for (std::array<float, kFanOut>* bound : {&minX, &minY, &maxX, &maxY}) {
+        bound->fill(nowhere);
     }
 }
 
-void BoxTree::AddLevel(const LargeVector<PlanBox>& children) {
-    LargeVector<PlanBox> parents;
-    parents.reserve((children.size() + kFanOut - 1) / kFanOut);
-    for (std::size_t i = 0; i < children.size(); ++i) {
-        if (i % kFanOut == 0) {
-            parents.push_back(children[i]);
-        } else {
-            parents.back().Include(children[i]);
-        }
+void BoxTree::Node::Set(std::size_t at, const PlanBox& box) {
+    minX[at] = ToFloat(box.minX);
+    minY[at] = ToFloat(box.minY);
+    maxX[at] = ToFloat(box.maxX);
+    maxY[at] = ToFloat(box.maxY);
+}
+
+BoxTree::BoxTree(const std::vector<PlanBox>& boxes) : items_(InStrips(boxes, kFanOut)) {
+    std::vector<PlanBox> level;
+    level.reserve(boxes.size());
+    for (const int item : items_) {
+        level.push_back(boxes[static_cast<std::size_t>(item)]);
     }
-    levels_.push_back(std::move(parents));
+    do {
+        level = AddLevel(level);
+    } while (level.size() > 1);
+}
+
+std::vector<PlanBox> BoxTree::AddLevel(const std::vector<PlanBox>& boxes) {
+    const std::size_t count = (boxes.size() + kFanOut - 1) / kFanOut;
+    LargeVector<Node> nodes(count);
+    std::vector<PlanBox> parents;
+    parents.reserve(count);
+    for (std::size_t i = 0; i < boxes.size(); ++i) {
+        if (i % kFanOut == 0) {
+            parents.push_back(boxes[i]);
+        } else {
+            parents.back().Include(boxes[i]);
+        }
+        nodes[i / kFanOut].Set(i % kFanOut, boxes[i]);
+    }
+    levels_.push_back(std::move(nodes));
+    return parents;
 }
 
 void BoxTree::Collect(const PlanBox& box, Indices& items) const {
-    if (levels_.empty()) {
+    if (items_.empty()) {
         return;
     }
+    // Rounding keeps order, so that boxes that overlap do so when they are rounded.
+    const float minX = ToFloat(box.minX);
+    const float minY = ToFloat(box.minY);
+    const float maxX = ToFloat(box.maxX);
+    const float maxY = ToFloat(box.maxY);
     struct Visit {
         std::size_t level;
-        std::size_t begin;
+        std::size_t node;
     };
     // Of each level at most the children of one node stand open, and there are fewer levels than
     // this for any number that an int can count.
@@ -165,16 +186,26 @@ void BoxTree::Collect(const PlanBox& box, Indices& items) const {
     open[openCount++] = {levels_.size() - 1, 0};
     while (openCount > 0) {
         const Visit visit = open[--openCount];
-        const LargeVector<PlanBox>& level = levels_[visit.level];
-        const std::size_t end = std::min(visit.begin + kFanOut, level.size());
-        for (std::size_t i = visit.begin; i < end; ++i) {
-            if (!level[i].Overlaps(box)) {
+        const Node& node = levels_[visit.level][visit.node];
+        std::array<unsigned char, kFanOut> overlaps;
+        for (std::size_t i = 0; i < kFanOut; ++i) {
+            // Without branches all are compared by the same few instructions.
+            const int inX =
+                static_cast<int>(node.minX[i] <= maxX) & static_cast<int>(minX <= node.maxX[i]);
+            const int inY =
+                static_cast<int>(node.minY[i] <= maxY) & static_cast<int>(minY <= node.maxY[i]);
+            overlaps[i] = static_cast<unsigned char>(inX & inY);
+        }
+        for (std::size_t i = 0; i < kFanOut; ++i) {
+            if (overlaps[i] == 0) {
                 continue;
             }
+            const std::size_t child = visit.node * kFanOut + i;
             if (visit.level == 0) {
-                items.push_back(items_[i]);
+                items.push_back(items_[child]);
             } else {
-                open[openCount++] = {visit.level - 1, i * kFanOut};
+                FetchAhead(levels_[visit.level - 1][child]);
+                open[openCount++] = {visit.level - 1, child};
             }
         }
     }

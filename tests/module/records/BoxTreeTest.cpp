@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
+#include <numeric>
 #include <random>
 #include <vector>
 
@@ -74,8 +77,26 @@ TEST(BoxTree, FindsWhatAPlainScanFindsOnEveryLevel) {
                     expected.push_back(static_cast<int>(i));
                 }
             }
-            EXPECT_EQ(found(tree, wanted), expected) << count << " boxes";
+            const std::vector<int> items = found(tree, wanted);
+            EXPECT_TRUE(std::includes(items.begin(), items.end(), expected.begin(), expected.end()))
+                << count << " boxes";
+            for (const int item : items) {
+                EXPECT_TRUE(boxes[static_cast<std::size_t>(item)].Overlaps(wanted.Widened(1e-4)))
+                    << count << " boxes";
+            }
         }
+        std::vector<int> all(count);
+        std::iota(all.begin(), all.end(), 0);
+        EXPECT_EQ(found(tree, kWholePlane), all);
+    }
+}
+
+TEST(BoxTree, BoxesThatTouchAreFoundWhereNeighbouringNumbersRoundTheSameWay) {
+    for (const double far : {1e7, -3e8, 4e9, 1e300}) {
+        const double low = std::nextafter(far, -kBoundless);
+        const double high = std::nextafter(far, kBoundless);
+        const BoxTree tree({{low, low, far, far}, {far, far, high, high}, {0, 0, 1, 1}});
+        EXPECT_EQ(found(tree, {far, far, far, far}), (std::vector<int>{0, 1})) << far;
     }
 }
 
