@@ -9,7 +9,6 @@
 #include "records/LaterReading.h"
 #include "records/NotedThere.h"
 #include "records/PipeTexts.h"
-#include "records/RoundingNoise.h"
 #include "records/XdataKeys.h"
 
 namespace tkvlt {
@@ -18,30 +17,6 @@ namespace {
 
 double DistanceToCurve(const PipeCurve& curve, const AcGePoint3d& point) {
     return curve.arc != nullptr ? curve.arc->distanceTo(point) : curve.line.distanceTo(point);
-}
-
-/// Two circles whose centres and radii differ by no more than this, in drawing units, are one.
-constexpr double kSameCircle = 1e-7;
-
-/// Below this difference two pieces of one entity lie equally far from the point. The circles of
-/// two pieces of one arc, each laid through three points, may differ by more than their coordinates
-/// do; those of a piece whose end was moved to a well differ in earnest.
-double NoiseOfDistances(const PipePieces& pipes, int a, int b, const AcGePoint3d& point) {
-    const PipePiece& pieceA = pipes.At(a);
-    const PipePiece& pieceB = pipes.At(b);
-    const double noise = RoundingNoise(
-        {point, pieceA.startPoint, pieceA.endPoint, pieceB.startPoint, pieceB.endPoint});
-    if (pieceA.isArc == 0 || pieceB.isArc == 0) {
-        return noise;
-    }
-    const AcGePoint3d centreA = pipes.ArcOf(a).center();
-    const AcGePoint3d centreB = pipes.ArcOf(b).center();
-    const double centres = centreA.distanceTo(centreB);
-    const double radii = std::abs(pipes.ArcOf(a).radius() - pipes.ArcOf(b).radius());
-    if (!(centres <= kSameCircle && radii <= kSameCircle)) {
-        return noise;
-    }
-    return std::max(noise, RoundingNoise({centreA, centreB})) + centres + radii;
 }
 
 /// Lets an array of segments grow by large steps while this lives.
@@ -93,6 +68,7 @@ int PressureNetworkSearch::BuildSegments() {
 }
 
 void PressureNetworkSearch::GrowFrom(int piece) {
+    childrenStand_ = ChildrenStand(); // of an earlier search, when there are any
     PlaceRoot(piece);
     rootSeg = 0;
     WalkFromSeg(0);
@@ -121,7 +97,6 @@ int PressureNetworkSearch::PlaceRoot(int piece) {
 }
 
 /// The piece of the picked pipe nearest to the pick; of equally near ones the first in the pool.
-/// What rounding may hide counts as equally near, since the pieces of a cut arc lie on one circle.
 int PressureNetworkSearch::FindRootPiece() const {
     double best = 1e24;
     int index = -1;
@@ -130,8 +105,7 @@ int PressureNetworkSearch::FindRootPiece() const {
             continue;
         }
         const double distance = DistanceToCurve(pipePool.CurveOf(i), pickedPoint);
-        const double noise = index < 0 ? 0.0 : NoiseOfDistances(pipePool, i, index, pickedPoint);
-        if (distance < best - noise) {
+        if (distance < best) {
             best = distance;
             index = i;
         }

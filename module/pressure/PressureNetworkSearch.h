@@ -97,7 +97,8 @@ private:
         double straightRest; ///< cuts of straight pipes that may still be made
         double endTolerance; ///< at the begin of the search
 
-        bool IsExhausted() const { return rest < 0 || straightRest < 0.0; }
+        /// Without a history the cutting can start again, and then what is left may be cut less.
+        bool IsExhausted() const { return straightRest < 0.0 || (history == nullptr && rest < 0); }
     };
 
     /// Whose attributes a segment is to carry.
@@ -116,6 +117,8 @@ private:
     void SplitCrossings();
     bool SplitAll(CutLimits limits);
     void SplitPipe(int pipe, CutLimits& limits);
+    bool CouldBeCutWithoutEnd(int pipe, const CutLimits& limits) const;
+    bool MayBeCut(int pipe, const CutLimits& limits) const;
     bool IsCutBy(int pipe, const AcGePoint3d& point, const CutLimits& limits) const;
     int CutPipe(int pipe, const AcGePoint3d& point, CutLimits& limits);
 
@@ -133,12 +136,17 @@ private:
     void AdoptPipesInReach(int k);
     double PipeReach() const;
     double WellRadiusAt(const AcGePoint3d& point, const CString& system) const;
-    bool MergeOnlyChild(int k);
+    int AdoptAndMerge(int k);
+    int ContinuingChild(int k) const;
+    void MergeChild(int k, int c);
+    bool ChildrenStand() const;
     bool Continue(const PressureSeg& seg, const PressureSeg& child) const;
 
     std::vector<bool> KeepMetersAndValves();
 
     CandidateMode candidateMode_;
+    bool childrenStand_ =
+        true; // each entry of `children` leads to the segment that it was made for
     LargeVector<WellSite> wellSites_; // of the well pool, as collected
     SharedTraits traits_;
     std::unique_ptr<PressureCandidates> candidates_;

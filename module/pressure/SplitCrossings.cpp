@@ -9,9 +9,9 @@ namespace tkvlt {
 
 namespace {
 
-// An arc that eleven branches meet is cut fewer times than this; every further branch doubles the
-// number, and each piece is one more way round the same circle.
-constexpr int kCutsOfAnyDrawing = 512;
+// An arc that thirteen branches meet is cut fewer times than these; every two further branches
+// double the number, and each piece is one more way round the same circle.
+constexpr int kCutsOfAnyDrawing = 1536;
 constexpr int kCutsOfAnyPipe = 64;
 /// Beyond these, and as many a pipe as above, no cut is made any more of what could be cut without
 /// end.
@@ -64,7 +64,8 @@ void StartPieceAt(PipePieces& pipes, int index, const AcGePoint3d& point) {
 /// The arc of a piece reaches round its circle over its fellow's cut, so that arcs which cross one
 /// another can be cut without end. When there are more cuts than any drawing needs, the cutting
 /// starts again and makes no cut twice; then it ends, since the places on a pipe are not without
-/// number, and a bound holds should rounding make ever new ones.
+/// number, and a bound holds should rounding make ever new ones: what could be cut without end
+/// stays as it is from there on, while the other pipes are cut as before.
 void PressureNetworkSearch::SplitCrossings() {
     const int drawn = pipePool.Size();
     const double tolerance = EndTolerance();
@@ -98,7 +99,7 @@ void PressureNetworkSearch::SplitPipe(int i, CutLimits& limits) {
     Indices others = candidates_->LaterPipesNear(i, slack);
     for (std::size_t n = 0; n < others.size() && !limits.IsExhausted(); ++n) {
         const int j = others[n];
-        if (!pipePool.Has(j)) {
+        if (!pipePool.Has(j) || !(MayBeCut(i, limits) || MayBeCut(j, limits))) {
             continue;
         }
         const PipeCrossing crossing = CrossingOf(pipePool.CurveOf(i), pipePool.CurveOf(j));
@@ -130,8 +131,17 @@ bool PressureNetworkSearch::IsCutBy(int pipe, const AcGePoint3d& point,
     const auto isNear = [&](const AcGePoint3d& end) {
         return point.distanceTo(end) < limits.endTolerance;
     };
-    return !isNear(piece.startPoint) && !isNear(piece.endPoint) &&
+    return MayBeCut(pipe, limits) && !isNear(piece.startPoint) && !isNear(piece.endPoint) &&
            (limits.history == nullptr || !limits.history->Holds(pipePool.IdOf(pipe), piece, point));
+}
+
+/// Straight pieces only ever get shorter, unless no place counts as an end.
+bool PressureNetworkSearch::CouldBeCutWithoutEnd(int pipe, const CutLimits& limits) const {
+    return pipePool.At(pipe).isArc != 0 || !(limits.endTolerance > 0.0);
+}
+
+bool PressureNetworkSearch::MayBeCut(int pipe, const CutLimits& limits) const {
+    return limits.rest >= 0 || !CouldBeCutWithoutEnd(pipe, limits);
 }
 
 /// Replaces the pipe by two pieces at the end of the pool and gives the index of the first.
@@ -139,8 +149,7 @@ int PressureNetworkSearch::CutPipe(int pipe, const AcGePoint3d& point, CutLimits
     if (limits.history != nullptr) {
         limits.history->Note(pipePool.IdOf(pipe), pipePool.At(pipe), point);
     }
-    // Straight pieces only ever get shorter, unless no place counts as an end.
-    if (pipePool.At(pipe).isArc != 0 || !(limits.endTolerance > 0.0)) {
+    if (CouldBeCutWithoutEnd(pipe, limits)) {
         --limits.rest;
     } else {
         limits.straightRest -= 1.0;

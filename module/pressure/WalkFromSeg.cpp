@@ -3,6 +3,7 @@
 // each child is walked from in turn.
 
 #include <limits>
+#include <vector>
 
 #include "pressure/PressureNetworkSearch.h"
 
@@ -47,32 +48,58 @@ PipeEnd NearestEndOf(const PipePiece& pipe, const AcGePoint3d& point) {
 
 } // namespace
 
+/// After each merge the merged segment is looked around once more before its children are walked
+/// from, and then walked from again, once for the merge. Such a further pass finds no pipe that the
+/// one before it left, and mostly nothing at all: it counts where a segment has merged since its
+/// parent was compared with it. So it is left out unless there is one, or entries of `children` no
+/// longer lead where they did. An explicit stack: a network may be as deep as it has segments.
 int PressureNetworkSearch::WalkFromSeg(int k) {
     struct Level {
         int seg;
-        int nextChild;
+        int passes; // over its children that are still to be made, with the one that is under way
+        int nextChild = 0;
+        bool mayMerge = false; // with its child, when it is walked from again
+        bool mayMergeBelow = false;
     };
-    // An explicit stack: a network may be as deep as it has segments. After a merge the merged
-    // segment is looked around once more; children that have been walked have nothing left to adopt
-    // or merge, so none is walked twice.
-    const auto visit = [this](int seg) {
-        do {
-            AdoptPipesInReach(seg);
-        } while (MergeOnlyChild(seg));
-        return Level{seg, 0};
-    };
-    std::vector<Level> levels{visit(k)};
+    const auto lookAround = [this](int seg) { return Level{seg, 1 + AdoptAndMerge(seg)}; };
+    std::vector<Level> levels{lookAround(k)};
     while (!levels.empty()) {
         Level& level = levels.back();
         const CArray<int, int>& children = segs.ElementAt(level.seg).children;
         if (level.nextChild < static_cast<int>(children.GetSize())) {
             const int child = children.GetAt(level.nextChild++);
-            levels.push_back(visit(child));
+            if (child >= static_cast<int>(segs.GetSize())) {
+                continue; // a merge has taken away what the entry led to
+            }
+            const Level below = lookAround(child);
+            if (below.passes > 1) {
+                level.mayMerge = ContinuingChild(level.seg) >= 0;
+            }
+            levels.push_back(below);
+        } else if (--level.passes > 0 && (level.mayMergeBelow || !childrenStand_)) {
+            level.nextChild = 0;
+            level.mayMergeBelow = false;
         } else {
+            const bool mayMerge = level.mayMerge || level.mayMergeBelow;
             levels.pop_back();
+            if (mayMerge && !levels.empty()) {
+                levels.back().mayMergeBelow = true;
+            }
         }
     }
     return 1;
+}
+
+/// The number of merges.
+int PressureNetworkSearch::AdoptAndMerge(int k) {
+    int merges = 0;
+    AdoptPipesInReach(k);
+    for (int c = ContinuingChild(k); c >= 0; c = ContinuingChild(k)) {
+        MergeChild(k, c);
+        AdoptPipesInReach(k);
+        ++merges;
+    }
+    return merges;
 }
 
 int PressureNetworkSearch::WellHolding(const AcGePoint3d& point, const CString& system) const {
@@ -128,18 +155,24 @@ void PressureNetworkSearch::AdoptPipesInReach(int k) {
     }
 }
 
-/// Geometry alone decides: the child's own texts are dropped. The ends are written in walking order
-/// whatever `reversed` says, so a reversed segment comes out turned round.
-bool PressureNetworkSearch::MergeOnlyChild(int k) {
-    if (segs.ElementAt(k).children.GetSize() != 1) {
-        return false;
+/// The only child of a segment, when the two continue one another; else -1.
+int PressureNetworkSearch::ContinuingChild(int k) const {
+    const PressureSeg& seg = segs.ElementAt(k);
+    if (seg.children.GetSize() != 1) {
+        return -1;
     }
-    const int c = segs.ElementAt(k).children.GetAt(0);
+    const int c = seg.children.GetAt(0);
+    const bool stands = c < static_cast<int>(segs.GetSize());
+    return stands && Continue(seg, segs.ElementAt(c)) ? c : -1;
+}
+
+/// Geometry alone decides: the child's own texts are dropped. The ends are written in walking order
+/// whatever `reversed` says, so a reversed segment comes out turned round. A child that has been
+/// walked from leaves its own children behind, and what stands behind it moves up while the indices
+/// that lead there stay.
+void PressureNetworkSearch::MergeChild(int k, int c) {
     PressureSeg& seg = segs.ElementAt(k);
     PressureSeg& child = segs.ElementAt(c);
-    if (!Continue(seg, child)) {
-        return false;
-    }
     const AcGePoint3d begin = seg.GetBeginPoint();
     const AcGePoint3d far = child.GetSearchPoint();
     if (seg.isArc == 0) {
@@ -154,6 +187,7 @@ bool PressureNetworkSearch::MergeOnlyChild(int k) {
     }
     seg.orientationFlags.Append(child.orientationFlags);
     seg.children.RemoveAll();
+    childrenStand_ = childrenStand_ && c + 1 == static_cast<int>(segs.GetSize());
     segs.RemoveAt(c);
     if (unread_ != nullptr) {
         unread_->erase(unread_->begin() + c);
@@ -161,6 +195,22 @@ bool PressureNetworkSearch::MergeOnlyChild(int k) {
     if (seg.reversed != 0 && turnedRuns != nullptr) {
         turnedRuns->push_back(seg.pipeIds.at(0));
         seg.reversed = 0;
+    }
+}
+
+/// Whether every entry of `children` leads to a segment further on that no other entry leads to.
+bool PressureNetworkSearch::ChildrenStand() const {
+    const auto count = static_cast<int>(segs.GetSize());
+    std::vector<bool> isChild(static_cast<std::size_t>(count));
+    for (int k = 0; k < count; ++k) {
+        const CArray<int, int>& children = segs.ElementAt(k).children;
+        for (int n = 0; n < static_cast<int>(children.GetSize()); ++n) {
+            const int child = children.GetAt(n);
+            if (child <= k || child >= count || isChild[static_cast<std::size_t>(child)]) {
+                return false;
+            }
+            isChild[static_cast<std::size_t>(child)] = true;
+        }
     }
     return true;
 }

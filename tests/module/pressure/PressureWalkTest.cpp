@@ -312,31 +312,14 @@ TEST_F(PressureWalkTest, OfTheRoundedPiecesOfACutArcTheFirstInThePoolIsTheRoot) 
     }
 }
 
-/// The pick's foot on the pipe is at x = 13.3435315, and the pipe is cut within 2e-7 of it, which
-/// makes less than 1e-14 of difference. Seen from the piece that goes out to 1e7, rounding may hide
-/// 7e-9, so both are equally near, though some of the distances come out smaller for the second.
-TEST_F(PressureWalkTest, OfPiecesThatRoundingTellsApartTheFirstInThePoolIsTheRoot) {
-    const AcGePoint3d pick(13.343641967563199, -4.228573822132252, 0);
-    int secondCameOutNearer = 0;
-    for (int step = -20; step <= 20; ++step) {
-        PressureDrawing own;
-        const double x = 13.3435315 + 1e-8 * step;
-        const AcDbObjectId cut = own.main({1e7, 261.18705365785945, 0}, {0, 0, 0});
-        own.main({x, -5, 0}, {x, 5, 0});
-        const auto cutUp = prepared(cut, pick);
-        const std::vector<const _Pipe*> pool = present(cutUp->pipePool);
-        ASSERT_EQ(pool.size(), 4U);
-        ASSERT_EQ(pool[2]->id, cut);
-        const double first = pool[2]->line.distanceTo(pick);
-        const double second = pool[3]->line.distanceTo(pick);
-        ASSERT_NEAR(first, second, 1e-9);
-        secondCameOutNearer += second < first ? 1 : 0;
-        search(cut, pick);
-        ASSERT_GT(count(), 0);
-        EXPECT_TRUE(samePoint(seg(0).startPoint, {1e7, 261.18705365785945, 0})) << x;
-        EXPECT_NEAR(seg(0).endPoint.x, x, 1e-7);
-    }
-    EXPECT_GT(secondCameOutNearer, 0) << "else nothing was tried";
+/// The pick lies by one unit in the last place of its x beyond the cut, so on the second piece.
+TEST_F(PressureWalkTest, DistancesToPiecesAreComparedAsTheyStand) {
+    const AcDbObjectId cut = drawing.main({4000000, 0, 0}, {4000020, 0, 0});
+    drawing.main({4000010, 0, 0}, {4000010, 15, 0});
+    ASSERT_EQ(search(cut, {std::nextafter(4000010.0, 4000020.0), 0, 0}), 1);
+    EXPECT_TRUE(samePoint(seg(0).startPoint, {4000010, 0, 0}));
+    EXPECT_TRUE(samePoint(seg(0).endPoint, {4000020, 0, 0}));
+    EXPECT_EQ(seg(0).reversed, 0);
 }
 
 /// A flat arc far out on a large circle: both pieces run round all of it but the part between its
@@ -375,32 +358,55 @@ TEST_F(PressureWalkTest, OfTheCirclesOfAPieceAndOfOneMovedToAWellTheNearerCounts
     EXPECT_TRUE(samePoint(seg(0).endPoint, {-10.4, -0.3, 0}, 0));
 }
 
-/// Two arcs of one entity about (1e6, 0), which run down from a little above the origin's height
+/// Two arcs of one entity about (1e6, 0), which run down from a little below the origin's height
 /// and from just there; the pick is above both, so that the upper ends are nearest, at 5 + 2e-10
-/// and at 5. Distances about that middle are known to 4 x 2^-33, some 4.7e-10, and so the first
-/// counts as near as the second. A whole 1e-9 is more than that.
-TEST_F(PressureWalkTest, PiecesOfAnArcAreToldApartOnlyAsFarAsItsMiddleAllows) {
+/// and at 5.
+TEST_F(PressureWalkTest, PiecesOfAnArcAreToldApartByDistancesAsTheyStandToo) {
     const AcDbObjectId cut = drawing.arc({0, 0, 0}, {0, -10, 0}, 0.01);
-    for (const bool isClearlyNearer : {false, true}) {
-        segs.RemoveAll();
-        const auto search = collected(cut, {0, 5, 0});
-        ASSERT_EQ(search->pipePool.Size(), 1);
-        _Pipe whole;
-        whole = search->pipePool[0];
-        search->pipePool.Remove(0);
-        constexpr double radius = 1e6;
-        for (const double above : {isClearlyNearer ? 1e-9 : 2e-10, 0.0}) {
-            auto piece = std::make_unique<_Pipe>(whole);
-            // Angles run from the west to the south.
-            piece->arc.set({radius, 0, 0}, {0, 0, 1}, {-1, 0, 0}, radius, above / radius, 1e-5);
-            piece->startPoint = piece->arc.startPoint();
-            piece->endPoint = piece->arc.endPoint();
-            search->pipePool.Add(std::move(piece));
-        }
-        ASSERT_EQ(search->BuildSegments(), 1);
-        ASSERT_GT(count(), 0);
-        EXPECT_EQ(seg(0).arc.startAng(), isClearlyNearer ? 0.0 : 2e-10 / radius);
+    const auto search = collected(cut, {0, 5, 0});
+    ASSERT_EQ(search->pipePool.Size(), 1);
+    _Pipe whole;
+    whole = search->pipePool[0];
+    search->pipePool.Remove(0);
+    constexpr double radius = 1e6;
+    for (const double below : {2e-10, 0.0}) {
+        auto piece = std::make_unique<_Pipe>(whole);
+        // Angles run from the west to the south.
+        piece->arc.set({radius, 0, 0}, {0, 0, 1}, {-1, 0, 0}, radius, below / radius, 1e-5);
+        piece->startPoint = piece->arc.startPoint();
+        piece->endPoint = piece->arc.endPoint();
+        search->pipePool.Add(std::move(piece));
     }
+    ASSERT_EQ(search->BuildSegments(), 1);
+    ASSERT_GT(count(), 0);
+    EXPECT_EQ(seg(0).arc.startAng(), 0.0);
+}
+
+/// The last two pipes lie side by side, a unit apart, and merge into a run that goes on from the
+/// third as straight as a line. That counts only when the third is walked from again, as what hangs
+/// on a run of two is.
+TEST_F(PressureWalkTest, WhatComesToContinueItsParentIsMergedWhenItIsWalkedFromAgain) {
+    drawing.setBreakDist(0.5); // reach 2
+    const AcDbObjectId alone = drawing.main({0, -20, 0}, {0, 0, 0});
+    drawing.main({0, 0, 0}, {100, 0, 0});
+    const AcDbObjectId rising = drawing.main({100, 0, 0}, {110, 1, 0});
+    const AcDbObjectId beside = drawing.main({110, -1, 0}, {120, 0, 0});
+    ASSERT_EQ(search(alone, {0, -20, 0}), 1);
+    ASSERT_EQ(count(), 3) << "nothing has merged above";
+    EXPECT_TRUE(samePoint(seg(2).startPoint, {100, 0, 0}));
+    EXPECT_TRUE(samePoint(seg(2).endPoint, {120, 0, 0}));
+    drawing.main({0, -40, 0}, {0, -20, 0});
+    const AcDbObjectId first = drawing.main({0, -60, 0}, {0, -40, 0});
+    ASSERT_EQ(search(first, {0, -60, 0}), 1);
+    ASSERT_EQ(count(), 2);
+    EXPECT_EQ(seg(0).pipeIds.length(), 3);
+    ASSERT_EQ(seg(1).pipeIds.length(), 3);
+    EXPECT_EQ(seg(1).pipeIds.at(1), rising);
+    EXPECT_EQ(seg(1).pipeIds.at(2), beside);
+    EXPECT_TRUE(samePoint(seg(1).startPoint, {0, 0, 0}));
+    EXPECT_TRUE(samePoint(seg(1).endPoint, {120, 0, 0}));
+    EXPECT_EQ(seg(1).parent, 0);
+    EXPECT_EQ(seg(1).children.GetSize(), 0);
 }
 
 } // namespace module_tests

@@ -6,11 +6,16 @@
 #include "module/pressure/PressureTest.h"
 
 #include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <numeric>
 #include <random>
 
 namespace module_tests {
 
 namespace {
+
+constexpr double kPi = std::numbers::pi;
 
 class SplitEndsTest : public PressureTest {
 protected:
@@ -19,6 +24,14 @@ protected:
         return {drawing.arc({15, 0, 0}, {16, 10, 0}, -0.85),
                 drawing.arc({17, 11, 0}, {19, 4, 0}, 0.93),
                 drawing.arc({12, 10, 0}, {19, 7, 0}, -1.09)};
+    }
+
+    /// With the radius 100, above the origin.
+    AcDbObjectId halfCircle() { return drawing.arc({100, 0, 0}, {-100, 0, 0}, 1.0); }
+    /// Runs outward from the half circle, this part of the way round it.
+    void addBranch(double part) {
+        const AcGeVector3d out(std::cos(part * kPi), std::sin(part * kPi), 0);
+        drawing.main(AcGePoint3d() + out * 100, AcGePoint3d() + out * 150);
     }
 };
 
@@ -160,6 +173,39 @@ TEST_F(SplitEndsTest, InALargeDrawingCutsAreRepeatedAsInASmallOne) {
     ASSERT_TRUE(unrepeated.runWithoutRepeats(2000));
     EXPECT_EQ(unrepeated.made.size(), 5U * circles);
     EXPECT_TRUE(same(literal.pool, prepared(arc)->pipePool));
+}
+
+/// Of all orders in which thirteen branches can be drawn, this is one that makes many cuts.
+TEST_F(SplitEndsTest, AnArcThatThirteenBranchesMeetIsCutAsOftenAsTheStepsSay) {
+    const AcDbObjectId arc = halfCircle();
+    for (const int place : {7, 9, 3, 11, 6, 12, 5, 13, 10, 2, 4, 1, 8}) {
+        addBranch(place / 14.0);
+    }
+    LiteralSplit literal(collected(arc)->pipePool);
+    ASSERT_TRUE(literal.run(5000));
+    EXPECT_GT(literal.made.size(), 1600U);
+    EXPECT_TRUE(same(literal.pool, prepared(arc, {}, Mode::kIndexed)->pipePool));
+}
+
+/// So many branches meet an arc that the cutting of it is given up. A main with two others across
+/// it lies elsewhere.
+TEST_F(SplitEndsTest, WhereArcsAreCutNoMoreOtherPipesAre) {
+    constexpr int branches = 46;
+    halfCircle();
+    std::vector<int> places(branches);
+    std::iota(places.begin(), places.end(), 1);
+    std::mt19937 random(1);
+    for (int left = branches; left > 0; --left) {
+        const auto chosen = random() % static_cast<unsigned>(left);
+        addBranch(places[chosen] / (branches + 1.0));
+        places.erase(places.begin() + static_cast<int>(chosen));
+    }
+    const AcDbObjectId main = drawing.main({1000, 0, 0}, {1060, 0, 0});
+    const AcDbObjectId across = drawing.main({1020, -20, 0}, {1020, 20, 0});
+    drawing.main({1040, -20, 0}, {1040, 20, 0});
+    const auto search = prepared(main, {}, Mode::kIndexed);
+    EXPECT_EQ(onlyOf(search->pipePool, {main}).Size(), 3);
+    EXPECT_EQ(onlyOf(search->pipePool, {across}).Size(), 2);
 }
 
 TEST_F(SplitEndsTest, ThreeArcsThatCrossOneAnotherAreCutWithoutEndByTheStepsAlone) {
