@@ -35,7 +35,6 @@ EZDXF_LARGEST = 100_000
 TWIN_LARGEST = 100_000
 MEMORY_SMALLEST = 100_000
 GROWTH_SMALLEST = 10_000
-LARGE = 1_000_000
 PLAIN_TOWNS = [("sewers", "gravity_search", "gravity search"),
                ("districts", "gravity_search", "search of one of five networks"),
                ("water", "pressure_search", "pressure search")]
@@ -66,7 +65,7 @@ def arguments():
         return [int(word) for word in text.split(",") if word]
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("build")
-    parser.add_argument("--sizes", type=numbers, default=[1000, 10_000, 100_000, LARGE])
+    parser.add_argument("--sizes", type=numbers, default=[1000, 10_000, 100_000, 1_000_000])
     parser.add_argument("--plain-sizes", type=numbers)
     parser.add_argument("--repetitions", type=int, default=5)
     parser.add_argument("--write", metavar="FILE")
@@ -94,8 +93,7 @@ class Comparison:
 
     def repetitions(self, size):
         """Of the largest drawings fewer: their times are long enough to be steady."""
-        most = 3 if size >= 100_000 else self.options.repetitions
-        return min(self.options.repetitions, 1 if size >= LARGE else most)
+        return min(self.options.repetitions, 3) if size >= 100_000 else self.options.repetitions
 
     def run(self):
         for size in self.options.sizes:
