@@ -1,6 +1,7 @@
 #include "PressureTable.h"
 
 #include "HandleText.h"
+#include "RunParents.h"
 #include "Systems.h"
 #include "TextTable.h"
 
@@ -21,16 +22,23 @@ struct RunLine {
 };
 
 /// The runs from the root on, depth first, children in the order of the search.
-std::vector<RunLine> runLines(const PressureSearchObject& network) {
+std::vector<RunLine> runLines(PressureSearchObject& network) {
+    std::vector<std::vector<int>> children(static_cast<std::size_t>(network.segs.GetSize()));
+    const std::vector<int> parents = runParents(network.segs);
+    for (std::size_t i = 0; i < parents.size(); ++i) {
+        if (parents[i] >= 0) {
+            children[static_cast<std::size_t>(parents[i])].push_back(static_cast<int>(i));
+        }
+    }
     std::vector<RunLine> lines;
     std::vector<RunLine> open{{network.rootSeg, 0}};
     while (!open.empty()) {
         const RunLine line = open.back();
         open.pop_back();
         lines.push_back(line);
-        const CArray<int, int>& children = network.segs[line.seg].children;
-        for (INT_PTR i = children.GetSize(); i > 0; --i) {
-            open.push_back({children[i - 1], line.depth + 1});
+        const std::vector<int>& next = children[static_cast<std::size_t>(line.seg)];
+        for (auto child = next.rbegin(); child != next.rend(); ++child) {
+            open.push_back({*child, line.depth + 1});
         }
     }
     return lines;

@@ -45,6 +45,37 @@ class PressureTest(PipenetTest):
         self.assertEqual(lines[-1].split(), ["0", "0.00,", "0.00", "9.00,", "0.00", "9.00",
                                              "DN300", "7.500", "7.250", "PE", "B1"])
 
+    def late_merge(self):
+        """A run of two, B1 and B2, with two children: B3, which B4 and B5 beside it come to
+        continue, so that they are taken in late, and B6, which forks into B7 and B8."""
+        small = SmallDrawing()
+        lines = [((0, -40), (0, -20)), ((0, -20), (0, 0)), ((0, 0), (100, 0)),
+                 ((100, 0), (110, 1)), ((110, -1), (120, 0)), ((0, 0), (-50, 10)),
+                 ((-50, 10), (-60, 40)), ((-50, 10), (-60, -30))]
+        for number, (start, end) in enumerate(lines, 1):
+            small.pipe(f"B{number}", start, end, system="给水")
+        return self.write(small)
+
+    def test_runs_that_a_late_merge_has_moved_hang_where_they_begin(self):
+        start = ["--start", "B1", "--point", "0,-40", "--break-dist", "0.5", "--dwg-scale", "1"]
+        table = self.run_program("search", self.late_merge(), *start)
+        self.assert_done(table)
+        runs = [(line[:len(line) - len(line.lstrip())], line.split("PE")[1].split())
+                for line in table.out.splitlines()[-5:]]
+        self.assertEqual(runs, [("", ["B1", "B2"]), ("  ", ["B3", "B4", "B5"]), ("  ", ["B6"]),
+                                ("    ", ["B7"]), ("    ", ["B8"])])
+        model = self.path("late.inp")
+        run = self.run_program("export", self.late_merge(), *start, "--to", "epanet",
+                               "--output", model)
+        self.assertEqual(run.status, 0)
+        with open(model, encoding="utf-8") as file:
+            text = file.read()
+        ends = {pipe: (first, last) for pipe, first, last in
+                re.findall(r"^(B\d) (\S+) (\S+) .* Open$", text, re.M)}
+        self.assertEqual(ends["B7"][0], ends["B6"][1])
+        self.assertEqual(ends["B8"][0], ends["B6"][1])
+        self.assertEqual(ends["B6"][0], ends["B3"][0])
+
     def compare_with_truth(self, name):
         with open(os.path.join(EXAMPLES, name + ".truth.json"), encoding="utf-8") as file:
             truth = json.load(file)["pressure"]

@@ -3,6 +3,7 @@
 #include "gravity/GravityNetworkSearch.h"
 #include "HandleText.h"
 #include "records/XdataKeys.h"
+#include "RunParents.h"
 #include "Systems.h"
 
 #include <algorithm>
@@ -50,6 +51,7 @@ NetworkPieces PressureForest::grow() {
         }
     }
     search_.CheckNoLoops();
+    parents_ = runParents(segs_);
     joinMeetingEnds();
     makeNodes();
     makeRuns();
@@ -147,7 +149,7 @@ Closing PressureForest::closingOf(int earlier, int later) {
     closing.measured = place.distanceTo(seg(later).GetSearchPoint());
     closing.limit = tkvlt::kOnePlace;
     closing.isNearMiss =
-        seg(later).parent == earlier || !(closing.measured <= search_.ReachFrom(place, system_));
+        parents_[at(later)] == earlier || !(closing.measured <= search_.ReachFrom(place, system_));
     return closing;
 }
 
@@ -191,7 +193,7 @@ int PressureForest::nodeAt(const AcGePoint3d& place) {
 }
 
 int PressureForest::beginNode(int index) {
-    const int parent = seg(index).parent;
+    const int parent = parents_[at(index)];
     return parent < 0 ? rootNodes_[at(networkOf_[at(index)])] : endNodes_[at(parent)];
 }
 

@@ -92,6 +92,7 @@ private:
     std::vector<int> networkOf_; ///< of each segment, the index in `roots_`
     std::vector<int> rootNodes_; ///< node at the begin of each root
     std::vector<int> endNodes_;  ///< node at the search point of each segment
+    std::vector<int> parents_;   ///< of each segment; -1 for a root
     std::vector<int> meets_;     ///< the earlier segment that it ends in one place with; -1
     std::unordered_map<AcDbObjectId, int> wellNodes_;
     NetworkPieces pieces_;

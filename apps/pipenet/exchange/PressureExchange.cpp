@@ -6,6 +6,7 @@
 #include "exchange/ReadNetwork.h"
 #include "HandleText.h"
 #include "records/XdataKeys.h"
+#include "RunParents.h"
 #include "Systems.h"
 
 #include <algorithm>
@@ -69,7 +70,8 @@ ExchangeDevice deviceOf(const AcDbObjectId& pipe) {
 
 class PressureReader {
 public:
-    PressureReader(PressureSearchObject& found, const Drawing& drawing) : found_(found) {
+    PressureReader(PressureSearchObject& found, const Drawing& drawing)
+        : found_(found), parents_(runParents(found.segs)) {
         network_.metresOfUnit = metres(1.0);
         const PressureSeg& root = found.segs[found.rootSeg];
         network_.system = utf8(root.systemName);
@@ -91,6 +93,7 @@ private:
     void addFittings(const PressureSeg& seg, std::size_t firstLink);
 
     PressureSearchObject& found_;
+    std::vector<int> parents_; ///< of each run
     NodeSites sites_;
     ExchangeNetwork network_;
     std::vector<std::size_t> hooks_; ///< of each run the node that further runs hang on
@@ -106,7 +109,8 @@ void PressureReader::readRun(PressureSeg& seg, INT_PTR index) {
     const std::size_t firstLink = network_.links.size();
     const bool isRoot = index == found_.rootSeg;
     const std::size_t first =
-        isRoot ? addNode(walkedEnds(seg).first) : hooks_[static_cast<std::size_t>(seg.parent)];
+        isRoot ? addNode(walkedEnds(seg).first)
+               : hooks_[static_cast<std::size_t>(parents_[static_cast<std::size_t>(index)])];
     std::size_t place = first;
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const bool isLast = i + 1 == parts.size();

@@ -409,4 +409,28 @@ TEST_F(PressureWalkTest, WhatComesToContinueItsParentIsMergedWhenItIsWalkedFromA
     EXPECT_EQ(seg(1).children.GetSize(), 0);
 }
 
+/// As above, but that the run of two has a second child, which forks. The merge takes a segment
+/// from the middle of the list: what stands behind it moves up, and the fork's entries stay.
+TEST_F(PressureWalkTest, EntriesOfChildrenStayWhenALateMergeMovesSegmentsUp) {
+    drawing.setBreakDist(0.5);
+    const AcDbObjectId first = drawing.main({0, -40, 0}, {0, -20, 0});
+    drawing.main({0, -20, 0}, {0, 0, 0});
+    drawing.main({0, 0, 0}, {100, 0, 0});
+    drawing.main({100, 0, 0}, {110, 1, 0});
+    drawing.main({110, -1, 0}, {120, 0, 0});
+    drawing.main({0, 0, 0}, {-50, 10, 0});
+    const AcDbObjectId up = drawing.main({-50, 10, 0}, {-60, 40, 0});
+    const AcDbObjectId down = drawing.main({-50, 10, 0}, {-60, -30, 0});
+    ASSERT_EQ(search(first, {0, -40, 0}), 1);
+    // The run, its two children, of which the first took in two more, and the fork's two.
+    ASSERT_EQ(count(), 5);
+    EXPECT_EQ(seg(1).pipeIds.length(), 3);
+    EXPECT_EQ(seg(3).pipeIds.at(0), up);
+    EXPECT_EQ(seg(4).pipeIds.at(0), down);
+    ASSERT_EQ(seg(2).children.GetSize(), 2);
+    EXPECT_EQ(seg(2).children.GetAt(0), 4);
+    EXPECT_EQ(seg(2).children.GetAt(1), 5) << "where no segment stands any more";
+    EXPECT_EQ(seg(3).parent, 2);
+}
+
 } // namespace module_tests
