@@ -27,10 +27,11 @@ bool entriesAgree(Runs& runs) {
     return entries == hanging;
 }
 
+/// The first run where no distance is a number; a run that hangs on another stands behind it.
 int nearestEarlier(Runs& runs, INT_PTR index) {
     const AcGePoint3d begin = runs[index].GetBeginPoint();
     double least = std::numeric_limits<double>::infinity();
-    int nearest = -1;
+    int nearest = 0;
     for (int i = 0; i < index; ++i) {
         const double distance = runs[i].GetSearchPoint().distanceTo(begin);
         if (distance < least) {

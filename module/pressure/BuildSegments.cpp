@@ -1,8 +1,7 @@
 // Makes the piece of the picked pipe that lies nearest the pick the root segment and starts the
 // walk.
 
-#include <algorithm>
-#include <cmath>
+#include <vector>
 
 #include "pressure/PressureNetworkSearch.h"
 #include "records/FetchAhead.h"

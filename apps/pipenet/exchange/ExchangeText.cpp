@@ -3,7 +3,6 @@
 #include "HandleText.h"
 #include "OneLine.h"
 
-#include <algorithm>
 #include <fmt/format.h>
 
 namespace pipenet {
