@@ -112,11 +112,13 @@ int GravityNetworkSearch::WalkAndReadLater() {
     candidates_.reset();
     unread.nodes.ReadInOrder([this](int node) { FetchAhead(result->wells.ElementAt(node)); },
                              [this](int node) { ReadRest(result->wells.ElementAt(node)); });
-    unread.segs.ReadInOrder([this](int seg) { FetchAhead(result->segs.ElementAt(seg)); },
-                            [this](int at) {
-                                GravitySeg& seg = result->segs.ElementAt(at);
-                                ReadSegmentValues(seg, seg.pipeIds.at(0));
-                            });
+    unread.segs.ReadInOrder(
+        [this](int seg) { FetchAhead(result->segs.ElementAt(seg)); },
+        [this](int seg) { FetchAhead(result->segs.ElementAt(seg).pipeIds.at(0)); },
+        [this](int at) {
+            GravitySeg& seg = result->segs.ElementAt(at);
+            ReadSegmentValues(seg, seg.pipeIds.at(0));
+        });
     return walked;
 }
 

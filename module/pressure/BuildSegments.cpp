@@ -162,17 +162,24 @@ void PressureNetworkSearch::ReadSegsAsDrawn(const std::vector<UnreadSeg>& unread
     }
     AcDbObjectId readLast;
     PipeTexts texts;
-    later.ReadInOrder([this](int at) { FetchAhead(segs.ElementAt(at)); },
-                      [&](int at) {
-                          const UnreadSeg& left = unread[static_cast<std::size_t>(at)];
-                          if (pipePool.IdOf(left.pipe) != readLast) {
-                              readLast = pipePool.IdOf(left.pipe);
-                              texts = ReadPipeTexts(readLast);
-                          }
-                          const PipePiece& pipe = pipePool.At(left.pipe);
-                          WriteAttributes(segs.ElementAt(at), texts,
-                                          left.beginsAtEnd ? pipe.endPoint : pipe.startPoint);
-                      });
+    const auto fetchNote = [&](int at) { FetchAhead(unread[static_cast<std::size_t>(at)]); };
+    const auto fetchPipeAndSeg = [&](int at) {
+        const int pipe = unread[static_cast<std::size_t>(at)].pipe;
+        FetchAhead(pipePool.IdOf(pipe));
+        FetchAhead(pipePool.At(pipe));
+        FetchAhead(segs.ElementAt(at).startElevation);
+        FetchAhead(segs.ElementAt(at).systemName);
+    };
+    later.ReadInOrder(fetchNote, fetchPipeAndSeg, [&](int at) {
+        const UnreadSeg& left = unread[static_cast<std::size_t>(at)];
+        if (pipePool.IdOf(left.pipe) != readLast) {
+            readLast = pipePool.IdOf(left.pipe);
+            texts = ReadPipeTexts(readLast);
+        }
+        const PipePiece& pipe = pipePool.At(left.pipe);
+        WriteAttributes(segs.ElementAt(at), texts,
+                        left.beginsAtEnd ? pipe.endPoint : pipe.startPoint);
+    });
 }
 
 } // namespace tkvlt

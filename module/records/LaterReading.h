@@ -23,6 +23,13 @@ public:
     /// memory of the part can be fetched meanwhile.
     template<class Announce, class Read>
     void ReadInOrder(Announce announce, Read read) const {
+        ReadInOrder([](int) {}, announce, read);
+    }
+
+    /// The same, and as much earlier still `announceFirst`, to fetch what tells where the rest
+    /// lies.
+    template<class AnnounceFirst, class Announce, class Read>
+    void ReadInOrder(AnnounceFirst announceFirst, Announce announce, Read read) const {
         std::vector<int> parts;
         for (const int part : partOf_) {
             if (part != kNone) {
@@ -31,6 +38,9 @@ public:
         }
         constexpr std::size_t ahead = 8;
         for (std::size_t i = 0; i < parts.size(); ++i) {
+            if (i + 2 * ahead < parts.size()) {
+                announceFirst(parts[i + 2 * ahead]);
+            }
             if (i + ahead < parts.size()) {
                 announce(parts[i + ahead]);
             }

@@ -58,6 +58,31 @@ TEST(LaterReading, WhatIsAnnouncedIsReadBehindThatInTheSameOrder) {
     EXPECT_EQ(announced.back(), 0);
 }
 
+TEST(LaterReading, WhatTellsWhereTheRestLiesIsAnnouncedFirst) {
+    constexpr int count = 100;
+    LaterReading later(count);
+    for (int part = 0; part < count; ++part) {
+        later.Add(part, part);
+    }
+    int first = -1;
+    int announced = -1;
+    int read = -1;
+    later.ReadInOrder([&](int part) { first = part; },
+                      [&](int part) {
+                          EXPECT_EQ(part, announced < 0 ? part : announced + 1);
+                          announced = part;
+                          EXPECT_TRUE(first > announced || first == count - 1);
+                      },
+                      [&](int part) {
+                          EXPECT_EQ(part, read + 1);
+                          read = part;
+                          EXPECT_TRUE(announced > read || announced == count - 1);
+                      });
+    EXPECT_EQ(first, count - 1);
+    EXPECT_EQ(announced, count - 1);
+    EXPECT_EQ(read, count - 1);
+}
+
 /// A well, a pipe with texts and a well with a number.
 class ReadLater : public WalkTest {
 protected:
