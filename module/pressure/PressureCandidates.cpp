@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "pressure/PressureNetworkSearch.h"
-#include "records/BoxGrid.h"
 #include "records/Candidates.h"
 #include "records/MedianReach.h"
+#include "records/PartedBoxes.h"
 #include "records/SettledPoints.h"
 
 namespace tkvlt {
@@ -35,16 +35,18 @@ class PlainPressureCandidates final : public PressureCandidates {
 public:
     explicit PlainPressureCandidates(const PressureNetworkSearch& search) : search_(search) {}
 
-    Indices LaterPipesNear(int pipe, double /*gap*/) const override {
+    Indices LaterPipesNear(int pipe) const override {
         return AllPresent(search_.pipePool, pipe + 1);
     }
-    void PieceAdded(int /*pipe*/) override {}
+    void ExpectPipesFrom(int /*pipe*/) const override {}
+    void PieceAdded(int /*piece*/, int /*of*/) override {}
     void PipeCut(int /*pipe*/) override {}
     void PipesPrepared() override {}
     Indices PipesWithEndIn(const PlanBox& /*box*/) const override {
         return AllPresent(search_.pipePool);
     }
     Indices WellsIn(const PlanBox& /*box*/) const override { return AllPresent(search_.wellPool); }
+    void ExpectWellsAt(const AcGePoint3d& /*point*/) const override {}
     double LargestWellRadius() const override { return LargestRadius(search_.WellSites()); }
     void SegsBuilt() override {}
     void LoopsChecked() override {}
@@ -56,7 +58,7 @@ private:
     const PressureNetworkSearch& search_;
 };
 
-/// Finds candidates through trees over what stays and a grid over the pieces that come and go.
+/// Finds candidates by their place, laid out for what stays and for what is cut.
 class IndexedPressureCandidates final : public PressureCandidates {
 public:
     explicit IndexedPressureCandidates(const PressureNetworkSearch& search)
@@ -66,30 +68,30 @@ public:
         IndexWells();
     }
 
-    /// What was drawn stands in front of every piece, so a piece need not look at it.
-    Indices LaterPipesNear(int pipe, double gap) const override {
-        const PlanBox reachable = search_.pipePool.BoxOf(pipe).Widened(gap).Widened(slack_);
+    Indices LaterPipesNear(int pipe) const override {
         Indices pipes;
-        if (pipe < drawnPipes_) {
-            pipeCurves_.Collect(reachable, pipes);
-        }
-        pieces_.Collect(reachable, pipes);
-        pipes.EraseIf([pipe](int other) { return other <= pipe; });
+        pipes_.CollectLater(pipe, search_.pipePool.BoxOf(pipe), pipes);
         KeepPresent(pipes, search_.pipePool);
         return pipes;
     }
 
-    void PieceAdded(int pipe) override { pieces_.Add(pipe, search_.pipePool.BoxOf(pipe)); }
+    void ExpectPipesFrom(int pipe) const override {
+        pipes_.FetchAheadOf(pipe, [this](int other) { FetchAhead(search_.pipePool.At(other)); });
+    }
+
+    void PieceAdded(int piece, int of) override {
+        const int whole = pipes_.WholeOf(of);
+        pipes_.AddPart(whole, search_.pipePool.BoxOf(whole), search_.pipePool.BoxOf(piece));
+    }
 
     void PipeCut(int pipe) override {
         if (pipe >= drawnPipes_) {
-            pieces_.Remove(pipe, search_.pipePool.BoxOf(pipe));
+            pipes_.RemovePart(pipe, search_.pipePool.BoxOf(pipe));
         }
     }
 
     void PipesPrepared() override {
-        pipeCurves_ = BoxTree();
-        pieces_ = BoxGrid();
+        pipes_ = PartedBoxes();
         const auto ends = 2 * static_cast<std::size_t>(search_.pipePool.Size());
         pipeEnds_ = SettledPoints(usualQuery_, ends, [&](std::size_t end) -> const AcGePoint3d& {
             const PipePiece& piece = search_.pipePool.At(static_cast<int>(end / 2));
@@ -102,6 +104,7 @@ public:
         pipeEnds_.Collect(box, pipes);
         for (int& pipe : pipes) {
             pipe /= 2; // two ends a pipe
+            FetchAhead(search_.pipePool.At(pipe));
         }
         KeepPresent(pipes, search_.pipePool);
         return pipes;
@@ -110,9 +113,14 @@ public:
     Indices WellsIn(const PlanBox& box) const override {
         Indices wells;
         wells_.Collect(box, wells);
+        for (const int well : wells) {
+            FetchAhead(search_.WellSites()[static_cast<std::size_t>(well)]);
+        }
         KeepPresent(wells, search_.wellPool);
         return wells;
     }
+
+    void ExpectWellsAt(const AcGePoint3d& point) const override { wells_.FetchAheadAt(point); }
 
     double LargestWellRadius() const override { return largestRadius_; }
 
@@ -144,10 +152,10 @@ private:
         for (int pipe = 0; pipe < drawnPipes_; ++pipe) {
             curves.push_back(search_.pipePool.BoxOf(pipe));
         }
-        pipeCurves_ = BoxTree(curves);
-        pieces_ = BoxGrid(kPipesPerCell * MedianReach(curves.size(), [&](std::size_t pipe) {
-                              return curves[pipe].LongerSide();
-                          }));
+        const double usualPipe =
+            MedianReach(curves.size(), [&](std::size_t pipe) { return curves[pipe].LongerSide(); });
+        const double reach = 2.0 * AcGeContext::gTol.equalPoint() + slack_;
+        pipes_ = PartedBoxes(curves, reach, kPipesPerCell * usualPipe);
     }
 
     void IndexWells() {
@@ -165,8 +173,7 @@ private:
     double usualQuery_ = 0.0; // side of the square that most wells take up
     double slack_;            // by which pipes may miss one another and still meet
     int drawnPipes_;          // what lies behind them in the pool are pieces
-    BoxTree pipeCurves_;
-    BoxGrid pieces_;
+    PartedBoxes pipes_;
     SettledPoints pipeEnds_;
     SettledPoints wells_;
     SettledPoints searchPoints_;

@@ -18,11 +18,13 @@ class PressureCandidates {
 public:
     virtual ~PressureCandidates() = default;
 
-    /// Pipes behind `pipe` in the pool, pieces included, that may come as near to it with their
-    /// curve or chord as `gap`. Before `PipesPrepared`.
-    virtual Indices LaterPipesNear(int pipe, double gap) const = 0;
-    /// The pool got the piece `pipe` at its end.
-    virtual void PieceAdded(int pipe) = 0;
+    /// Pipes behind `pipe` in the pool, pieces included, that may meet it with their curve or
+    /// chord. Before `PipesPrepared`.
+    virtual Indices LaterPipesNear(int pipe) const = 0;
+    /// `LaterPipesNear` is asked in pool order, and the turn of `pipe` has come, present or not.
+    virtual void ExpectPipesFrom(int pipe) const = 0;
+    /// The pool got `piece`, a piece of the entry `of`, at its end.
+    virtual void PieceAdded(int piece, int of) = 0;
     /// The pipe was taken from the pool.
     virtual void PipeCut(int pipe) = 0;
     /// From here on the pipes of the pool stay as they are.
@@ -31,6 +33,8 @@ public:
     virtual Indices PipesWithEndIn(const PlanBox& box) const = 0;
     /// Wells with their position in `box`.
     virtual Indices WellsIn(const PlanBox& box) const = 0;
+    /// `WellsIn` is going to be asked for a place around `point`.
+    virtual void ExpectWellsAt(const AcGePoint3d& point) const = 0;
     /// No well's radius is larger; 0.0 for none.
     virtual double LargestWellRadius() const = 0;
     /// The segments are complete.

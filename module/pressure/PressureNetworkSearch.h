@@ -123,7 +123,8 @@ private:
     int CutPipe(int pipe, const AcGePoint3d& point, CutLimits& limits);
 
     void SnapEndsToWells();
-    void SnapPipe(int index);
+    void SnapPipes(int first, int end);
+    void SnapPipe(int index, Indices wells);
     Indices WellsAtEnds(const PipePiece& pipe) const;
 
     int FindRootPiece() const;

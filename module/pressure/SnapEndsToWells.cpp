@@ -1,6 +1,8 @@
 // Moves each pipe end that lies at a well of the system to that well's centre.
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 #include "pressure/PressureNetworkSearch.h"
 
@@ -10,6 +12,10 @@ namespace {
 
 /// A pipe end is at a well when it is nearer to its position than this many radii.
 constexpr double kAtWell = 1.1;
+
+/// So many pipes are looked up before the first of them is moved: what lies at their ends stands
+/// all over memory, and the processor can wait for much of it at once.
+constexpr int kLookedUpTogether = 16;
 
 void MoveEnd(PipePieces& pipes, int index, const AcGePoint3d& position) {
     PipePiece piece = pipes.At(index);
@@ -35,9 +41,26 @@ void PressureNetworkSearch::SnapEndsToWells() {
     if (lengthMode == 0) {
         return;
     }
-    for (int i = 0; i < pipePool.Size(); ++i) {
+    for (int first = 0; first < pipePool.Size(); first += kLookedUpTogether) {
+        SnapPipes(first, std::min(first + kLookedUpTogether, pipePool.Size()));
+    }
+}
+
+/// Where a pipe is moved changes nothing for any other.
+void PressureNetworkSearch::SnapPipes(int first, int end) {
+    for (int i = first; i < end; ++i) {
+        candidates_->ExpectWellsAt(pipePool.At(i).startPoint);
+        candidates_->ExpectWellsAt(pipePool.At(i).endPoint);
+    }
+    std::array<Indices, kLookedUpTogether> wells;
+    for (int i = first; i < end; ++i) {
         if (pipePool.Has(i)) {
-            SnapPipe(i);
+            wells[static_cast<std::size_t>(i - first)] = WellsAtEnds(pipePool.At(i));
+        }
+    }
+    for (int i = first; i < end; ++i) {
+        if (pipePool.Has(i)) {
+            SnapPipe(i, std::move(wells[static_cast<std::size_t>(i - first)]));
         }
     }
 }
@@ -52,11 +75,10 @@ Indices PressureNetworkSearch::WellsAtEnds(const PipePiece& pipe) const {
 
 /// Each end moves once, to the first well in pool order that it lies at; wells behind that one are
 /// tested against the moved end. A pipe with both ends at one well stays as it is from there on.
-void PressureNetworkSearch::SnapPipe(int index) {
+void PressureNetworkSearch::SnapPipe(int index, Indices wells) {
     const PipePiece& pipe = pipePool.At(index);
     bool startDone = false;
     bool endDone = false;
-    Indices wells = WellsAtEnds(pipe);
     for (std::size_t n = 0; n < wells.size() && !(startDone && endDone); ++n) {
         const int w = wells[n];
         const WellSite& well = SiteOfWell(w);

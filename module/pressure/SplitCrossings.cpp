@@ -86,6 +86,7 @@ void PressureNetworkSearch::SplitCrossings() {
 /// False when the cuts were used up before all pipes had their turn.
 bool PressureNetworkSearch::SplitAll(CutLimits limits) {
     for (int i = 0; i < pipePool.Size() && !limits.IsExhausted(); ++i) {
+        candidates_->ExpectPipesFrom(i);
         if (pipePool.Has(i)) {
             SplitPipe(i, limits);
         }
@@ -95,8 +96,7 @@ bool PressureNetworkSearch::SplitAll(CutLimits limits) {
 
 /// Pairs pipe i with every pipe behind it, until i itself is cut: its pieces have their turn later.
 void PressureNetworkSearch::SplitPipe(int i, CutLimits& limits) {
-    const double slack = 2.0 * AcGeContext::gTol.equalPoint();
-    Indices others = candidates_->LaterPipesNear(i, slack);
+    Indices others = candidates_->LaterPipesNear(i);
     for (std::size_t n = 0; n < others.size() && !limits.IsExhausted(); ++n) {
         const int j = others[n];
         if (!pipePool.Has(j) || !(MayBeCut(i, limits) || MayBeCut(j, limits))) {
@@ -160,8 +160,8 @@ int PressureNetworkSearch::CutPipe(int pipe, const AcGePoint3d& point, CutLimits
     StartPieceAt(pipePool, second, point);
     pipePool.Remove(pipe);
     candidates_->PipeCut(pipe);
-    candidates_->PieceAdded(first);
-    candidates_->PieceAdded(second);
+    candidates_->PieceAdded(first, pipe);
+    candidates_->PieceAdded(second, pipe);
     return first;
 }
 

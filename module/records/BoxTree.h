@@ -26,6 +26,8 @@ public:
     /// Item i is the i-th box.
     explicit BoxTree(const std::vector<PlanBox>& boxes);
 
+    /// All items, in an order in which those stand near one another that lie so.
+    const LargeVector<int>& Items() const { return items_; }
     /// Appends the items whose boxes overlap `box`, and perhaps some that miss it by rounding, in
     /// no order.
     void Collect(const PlanBox& box, Indices& items) const;

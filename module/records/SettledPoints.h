@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "records/CellTable.h"
+#include "records/FetchAhead.h"
 #include "records/Indices.h"
 #include "records/LargeVector.h"
 #include "records/ToFloat.h"
@@ -46,6 +47,14 @@ public:
 
     /// Of the cells that suit these points.
     double CellSide() const { return cellSide_; }
+
+    /// Fetches ahead what an answer for a small box around `point` looks at.
+    void FetchAheadAt(const AcGePoint3d& point) const {
+        const std::size_t begin = BeginOf(table_.PlaceOf(point.x, point.y));
+        if (begin < points_.size()) {
+            FetchAhead(points_[begin]);
+        }
+    }
 
     /// Appends the items whose points lie in `box`, bounds included, and perhaps some that miss it
     /// by rounding, in no order and now and then twice.

@@ -56,6 +56,31 @@ TEST_F(SnapEndsTest, ReachIsElevenTenthsOfTheRadiusExcluded) {
     expectEnds(pipe, {1.1, 0, 0}, {11.0999, 0, 0});
 }
 
+/// Pipes side by side, each a quarter short of its two wells; every third is cut by a branch.
+TEST_F(SnapEndsTest, EachOfManyPipesMovesToItsOwnWells) {
+    constexpr int pipes = 50;
+    std::vector<Piece> expected;
+    std::vector<Piece> pieces;
+    AcDbObjectId first;
+    for (int i = 0; i < pipes; ++i) {
+        const double y = 20.0 * i;
+        drawing.well({0, y, 0});
+        drawing.well({10, y, 0});
+        const AcDbObjectId pipe = drawing.main({0.25, y, 0}, {9.75, y, 0});
+        first = i == 0 ? pipe : first;
+        if (i % 3 != 0) {
+            expected.push_back({pipe, {0, y, 0}, {10, y, 0}, 1});
+            continue;
+        }
+        const AcDbObjectId branch = drawing.main({5, y, 0}, {5, y + 5, 0});
+        expected.push_back({branch, {5, y, 0}, {5, y + 5, 0}, 1});
+        pieces.push_back({pipe, {0, y, 0}, {5, y, 0}, 0});
+        pieces.push_back({pipe, {5, y, 0}, {10, y, 0}, 0});
+    }
+    expected.insert(expected.end(), pieces.begin(), pieces.end());
+    EXPECT_TRUE(holds(prepared(first)->pipePool, expected));
+}
+
 TEST_F(SnapEndsTest, WellOfAnotherSystemMovesNothing) {
     const AcDbObjectId pipe = drawing.main({0, 0, 0}, {9.5, 0, 0});
     drawing.addWell({10, 0, 0}, {.system = kSewer});
