@@ -32,6 +32,10 @@ public:
     virtual Indices NodesIn(const PlanBox& box) const = 0;
     /// Nodes of the result that may stand for the block `id` or have merged it.
     virtual Indices NodesOf(const AcDbObjectId& id) const = 0;
+    /// What lies around `point` is going to be asked for.
+    virtual void ExpectQuestionsAt(const AcGePoint3d& point) const = 0;
+    /// `NodesOf` is going to be asked for `id`.
+    virtual void ExpectNodesOf(const AcDbObjectId& id) const = 0;
 
     /// Pool entries that may be the entity `id`.
     virtual Indices PipesOf(const AcDbObjectId& id) const = 0;

@@ -25,6 +25,11 @@ public:
     Indices TanksReachingInto(const PlanBox& box) const override;
     Indices NodesIn(const PlanBox& box) const override;
     Indices NodesOf(const AcDbObjectId& id) const override;
+    void ExpectQuestionsAt(const AcGePoint3d& point) const override {
+        wells_.FetchAheadAt(point);
+        pipeEnds_.FetchAheadAt(point);
+    }
+    void ExpectNodesOf(const AcDbObjectId& id) const override { nodeIds_.FetchAheadOf(id); }
     Indices PipesOf(const AcDbObjectId& id) const override;
     Indices WellsOf(const AcDbObjectId& id) const override;
     Indices TanksOf(const AcDbObjectId& id) const override;

@@ -15,6 +15,8 @@ public:
     Indices TanksReachingInto(const PlanBox& box) const override;
     Indices NodesIn(const PlanBox& box) const override;
     Indices NodesOf(const AcDbObjectId& id) const override;
+    void ExpectQuestionsAt(const AcGePoint3d& /*point*/) const override {}
+    void ExpectNodesOf(const AcDbObjectId& /*id*/) const override {}
     Indices PipesOf(const AcDbObjectId& id) const override;
     Indices WellsOf(const AcDbObjectId& id) const override;
     Indices TanksOf(const AcDbObjectId& id) const override;

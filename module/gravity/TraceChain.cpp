@@ -177,6 +177,7 @@ ChainFrame GravityNetworkSearch::EnterPipe(const ChainBranch& branch) const {
 }
 
 GravityNetworkSearch::ChainEnd GravityNetworkSearch::EndOfChain(const ChainFrame& level) {
+    candidates_->ExpectQuestionsAt(level.freeEnd);
     if (const int node = KnownNodeNear(level.freeEnd); node >= 0) {
         abortFlag = 1;
         NoteClosedChain(node, level.freeEnd);
@@ -184,6 +185,7 @@ GravityNetworkSearch::ChainEnd GravityNetworkSearch::EndOfChain(const ChainFrame
     }
     if (const int well = WellAt(level.freeEnd); well >= 0) {
         targetIndex = well;
+        candidates_->ExpectNodesOf(SiteOfWell(well).id);
         AddChainLink(level.pipe, -1, level.seed, SiteOfWell(well).position);
         targetKind = kWellTarget;
         return ChainEnd::kTarget;

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "platform.h"
+#include "records/FetchAhead.h"
 #include "records/Indices.h"
 #include "records/LargeVector.h"
 
@@ -37,6 +38,13 @@ public:
         }
         matches.SortUnique();
         return matches;
+    }
+
+    /// Fetches ahead what `Matches` looks at first.
+    void FetchAheadOf(const AcDbObjectId& id) const {
+        if (!places_.empty()) {
+            FetchAhead(places_[PlaceOf(std::hash<AcDbObjectId>{}(id))]);
+        }
     }
 
 private:
