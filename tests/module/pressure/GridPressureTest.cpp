@@ -49,6 +49,24 @@ TEST_F(GridPressureTest, FortyByFortyShallowPipesAreCutAndFoundClosed) {
     EXPECT_EQ(search(ids[0], {0, 0, 0}), 0);
 }
 
+/// Half of the branches are drawn before the main, half behind it. The main is cut into 101 pieces,
+/// and where each of them ends the next one and a branch go on, so that nothing is merged.
+TEST_F(GridPressureTest, AMainIsCutAtEachOfAHundredBranches) {
+    const auto drawBranches = [&](int first) {
+        for (int i = first; i <= 100; i += 2) {
+            drawing.main({10.0 * i, 0, 0}, {10.0 * i + 3.0, 5, 0});
+        }
+    };
+    drawBranches(1);
+    const AcDbObjectId main = drawing.main({0, 0, 0}, {1010, 0, 0});
+    drawBranches(2);
+    ASSERT_EQ(search(main, {0, 0, 0}, Mode::kPlainScan), 1);
+    const std::string plain = dump(segs);
+    ASSERT_EQ(search(main, {0, 0, 0}, Mode::kIndexed), 1);
+    EXPECT_EQ(dump(segs), plain);
+    EXPECT_EQ(count(), 201);
+}
+
 /// Picked at its outer end, so that the walk goes into the grid; one street and one avenue are a
 /// cross.
 TEST_F(GridPressureTest, SmallGridsAreTheSameByIndexAndByPlainScan) {
