@@ -35,6 +35,7 @@ class PlainPressureCandidates final : public PressureCandidates {
 public:
     explicit PlainPressureCandidates(const PressureNetworkSearch& search) : search_(search) {}
 
+    void CuttingBegins(double /*gap*/) override {}
     Indices LaterPipesNear(int pipe) const override {
         return AllPresent(search_.pipePool, pipe + 1);
     }
@@ -58,14 +59,25 @@ private:
     const PressureNetworkSearch& search_;
 };
 
-/// Finds candidates by their place, laid out for what stays and for what is cut.
+/// Finds candidates by their place: wells and ends in tables laid out once, pipes and their pieces
+/// in lists of what comes near them.
 class IndexedPressureCandidates final : public PressureCandidates {
 public:
     explicit IndexedPressureCandidates(const PressureNetworkSearch& search)
-        : search_(search), largestRadius_(LargestRadius(search.WellSites())),
-          slack_(RoundingSlack(search.pipePool)), drawnPipes_(search.pipePool.Size()) {
-        IndexPipes();
+        : search_(search), largestRadius_(LargestRadius(search.WellSites())) {
         IndexWells();
+    }
+
+    void CuttingBegins(double gap) override {
+        std::vector<PlanBox> curves;
+        curves.reserve(static_cast<std::size_t>(search_.pipePool.Size()));
+        for (int pipe = 0; pipe < search_.pipePool.Size(); ++pipe) {
+            curves.push_back(search_.pipePool.BoxOf(pipe));
+        }
+        const double usualPipe =
+            MedianReach(curves.size(), [&](std::size_t pipe) { return curves[pipe].LongerSide(); });
+        pipes_ =
+            PartedBoxes(curves, gap + RoundingSlack(search_.pipePool), kPipesPerCell * usualPipe);
     }
 
     Indices LaterPipesNear(int pipe) const override {
@@ -85,7 +97,7 @@ public:
     }
 
     void PipeCut(int pipe) override {
-        if (pipe >= drawnPipes_) {
+        if (pipes_.WholeOf(pipe) != pipe) {
             pipes_.RemovePart(pipe, search_.pipePool.BoxOf(pipe));
         }
     }
@@ -146,18 +158,6 @@ public:
     }
 
 private:
-    void IndexPipes() {
-        std::vector<PlanBox> curves;
-        curves.reserve(static_cast<std::size_t>(drawnPipes_));
-        for (int pipe = 0; pipe < drawnPipes_; ++pipe) {
-            curves.push_back(search_.pipePool.BoxOf(pipe));
-        }
-        const double usualPipe =
-            MedianReach(curves.size(), [&](std::size_t pipe) { return curves[pipe].LongerSide(); });
-        const double reach = 2.0 * AcGeContext::gTol.equalPoint() + slack_;
-        pipes_ = PartedBoxes(curves, reach, kPipesPerCell * usualPipe);
-    }
-
     void IndexWells() {
         const LargeVector<WellSite>& sites = search_.WellSites();
         usualQuery_ =
@@ -171,8 +171,6 @@ private:
     const PressureNetworkSearch& search_;
     double largestRadius_;    // wells only leave, so it stays a bound
     double usualQuery_ = 0.0; // side of the square that most wells take up
-    double slack_;            // by which pipes may miss one another and still meet
-    int drawnPipes_;          // what lies behind them in the pool are pieces
     PartedBoxes pipes_;
     SettledPoints pipeEnds_;
     SettledPoints wells_;

@@ -18,8 +18,11 @@ class PressureCandidates {
 public:
     virtual ~PressureCandidates() = default;
 
-    /// Pipes behind `pipe` in the pool, pieces included, that may meet it with their curve or
-    /// chord. Before `PipesPrepared`.
+    /// The pipes of the pool are going to be cut where they miss one another by no more than `gap`,
+    /// drawing units, and rounding.
+    virtual void CuttingBegins(double gap) = 0;
+    /// Pipes behind `pipe` in the pool, pieces included, that may come as near to it with their
+    /// curve or chord as that. From `CuttingBegins` to `PipesPrepared`.
     virtual Indices LaterPipesNear(int pipe) const = 0;
     /// `LaterPipesNear` is asked in pool order, and the turn of `pipe` has come, present or not.
     virtual void ExpectPipesFrom(int pipe) const = 0;

@@ -49,8 +49,10 @@ void PressureNetworkSearch::SnapEndsToWells() {
 /// Where a pipe is moved changes nothing for any other.
 void PressureNetworkSearch::SnapPipes(int first, int end) {
     for (int i = first; i < end; ++i) {
-        candidates_->ExpectWellsAt(pipePool.At(i).startPoint);
-        candidates_->ExpectWellsAt(pipePool.At(i).endPoint);
+        if (pipePool.Has(i)) {
+            candidates_->ExpectWellsAt(pipePool.At(i).startPoint);
+            candidates_->ExpectWellsAt(pipePool.At(i).endPoint);
+        }
     }
     std::array<Indices, kLookedUpTogether> wells;
     for (int i = first; i < end; ++i) {

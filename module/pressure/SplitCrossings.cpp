@@ -2,6 +2,8 @@
 // ends, so that each junction becomes a meeting of ends. The pieces stand at the end of the pool,
 // where the pairing reaches them in turn.
 
+#include <algorithm>
+
 #include "pressure/PressureNetworkSearch.h"
 #include "records/PipeCrossing.h"
 
@@ -77,7 +79,6 @@ void PressureNetworkSearch::SplitCrossings() {
     if (cuts != nullptr) {
         cuts->clear();
     }
-    candidates_ = MakePressureCandidates(*this, candidateMode_);
     CutHistory history(tolerance);
     SplitAll(
         {&history, kCutsOfNoDrawing + kCutsOfAnyPipe * drawn, StraightCutsOf(drawn), tolerance});
@@ -85,6 +86,7 @@ void PressureNetworkSearch::SplitCrossings() {
 
 /// False when the cuts were used up before all pipes had their turn.
 bool PressureNetworkSearch::SplitAll(CutLimits limits) {
+    candidates_->CuttingBegins(2.0 * std::max(AcGeContext::gTol.equalPoint(), 0.0));
     for (int i = 0; i < pipePool.Size() && !limits.IsExhausted(); ++i) {
         candidates_->ExpectPipesFrom(i);
         if (pipePool.Has(i)) {

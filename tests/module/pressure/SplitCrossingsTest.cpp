@@ -1,10 +1,20 @@
 // Straight pipes are cut where others cross or touch them between their ends.
 
 #include "module/pressure/PressureTest.h"
+#include "module/support/HostTolerance.h"
 
 namespace module_tests {
 
-class SplitCrossingsTest : public PressureTest {};
+class SplitCrossingsTest : public PressureTest {
+protected:
+    /// Pipes that are there when the host's tolerance has changed between collecting and cutting.
+    std::size_t pipesCutWithin(double equalPoint, Mode mode, AcDbObjectId picked) {
+        const auto search = collected(picked, {}, mode);
+        const HostTolerance tolerance(equalPoint);
+        EXPECT_EQ(search->PreparePipes(), 1);
+        return present(search->pipePool).size();
+    }
+};
 
 /// The branch touches in mid-span.
 TEST_F(SplitCrossingsTest, BranchCutsOnlyThePipeThatItTouches) {
@@ -181,6 +191,28 @@ TEST_F(SplitCrossingsTest, WellsDoNotCut) {
     drawing.well({10, 0, 0});
     drawing.setLengthMode(1);
     EXPECT_TRUE(holds(prepared(main)->pipePool, {{main, {0, 0, 0}, {30, 0, 0}, 1}}));
+}
+
+/// The branch ends 0.2 short of the main. They meet on the main, farther than a hundredth from all
+/// ends, so that both are cut there.
+TEST_F(SplitCrossingsTest, PipesMeetWithinTheToleranceThatTheHostHasWhenTheyAreCut) {
+    const AcDbObjectId main = drawing.main({0, 0, 0}, {30, 0, 0});
+    drawing.main({10, 0.2, 0}, {10, 10, 0});
+    for (const Mode mode : {Mode::kPlainScan, Mode::kIndexed}) {
+        EXPECT_EQ(pipesCutWithin(0.3, mode, main), 4U) << (mode == Mode::kIndexed);
+        EXPECT_EQ(pipesCutWithin(0.1, mode, main), 2U) << (mode == Mode::kIndexed);
+    }
+}
+
+TEST_F(SplitCrossingsTest, PipesThatTouchMeetWhateverTheTolerance) {
+    const AcDbObjectId main = drawing.main({0, 0, 0}, {30, 0, 0});
+    drawing.main({10, 0, 0}, {10, 10, 0});
+    for (const Mode mode : {Mode::kPlainScan, Mode::kIndexed}) {
+        for (const double tolerance : {0.0, -0.1, -1e9}) {
+            EXPECT_EQ(pipesCutWithin(tolerance, mode, main), 3U)
+                << (mode == Mode::kIndexed) << ' ' << tolerance;
+        }
+    }
 }
 
 } // namespace module_tests

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <random>
+#include <utility>
 #include <vector>
 
 namespace module_tests {
@@ -130,10 +131,12 @@ TEST(PartedBoxes, WhatAPartIsCutIntoIsPartOfTheSameWhole) {
     EXPECT_EQ(boxes.later(quarter), std::vector<int>{other});
 }
 
-/// More than a whole keeps by itself.
-TEST(PartedBoxes, EachOfManyPartsOfAWholeIsFound) {
-    constexpr int parts = 100;
-    std::vector<PlanBox> wholes{{0, 0, parts, 0}};
+/// A whole keeps some parts by itself; where there are a hundred, it has no list either.
+class ManyPartsTest : public ::testing::TestWithParam<int> {};
+
+TEST_P(ManyPartsTest, EachPartOfAWholeIsFound) {
+    const int parts = GetParam();
+    std::vector<PlanBox> wholes{{0, 0, 1.0 * parts, 0}};
     for (int i = 0; i < parts; ++i) {
         wholes.push_back({i + 0.5, 0, i + 0.5, 1}); // each on the part of its number
     }
@@ -151,6 +154,57 @@ TEST(PartedBoxes, EachOfManyPartsOfAWholeIsFound) {
         EXPECT_EQ(boxes.later(1 + i).empty(), i % 2 == 0) << i;
     }
     boxes.expectAnswers();
+}
+
+INSTANTIATE_TEST_SUITE_P(PartedBoxes, ManyPartsTest, ::testing::Values(15, 16, 17, 25, 100));
+
+constexpr PlanBox kLeft{0, 0, 10, 0};
+constexpr PlanBox kRight{10 + 3 * kReach, 0, 20, 0};
+// Each leaves its whole by the reach and comes as near to the other one.
+constexpr PlanBox kLeftPart{5, 0, 10 + kReach, 0};
+constexpr PlanBox kRightPart{10 + 2 * kReach, 0, 15, 0};
+
+/// Of the first two wholes.
+void expectPartsFindOneAnother(const std::vector<PlanBox>& wholes) {
+    Parted boxes(wholes);
+    const bool leftIsFirst = wholes[0].minX < wholes[1].minX;
+    const int first = boxes.cut(0, leftIsFirst ? kLeftPart : kRightPart);
+    const int second = boxes.cut(1, leftIsFirst ? kRightPart : kLeftPart);
+    EXPECT_EQ(boxes.later(first), std::vector<int>{second}) << leftIsFirst;
+    boxes.expectAnswers();
+}
+
+TEST(PartedBoxes, PartsThatLeaveTheirWholesByTheReachFindOneAnother) {
+    expectPartsFindOneAnother({kLeft, kRight});
+    expectPartsFindOneAnother({kRight, kLeft});
+}
+
+/// The right one has no list, for forty others stand at its far end.
+TEST(PartedBoxes, PartsFindOneAnotherWhereOneOfTheWholesHasNoList) {
+    std::vector<PlanBox> wholes(42, PlanBox{20, 0, 20, 1});
+    wholes[0] = kLeft;
+    wholes[1] = kRight;
+    expectPartsFindOneAnother(wholes);
+    std::swap(wholes[0], wholes[1]);
+    expectPartsFindOneAnother(wholes);
+}
+
+TEST(PartedBoxes, APartElsewhereFindsWhatLeavesItsWholeByTheReach) {
+    Parted boxes({{100, 100, 200, 200}, kLeft});
+    const int elsewhere = boxes.cut(0, {10 + 2 * kReach, -1, 200, 200});
+    const int near = boxes.cut(1, kLeftPart);
+    EXPECT_EQ(boxes.later(elsewhere), std::vector<int>{near});
+}
+
+/// To the left, below, to the right and above, each with a box at its far end.
+TEST(PartedBoxes, APartThatLeavesItsWholeByOneSideIsFoundThere) {
+    Parted boxes(
+        {{0, 0, 10, 10}, {-20, 5, -20, 5}, {5, -20, 5, -20}, {30, 5, 30, 5}, {5, 30, 5, 30}});
+    const std::vector<int> parts{boxes.cut(0, {-20, 0, 10, 10}), boxes.cut(0, {0, -20, 10, 10}),
+                                 boxes.cut(0, {0, 0, 30, 10}), boxes.cut(0, {0, 0, 10, 30})};
+    for (int side = 0; side < 4; ++side) {
+        EXPECT_EQ(boxes.later(1 + side), std::vector<int>{parts[static_cast<std::size_t>(side)]});
+    }
 }
 
 /// More than stand in a list.
@@ -225,7 +279,7 @@ TEST(PartedBoxes, RandomBoxesAreFoundAsByAPlainScan) {
             for (std::size_t i = 0; i < 5 + upTo(random, 120); ++i) {
                 wholes.push_back(someBox(random, spread.somePoint(random), size));
             }
-            Parted boxes(wholes, spread.width * 1e-6);
+            Parted boxes(wholes, spread.width * (drawing % 3 == 0 ? 1e-2 : 1e-6));
             const int drawn = boxes.size();
             cutSome(boxes, random, drawn / 2);
             for (int part = drawn; part < boxes.size(); part += 3) {

@@ -1,26 +1,11 @@
 // A run that goes on into the side of another pipe, by crossing or overlap, and its length.
 
+#include "module/support/HostTolerance.h"
 #include "module/walk/WalkTest.h"
 
 #include <cmath>
 
 namespace module_tests {
-
-namespace {
-
-/// Another tolerance of the host, for as long as this lives.
-class HostTolerance {
-public:
-    explicit HostTolerance(double equalPoint) { AcGeContext::gTol.setEqualPoint(equalPoint); }
-    HostTolerance(const HostTolerance&) = delete;
-    HostTolerance& operator=(const HostTolerance&) = delete;
-    ~HostTolerance() { AcGeContext::gTol = former_; }
-
-private:
-    AcGeTol former_ = AcGeContext::gTol;
-};
-
-} // namespace
 
 /// The pipe under trace runs from (-20, 0) to the origin; the others cross or overlap it.
 class ChainSideTest : public WalkTest {
