@@ -5,6 +5,22 @@
 
 namespace tkvlt {
 
+namespace {
+
+/// Appends what lies in an index behind `item`.
+template<class Index>
+void CollectBehind(int item, const Index& index, const PlanBox& reached, Indices& items) {
+    Indices found;
+    index.Collect(reached, found);
+    for (const int other : found) {
+        if (other > item) {
+            items.push_back(other);
+        }
+    }
+}
+
+} // namespace
+
 PartedBoxes::PartedBoxes(const std::vector<PlanBox>& wholes, double reach, double finestCell)
     : wholes_(static_cast<int>(wholes.size())), reach_(reach), tree_(wholes), lists_(wholes.size()),
       firstPart_(wholes.size(), kNone), byPlace_(finestCell) {
@@ -111,17 +127,6 @@ void PartedBoxes::CollectListed(int item, const PlanBox& reached, Indices& items
     });
 }
 
-/// Parts near a whole without a list have their place.
-void PartedBoxes::CollectLaterWholes(int item, const PlanBox& reached, Indices& items) const {
-    Indices near;
-    tree_.Collect(reached, near);
-    for (const int whole : near) {
-        if (whole > item) {
-            items.push_back(whole);
-        }
-    }
-}
-
 /// A part elsewhere comes near wholes that know nothing of its own. What they keep may leave them
 /// by the reach.
 void PartedBoxes::CollectKeptAround(int item, const PlanBox& reached, Indices& items) const {
@@ -133,16 +138,7 @@ void PartedBoxes::CollectKeptAround(int item, const PlanBox& reached, Indices& i
     }
 }
 
-void PartedBoxes::CollectByPlace(int item, const PlanBox& reached, Indices& items) const {
-    Indices parts;
-    byPlace_.Collect(reached, parts);
-    for (const int part : parts) {
-        if (part > item) {
-            items.push_back(part);
-        }
-    }
-}
-
+/// Parts near a whole without a list have their place.
 void PartedBoxes::CollectLater(int item, const PlanBox& box, Indices& items) const {
     const PlanBox reached = box.Widened(reach_);
     if (item >= wholes_ && !PartAt(item).isWithin) {
@@ -150,9 +146,9 @@ void PartedBoxes::CollectLater(int item, const PlanBox& box, Indices& items) con
     } else if (IsListed(WholeOf(item))) {
         CollectListed(item, reached, items);
     } else if (item < wholes_) {
-        CollectLaterWholes(item, reached, items);
+        CollectBehind(item, tree_, reached, items);
     }
-    CollectByPlace(item, reached, items);
+    CollectBehind(item, byPlace_, reached, items);
 }
 
 } // namespace tkvlt

@@ -116,9 +116,7 @@ private:
     bool HasRoom(int whole) const;
     void CollectKept(int whole, int item, const FloatBox& reached, Indices& items) const;
     void CollectListed(int item, const PlanBox& reached, Indices& items) const;
-    void CollectLaterWholes(int item, const PlanBox& reached, Indices& items) const;
     void CollectKeptAround(int item, const PlanBox& reached, Indices& items) const;
-    void CollectByPlace(int item, const PlanBox& reached, Indices& items) const;
 
     template<class Visit>
     void ForEachNear(const NearList& list, Visit visit) const {
