@@ -11,9 +11,11 @@ bool operator==(const NameValue& a, const NameValue& b) {
 }
 
 void addPoint(Fields& fields, int code, double x, double y, double z, bool optional) {
-    fields.push_back({code, x, optional});
-    fields.push_back({code + 10, y, optional});
-    fields.push_back({code + 20, z, optional});
+    for (const double coordinate : {x, y, z}) {
+        const Field field{code, coordinate, optional};
+        fields.push_back(field);
+        code += 10;
+    }
 }
 
 namespace {

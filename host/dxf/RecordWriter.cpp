@@ -198,7 +198,8 @@ void RecordWriter::allVertices(const AcDbEntity& polyline, std::size_t first) {
             const AcDb3dPolyline::Vertex& each = spatial->vertices()[i];
             Fields fields;
             addPoint(fields, 10, each.point);
-            fields.push_back({70, std::int64_t{each.flags | spatialVertex}});
+            const Field flags{70, std::int64_t{each.flags | spatialVertex}};
+            fields.push_back(flags);
             vertex(polyline, "AcDb3dPolylineVertex", fields);
         }
     }
