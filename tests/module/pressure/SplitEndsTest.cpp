@@ -231,6 +231,28 @@ TEST_F(SplitEndsTest, ThreeArcsThatCrossOneAnotherAreCutNowhereTwice) {
     }
 }
 
+/// The two pipes cross before the arcs have their turn, and again once the cutting has started
+/// anew.
+TEST_F(SplitEndsTest, CutsBeforeTheCuttingStartsAgainAreNotTold) {
+    const AcDbObjectId level = drawing.main({1000, 0, 0}, {1060, 0, 0});
+    const AcDbObjectId upright = drawing.main({1020, -20, 0}, {1020, 20, 0});
+    threeArcs();
+    const auto search = collected(level);
+    std::vector<tkvlt::PipeCut> cuts;
+    search->cuts = &cuts;
+    ASSERT_EQ(search->PreparePipes(), 1);
+    EXPECT_GT(cuts.size(), 3U);
+    std::vector<AcGePoint3d> crossings;
+    for (const tkvlt::PipeCut& cut : cuts) {
+        if (cut.first == level || cut.first == upright) {
+            EXPECT_EQ(cut.second, cut.first == level ? upright : level);
+            crossings.push_back(cut.point);
+        }
+    }
+    ASSERT_EQ(crossings.size(), 1U);
+    EXPECT_TRUE(crossings.front().isEqualTo({1020, 0, 0}));
+}
+
 TEST_F(SplitEndsTest, SearchOfTheThreeArcsEndsAlikeEachTime) {
     const AcDbObjectId first = threeArcs().front();
     const int result = search(first, {15, 0, 0}, Mode::kIndexed);

@@ -35,6 +35,21 @@ TEST_F(ChainEndTest, WellReachIsAHundredthWiderThanItsRadius) {
     EXPECT_EQ(target(), well);
 }
 
+// The largest well of the pool tells how far around an end wells are looked for. Here it is 5 wide,
+// and the next, far away, 0.5.
+TEST_F(ChainEndTest, WellThatIsPutBackReachesAsFarAsBefore) {
+    const AcDbObjectId large = drawing.addWell({4.0, 0, 0}, {.diameter = L"10"});
+    drawing.addWell({500.0, 0, 0}, {.diameter = L"1"});
+    mode = tkvlt::CandidateMode::kIndexed;
+    collect();
+    search->wellPool.Remove(well(large));
+    EXPECT_EQ(traceOutOfEnd(first), 0);
+    search->RestorePools();
+    search->result = &result;
+    EXPECT_EQ(traceOutOfEnd(first), 1);
+    EXPECT_EQ(target(), large);
+}
+
 TEST_F(ChainEndTest, WellAtExactlyItsReachIsNoTarget) {
     drawing.addWell({1.01, 0, 0}, {.diameter = L"2"});
     EXPECT_EQ(traceFirst(), 0);
