@@ -22,14 +22,21 @@ std::string insideScript(const std::string& json) {
     return safe;
 }
 
+void append(std::string& page, std::span<const std::string_view> pieces) {
+    for (const std::string_view piece : pieces) {
+        page += piece;
+    }
+}
+
 } // namespace
 
 std::string htmlReport(const Drawing& drawing, const CheckReport& report) {
     const std::string json =
         reportData(drawing, report).dump(-1, ' ', false, Json::error_handler_t::replace);
-    std::string page(kPageHead);
+    std::string page;
+    append(page, kPageHead);
     page += insideScript(json);
-    page += kPageTail;
+    append(page, kPageTail);
     return page;
 }
 

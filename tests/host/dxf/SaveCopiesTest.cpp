@@ -30,7 +30,6 @@ constexpr std::size_t kCircle = 1;
 constexpr std::size_t kReference = 4;
 constexpr std::size_t kHeavy = 5;
 constexpr std::size_t kPoint = 7;
-constexpr std::size_t kLight = 8;
 constexpr std::size_t kCountOfR12 = 8;
 constexpr std::size_t kCount = 12;
 

@@ -246,7 +246,7 @@ TEST(Boundary, FieldsOfThePressureResultStandInTheirOrder) {
 /// destroys, one that deletes as well.
 const void* const* slotsOf(const CObject& object) {
     const void* const* slots = nullptr;
-    std::memcpy(&slots, &object, sizeof slots);
+    std::memcpy(&slots, static_cast<const void*>(&object), sizeof slots);
     return slots;
 }
 

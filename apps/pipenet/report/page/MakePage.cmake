@@ -32,12 +32,42 @@ string(SUBSTRING "${page}" 0 ${cut} head)
 math(EXPR rest "${cut} + 8")
 string(SUBSTRING "${page}" ${rest} -1 tail)
 
+# A compiler need not take a text of more than 65,536 characters, so each goes into several, which
+# end with a line.
+function(pieces_of text result)
+  set(longest 60000)
+  set(pieces "")
+  string(LENGTH "${text}" left)
+  while(left GREATER longest)
+    string(SUBSTRING "${text}" 0 ${longest} piece)
+    string(FIND "${piece}" "\n" end REVERSE)
+    if(end LESS 0)
+      message(FATAL_ERROR "the page has a line of more than ${longest} characters")
+    endif()
+    math(EXPR end "${end} + 1")
+    string(SUBSTRING "${text}" 0 ${end} piece)
+    string(SUBSTRING "${text}" ${end} -1 text)
+    string(APPEND pieces "R\"page(${piece})page\",\n")
+    string(LENGTH "${text}" left)
+  endwhile()
+  set(${result} "${pieces}R\"page(${text})page\"" PARENT_SCOPE)
+endfunction()
+
+pieces_of("${head}" head)
+pieces_of("${tail}" tail)
 file(WRITE "${OUTPUT}" "#include \"report/PageText.h\"
 
 namespace pipenet {
 
-const std::string_view kPageHead = R\"page(${head})page\";
-const std::string_view kPageTail = R\"page(${tail})page\";
+namespace {
+
+constexpr std::string_view kHead[] = {${head}};
+constexpr std::string_view kTail[] = {${tail}};
+
+} // namespace
+
+const std::span<const std::string_view> kPageHead = kHead;
+const std::span<const std::string_view> kPageTail = kTail;
 
 } // namespace pipenet
 ")
