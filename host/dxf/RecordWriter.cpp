@@ -198,6 +198,7 @@ void RecordWriter::allVertices(const AcDbEntity& polyline, std::size_t first) {
             const AcDb3dPolyline::Vertex& each = spatial->vertices()[i];
             Fields fields;
             addPoint(fields, 10, each.point);
+            // Not a temporary, for the reason given in `addPoint`.
             const Field flags{70, std::int64_t{each.flags | spatialVertex}};
             fields.push_back(flags);
             vertex(polyline, "AcDb3dPolylineVertex", fields);
