@@ -53,11 +53,11 @@ Acad::ErrorStatus AcDbText::textString(CString& text) const {
 }
 
 Acad::ErrorStatus AcDbText::setPosition(const AcGePoint3d& point) {
-    return change(position_, point);
+    return changeDirection(position_, point, true);
 }
 
 Acad::ErrorStatus AcDbText::setAlignmentPoint(const AcGePoint3d& point) {
-    return change(alignment_, point);
+    return changeDirection(alignment_, point, true);
 }
 
 Acad::ErrorStatus AcDbText::setNormal(const AcGeVector3d& normal) {
@@ -77,7 +77,7 @@ Acad::ErrorStatus AcDbText::setOblique(double angle) {
 }
 
 Acad::ErrorStatus AcDbText::setRotation(double angle) {
-    return change(rotation_, angle);
+    return changeDirection(rotation_, angle, false);
 }
 
 Acad::ErrorStatus AcDbText::setTextString(const ACHAR* text) {
@@ -89,7 +89,7 @@ Acad::ErrorStatus AcDbText::setTextStyle(AcDbObjectId style) {
 }
 
 Acad::ErrorStatus AcDbText::setHorizontalMode(AcDb::TextHorzMode mode) {
-    return change(horizontal_, mode);
+    return changeDirection(horizontal_, mode, true);
 }
 
 Acad::ErrorStatus AcDbText::setVerticalMode(AcDb::TextVertMode mode) {
@@ -126,7 +126,7 @@ AcDbText::Box AcDbText::localBox() const {
         const double width = std::hypot(along.x, along.y);
         box.place = position_;
         if (width > 0.0) {
-            box.angle = std::atan2(along.y, along.x);
+            box.angle = followsPoints_ ? std::atan2(along.y, along.x) : rotation_;
             const bool keepsShape = horizontal_ == AcDb::kTextAlign && box.width > 0.0;
             box.height = keepsShape ? height_ * width / box.width : height_;
             box.width = width;

@@ -48,7 +48,8 @@ public:
     /// The text's box, from the pen's start to its end and from the baseline to the height, turned,
     /// slanted and aligned: as wide as host_db::textWidth says of the style's fonts, not as the ink
     /// of the letters. A text without a style has that of its drawing, or of the working one.
-    /// An empty text is a point-wide box at its place.
+    /// An empty text is a point-wide box at its place. A text between two points runs from one to
+    /// the other, but where it was turned after they were set; it stays as long then.
     bool addExtents(const AcGeMatrix3d& transform, AcDbExtents& box) const override;
 
 protected:
@@ -63,6 +64,17 @@ private:
         double height = 0.0;
     };
     Box localBox() const;
+
+    /// Sets a field on which the direction of a text between two points depends.
+    template<typename Field, typename Value>
+    Acad::ErrorStatus changeDirection(Field& field, const Value& value, bool followsPoints) {
+        const Acad::ErrorStatus status = change(field, value);
+        if (status == Acad::eOk) {
+            followsPoints_ = followsPoints;
+        }
+        return status;
+    }
+
     host_db::TextFonts fonts() const;
 
     AcGePoint3d position_;
@@ -76,6 +88,7 @@ private:
     AcDbObjectId style_;
     AcDb::TextHorzMode horizontal_ = AcDb::kTextLeft;
     AcDb::TextVertMode vertical_ = AcDb::kTextBase;
+    bool followsPoints_ = true;
     bool mirroredX_ = false;
     bool mirroredY_ = false;
 };

@@ -118,6 +118,22 @@ TEST(AcDbTextTest, FittedTextRunsBetweenItsTwoPoints) {
     expectBox(boxOf(text), {-4.0, 0.0, 0.0}, {0.0, 8.0, 0.0});
 }
 
+TEST(AcDbTextTest, FittedTextThatIsTurnedStaysAsLongUntilItsPointsAreSetAgain) {
+    AcDbText text({0.0, 0.0, 0.0}, L"水水", AcDbObjectId(), 2.0);
+    text.setAlignmentPoint({0.0, 8.0, 0.0});
+    text.setHorizontalMode(AcDb::kTextFit);
+    text.setRotation(0.0);
+    expectBox(boxOf(text), {0.0, 0.0, 0.0}, {8.0, 2.0, 0.0});
+    text.setHorizontalMode(AcDb::kTextAlign);
+    text.setRotation(0.0);
+    expectBox(boxOf(text), {0.0, 0.0, 0.0}, {8.0, 4.0, 0.0});
+    text.setPosition({0.0, 2.0, 0.0});
+    expectBox(boxOf(text), {-3.0, 2.0, 0.0}, {0.0, 8.0, 0.0});
+    text.setRotation(0.0);
+    text.setAlignmentPoint({0.0, 4.0, 0.0});
+    expectBox(boxOf(text), {-1.0, 2.0, 0.0}, {0.0, 4.0, 0.0});
+}
+
 TEST(AcDbTextTest, SlantAndEmptyText) {
     AcDbText text({0.0, 0.0, 0.0}, L"水", AcDbObjectId(), 1.0);
     text.setOblique(kPi / 4.0);
