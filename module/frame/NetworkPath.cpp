@@ -1,18 +1,6 @@
 #include "frame/NetworkPath.h"
 
-#include <vector>
-
 namespace tkvlt {
-
-namespace {
-
-void Append(CArray<int, int>& list, const std::vector<int>& indices) {
-    for (const int index : indices) {
-        list.Add(index);
-    }
-}
-
-} // namespace
 
 int FindNodeOfBlock(GravitySearchObject& network, const AcDbObjectId& block) {
     for (int i = 1; i < static_cast<int>(network.wells.GetSize()); ++i) {
@@ -43,21 +31,21 @@ int FindNodeBehindPipe(const GravitySearchObject& network, const AcDbObjectId& p
 }
 
 bool AppendPathToRoot(GravitySearchObject& network, int well) {
-    std::vector<int> wells{well};
-    std::vector<int> segs;
+    const INT_PTR wellsBefore = network.pathWells.GetSize();
+    const INT_PTR segsBefore = network.pathSegs.GetSize();
     // In a tree each step leads to another node. Callers may have changed the network since.
-    while (well != 0) {
-        const int seg = network.wells.GetAt(well).inSeg;
-        segs.push_back(seg);
-        well = network.segs.GetAt(seg).startWell;
-        wells.push_back(well);
-        if (static_cast<INT_PTR>(wells.size()) > network.wells.GetSize()) {
-            return false;
+    for (INT_PTR left = network.wells.GetSize(); left > 0; --left) {
+        network.pathWells.Add(well);
+        if (well == 0) {
+            return true;
         }
+        const int seg = network.wells.GetAt(well).inSeg;
+        network.pathSegs.Add(seg);
+        well = network.segs.GetAt(seg).startWell;
     }
-    Append(network.pathWells, wells);
-    Append(network.pathSegs, segs);
-    return true;
+    network.pathWells.SetSize(wellsBefore);
+    network.pathSegs.SetSize(segsBefore);
+    return false;
 }
 
 } // namespace tkvlt

@@ -13,7 +13,8 @@ int FindNodeOfBlock(GravitySearchObject& network, const AcDbObjectId& block);
 int FindNodeBehindPipe(const GravitySearchObject& network, const AcDbObjectId& pipe);
 
 /// Appends the way from node `well` to node 0 to `pathWells` and `pathSegs`. False, and nothing
-/// appended, when there is none: in a network whose links run in a circle.
+/// appended, when there is none: in a network whose links run in a circle. Where a link leads to
+/// nothing the bad index throws, and what was passed until then stands in both arrays.
 bool AppendPathToRoot(GravitySearchObject& network, int well);
 
 } // namespace tkvlt

@@ -262,6 +262,13 @@ TEST_F(MergedTargetTest, WellMergedIntoTheRootIsNotFound) {
     EXPECT_EQ(network->wells[0].nodeEntity, wells[3]);
 }
 
+TEST_F(FindGravityPathTest, NodeThatNoSegmentReachesThrowsAndBothPathsHoldWhatWasPassed) {
+    search(wells[0]);
+    network->wells[2].inSeg = -1;
+    EXPECT_THROW(find(wells[3]), CInvalidArgException);
+    expectPath({3, 2}, {2, -1});
+}
+
 TEST_F(FindGravityPathTest, FindLineEntityGivesOneAndChangesNothing) {
     CArray<PressureSeg, PressureSeg&> segs;
     EXPECT_EQ(FindLineEntity(segs, CString()), 1);

@@ -100,6 +100,46 @@ TEST_F(EndPathTest, PathsAreAppendedTo) {
     EXPECT_EQ(intsOf(result.pathSegs), (std::vector<int>{9, 0}));
 }
 
+class FilledObjectTest : public WalkTest {};
+
+TEST_F(FilledObjectTest, SecondSearchWalksFromTheFirstNodeOfAll) {
+    const AcDbObjectId first = drawing.addWell({0, 0, 0});
+    ASSERT_EQ(run(first), 0) << "a lone node, which stays";
+    const AcDbObjectId other = drawing.addWell({40, 0, 0});
+    const AcDbObjectId second = drawing.addWell({500, 0, 0});
+    drawing.addPipe({0.5, 0, 0}, {39.5, 0, 0});
+    EXPECT_EQ(run(second, other), 1);
+    EXPECT_EQ(nodes(), (Ids{first, second, other}));
+    EXPECT_EQ(result.rootWell, 0);
+    ASSERT_EQ(result.segs.GetSize(), 1);
+    EXPECT_EQ(result.segs[0].startWell, 0);
+    EXPECT_EQ(result.segs[0].endWell, 2);
+    EXPECT_EQ(intsOf(result.pathWells), (std::vector<int>{2, 0}));
+    EXPECT_EQ(intsOf(result.pathSegs), std::vector<int>{0});
+}
+
+TEST_F(FilledObjectTest, NodesOfTheSearchBeforeAreKnownOnes) {
+    const AcDbObjectId first = drawing.addWell({0, 0, 0});
+    const AcDbObjectId other = drawing.addWell({40, 0, 0});
+    const AcDbObjectId second = drawing.addWell({500, 0, 0});
+    drawing.addPipe({0.5, 0, 0}, {39.5, 0, 0});
+    ASSERT_EQ(run(first), 1);
+    EXPECT_EQ(run(second), 0) << "the pipe leads to a node, as in a ring";
+    EXPECT_EQ(nodes(), (Ids{first, other, second}));
+    EXPECT_EQ(result.segs.GetSize(), 1);
+}
+
+TEST_F(FilledObjectTest, NodeThatNoSegmentReachesThrowsAndBothPathsHoldWhatWasPassed) {
+    const AcDbObjectId first = drawing.addWell({0, 0, 0});
+    const AcDbObjectId second = drawing.addWell({100, 0, 0});
+    const AcDbObjectId pipe = drawing.addPipe({80, 0, 0}, {99.7, 0, 0});
+    ASSERT_EQ(run(first), 0);
+    EXPECT_THROW(run(pipe, second), CInvalidArgException);
+    EXPECT_EQ(nodes(), (Ids{first, second}));
+    EXPECT_EQ(intsOf(result.pathWells), std::vector<int>{1});
+    EXPECT_EQ(intsOf(result.pathSegs), std::vector<int>{-1});
+}
+
 TEST_F(EndPathTest, LowerHeightComesFirstAndTheFlowStays) {
     drawing.setText(pipes[0], L"起点标高", L"5");
     drawing.setText(pipes[0], L"终点标高", L"3");
