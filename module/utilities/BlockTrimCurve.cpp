@@ -31,9 +31,9 @@ int PelBlockTrimCurve(AcDbObjectId block, AcDbObjectId curve) {
     ads_point second;
     acdbWcs2Ucs(asDblArray(points[0]), first, false);
     acdbWcs2Ucs(asDblArray(points[1]), second, false);
-    ads_name name;
+    ads_name name = {0, 0};
     acdbGetAdsName(name, curve);
-    ads_name set;
+    ads_name set = {0, 0};
     acedSSAdd(name, nullptr, set);
     acedCommand(RTSTR, L"break", RTPICKS, set, RTPOINT, first, RTPOINT, second, 0);
     acedSSFree(set);

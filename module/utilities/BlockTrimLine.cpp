@@ -40,7 +40,7 @@ void SendTrim(const ads_name cutter, const ads_name line, const AcGePoint3d& pos
 
 /// The piece between two points in world coordinates goes.
 void SendBreak(const ads_name line, const AcGePoint3d& first, const AcGePoint3d& second) {
-    ads_name set;
+    ads_name set = {0, 0};
     acedSSAdd(line, nullptr, set);
     {
         const SystemVariableAtZero snap(L"snapmode");
@@ -108,8 +108,8 @@ Cut CutOpenEntity(AcDbEntity* entity, const AcGePoint3d& center, double radius) 
 } // namespace
 
 Acad::ErrorStatus PelBlockTrimLine(AcDbObjectId line, AcDbObjectId block) {
-    ads_name lineName;
-    ads_name blockName;
+    ads_name lineName = {0, 0};
+    ads_name blockName = {0, 0};
     Acad::ErrorStatus status = acdbGetAdsName(lineName, line);
     if (status == Acad::eOk) {
         status = acdbGetAdsName(blockName, block);
@@ -123,7 +123,7 @@ Acad::ErrorStatus PelBlockTrimLine(AcDbObjectId line, AcDbObjectId block) {
         return status;
     }
     const AcDbObjectId cutter = tkvlt::EnterEntity(MakeCutter(center, radius));
-    ads_name cutterName;
+    ads_name cutterName = {0, 0};
     status = acdbGetAdsName(cutterName, cutter);
     if (status != Acad::eOk) {
         return status;
@@ -134,7 +134,7 @@ Acad::ErrorStatus PelBlockTrimLine(AcDbObjectId line, AcDbObjectId block) {
 }
 
 Acad::ErrorStatus PelBlockTrimLine(AcDbObjectId line, AcGePoint3d center, double radius) {
-    ads_name name;
+    ads_name name = {0, 0};
     Acad::ErrorStatus status = acdbGetAdsName(name, line);
     if (status != Acad::eOk) {
         return status;

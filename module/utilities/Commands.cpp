@@ -13,7 +13,7 @@ void SendUndo(const ACHAR* option) {
 }
 
 void RedrawEntity(const AcDbObjectId& entity, int mode) {
-    ads_name name;
+    ads_name name = {0, 0};
     if (acdbGetAdsName(name, entity) == Acad::eOk) {
         acedRedraw(name, mode);
     }

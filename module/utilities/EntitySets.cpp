@@ -6,7 +6,7 @@ namespace {
 template<typename Visit>
 void ForEachEntity(const ads_name set, Adesk::Int32 length, const Visit& visit) {
     for (Adesk::Int32 i = 0; i < length; ++i) {
-        ads_name name;
+        ads_name name = {0, 0};
         AcDbObjectId id;
         if (acedSSName(set, i, name) == RTNORM && acdbGetObjectId(id, name) == Acad::eOk) {
             visit(id);
@@ -26,7 +26,7 @@ void PelPurePipeSS(ads_name set, CString key, CString value) {
     Adesk::Int32 length = 0;
     acedSSLength(set, &length);
     for (Adesk::Int32 i = 0; i < length; ++i) {
-        ads_name name;
+        ads_name name = {0, 0};
         if (acedSSName(set, i, name) == RTNORM && !CarriesValue(name, key, value)) {
             acedSSDel(name, set);
             --i;

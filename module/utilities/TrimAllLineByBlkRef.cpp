@@ -47,7 +47,7 @@ void BreakEach(AcDbObjectId block, const ads_name set) {
     acedSSLength(set, &length);
     const tkvlt::SystemVariableAtZero echo(tkvlt::kCommandEcho);
     for (Adesk::Int32 i = 0; i < length; ++i) {
-        ads_name name;
+        ads_name name = {0, 0};
         AcDbObjectId curve;
         if (acedSSName(set, i, name) == RTNORM && acdbGetObjectId(curve, name) == Acad::eOk) {
             PelBlockTrimCurve(block, curve);
@@ -67,7 +67,7 @@ void PelTrimAllLineByBlkRef(ads_name block) {
     AcDbExtents extents;
     reference->geomExtentsBestFit(extents, AcGeMatrix3d::kIdentity);
     reference->close();
-    ads_name set;
+    ads_name set = {0, 0};
     if (SelectPipeLines(extents, set) == RTNORM) {
         BreakEach(id, set);
         acedSSFree(set);

@@ -4,6 +4,10 @@
 #include "utilities/BlockTrimLine.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
+#include <type_traits>
+#include <vector>
 
 namespace module_tests {
 namespace {
@@ -304,6 +308,63 @@ TEST_F(BlockTrimTest, EntityThatCannotBeOpenedGivesItsStatus) {
     ASSERT_EQ(acdbOpenObject(reader, line, AcDb::kForRead), Acad::eOk);
     EXPECT_EQ(PelBlockTrimLine(line, {0, 0, 0}, 2.0), Acad::eWasOpenForRead);
     reader->close();
+}
+
+TEST_F(BlockTrimTest, BlockThatCannotBeOpenedGivesItsStatusAndNoCommand) {
+    block = addScaled({0, 0, 0}, 2.0);
+    const AcDbObjectId line = addLine({0, 0, 0}, {10, 0, 0});
+    AcDbBlockReference* writer = nullptr;
+    ASSERT_EQ(acdbOpenObject(writer, block, AcDb::kForWrite), Acad::eOk);
+    forget();
+    EXPECT_EQ(PelBlockTrimLine(line, block), Acad::eWasOpenForWrite);
+    EXPECT_EQ(events("command"), Lines{});
+    writer->close();
+    EXPECT_TRUE(sameEnds(endsOf(line), {0, 0, 0}, {10, 0, 0}));
+}
+
+/// Takes every selection set that the host has left.
+class NoSetLeft {
+public:
+    NoSetLeft() {
+        for (Name name{}; acedSSAdd(nullptr, nullptr, name.data()) == RTNORM;) {
+            taken_.push_back(name);
+        }
+    }
+    NoSetLeft(const NoSetLeft&) = delete;
+    NoSetLeft& operator=(const NoSetLeft&) = delete;
+    ~NoSetLeft() {
+        for (const Name& name : taken_) {
+            acedSSFree(name.data());
+        }
+    }
+
+    std::size_t count() const { return taken_.size(); }
+    /// How many of them can still be asked.
+    std::size_t alive() const {
+        return static_cast<std::size_t>(
+            std::count_if(taken_.begin(), taken_.end(), [](const Name& name) {
+                Adesk::Int32 length = 0;
+                return acedSSLength(name.data(), &length) == RTNORM;
+            }));
+    }
+
+private:
+    using Name = std::array<std::remove_extent_t<ads_name>, 2>;
+    std::vector<Name> taken_;
+};
+
+TEST_F(BlockTrimTest, WithoutASetLeftNothingIsBrokenAndNobodysSetIsFreed) {
+    const AcDbObjectId line = addLine({-10, 0, 0}, {10, 0, 0});
+    const NoSetLeft sets;
+    ASSERT_GT(sets.count(), 100U);
+    forget();
+    EXPECT_EQ(PelBlockTrimLine(line, {0, 0, 0}, 2.0), Acad::eOk);
+    const Lines commands = events("command");
+    ASSERT_EQ(commands.size(), 1U);
+    EXPECT_TRUE(startsWith(commands[0], "command \"break\" ")) << commands[0];
+    EXPECT_NE(commands[0].find("= RTERROR"), std::string::npos) << commands[0];
+    EXPECT_TRUE(sameEnds(endsOf(line), {-10, 0, 0}, {10, 0, 0}));
+    EXPECT_EQ(sets.alive(), sets.count());
 }
 
 TEST_F(BlockTrimTest, ListIsTrimmedOneByOneAndAlwaysWell) {
