@@ -10,7 +10,8 @@ double LengthAlong(const AcGeCurve3d& curve, const AcGePoint3d& p1, const AcGePo
     const double tolerance = AcGeContext::gTol.equalPoint();
     const double length1 = curve.length(0.0, curve.paramOf(c1), tolerance);
     const double length2 = curve.length(0.0, curve.paramOf(c2), tolerance);
-    return std::fabs(length2 - length1) + c1.distanceTo(p1) + c2.distanceTo(p2);
+    const double missed = c1.distanceTo(p1) + c2.distanceTo(p2);
+    return std::fabs(length2 - length1) + missed;
 }
 
 } // namespace tkvlt

@@ -3,6 +3,8 @@
 #include "module/support/Compare.h"
 #include "module/support/DrawingBuilder.h"
 
+#include <random>
+
 namespace module_tests {
 namespace {
 
@@ -42,6 +44,19 @@ TEST_F(PipeLength, SwappedPointsGiveTheSame) {
     EXPECT_EQ(line.GetLength({2, 3, 0}, {7, -4, 0}), line.GetLength({7, -4, 0}, {2, 3, 0}));
     _Pipe arc(drawing.addArcPipe({10, 0, 0}, {0, 10, 0}, kQuarter), kSewer);
     EXPECT_EQ(arc.GetLength({11, 1, 0}, {2, 9, 0}), arc.GetLength({2, 9, 0}, {11, 1, 0}));
+}
+
+TEST_F(PipeLength, SwappedPointsGiveTheSameToTheLastBit) {
+    std::mt19937 random(11);
+    std::uniform_real_distribution<double> coordinate(-20.0, 20.0);
+    _Pipe line = pipeFrom({0, 0, 0}, {10, 0, 0});
+    _Pipe arc(drawing.addArcPipe({10, 0, 0}, {0, 10, 0}, kQuarter), kSewer);
+    for (int i = 0; i < 1000; ++i) {
+        const AcGePoint3d one(coordinate(random), coordinate(random), 0.0);
+        const AcGePoint3d other(coordinate(random), coordinate(random), 0.0);
+        ASSERT_EQ(line.GetLength(one, other), line.GetLength(other, one)) << "pair " << i;
+        ASSERT_EQ(arc.GetLength(one, other), arc.GetLength(other, one)) << "pair " << i;
+    }
 }
 
 TEST_F(PipeLength, NoDrawingScaleTakesPart) {
