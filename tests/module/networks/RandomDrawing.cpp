@@ -19,6 +19,14 @@ AcGePoint3d onGrid(const AcGePoint3d& point) {
     return {onGrid(point.x), onGrid(point.y), 0.0};
 }
 
+/// The same for two points that are the same, as good as unrelated for two that differ.
+double heightAt(const AcGePoint3d& point, int relief) {
+    const auto column = static_cast<long>(std::floor(point.x / kGrid));
+    const auto row = static_cast<long>(std::floor(point.y / kGrid));
+    const auto mixed = static_cast<std::uint32_t>(column * 7919 + row * 104729) * 2654435761U;
+    return (mixed >> 16) % static_cast<std::uint32_t>(relief + 1) * kGrid;
+}
+
 } // namespace
 
 AcGePoint3d Motion::operator()(const AcGePoint3d& point) const {
@@ -26,7 +34,8 @@ AcGePoint3d Motion::operator()(const AcGePoint3d& point) const {
     for (int turn = 0; turn < quarterTurns; ++turn) {
         moved = {-moved.y, moved.x, moved.z};
     }
-    return {moved.x + shiftX, moved.y + shiftY, moved.z};
+    const double height = relief == 0 ? moved.z : moved.z + heightAt(point, relief);
+    return {moved.x + shiftX, moved.y + shiftY, height};
 }
 
 RandomDrawing::RandomDrawing(std::uint32_t seed) : state_(seed * 2654435761U + 1U) {

@@ -8,11 +8,13 @@
 namespace module_tests {
 
 /// A motion of the plan that keeps coordinates on their grid: quarter turns, then a shift by whole
-/// numbers.
+/// numbers. `relief` other than 0 gives the places heights, up to so many eighths; one place in the
+/// plan has one height.
 struct Motion {
     int quarterTurns = 0;
     double shiftX = 0.0;
     double shiftY = 0.0;
+    int relief = 0;
 
     AcGePoint3d operator()(const AcGePoint3d& point) const;
 };
