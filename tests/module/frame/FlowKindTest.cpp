@@ -126,6 +126,12 @@ TEST_F(SystemFlag, MissingFlagGivesZeroAndLeavesTheText) {
     EXPECT_EQ(utf8(flag), "as it was");
 }
 
+TEST_F(SystemFlag, UnreadableSettingsFileGivesZeroAndLeavesTheText) {
+    drawing.writePipeSystems("1 = 污水\n1\\GroupFlag = W\nthis is no entry\n");
+    EXPECT_EQ(PelGetSystemFlag(flag, kSewer), 0);
+    EXPECT_EQ(utf8(flag), "as it was");
+}
+
 TEST_F(SystemFlag, MissingSettingsFileGivesZero) {
     drawing.removePipeSystems();
     EXPECT_EQ(PelGetSystemFlag(flag, kSewer), 0);

@@ -148,6 +148,62 @@ TEST_F(BlockRecord, EntityThatIsNoBlockKeepsOnlyItsTextsAndRadius) {
     EXPECT_EQ(block.isSquareWell, 0);
 }
 
+void expectNoReference(const _Block& block) {
+    const AcGeScale3d unset;
+    EXPECT_EQ(block.valid, 0);
+    EXPECT_EQ(block.radius, 0.0);
+    EXPECT_TRUE(block.handle.IsEmpty());
+    EXPECT_TRUE(block.layer.IsEmpty());
+    EXPECT_TRUE(samePoint(block.position, {0, 0, 0}, 0.0));
+    EXPECT_EQ(block.scale.sx, unset.sx);
+    EXPECT_EQ(block.scale.sy, unset.sy);
+    EXPECT_EQ(block.scale.sz, unset.sz);
+    EXPECT_EQ(block.rotation, 0.0);
+    EXPECT_TRUE(block.extents.isEmpty());
+    EXPECT_EQ(block.isSquareWell, 0);
+}
+
+TEST_F(BlockRecord, ScaleOfARecordThatReadNothingIsThatOfThePlatform) {
+    const AcGeScale3d unset;
+    EXPECT_EQ(_Block().scale.sx, unset.sx);
+    EXPECT_EQ(_Block().scale.sy, unset.sy);
+    EXPECT_EQ(_Block().scale.sz, unset.sz);
+}
+
+TEST_F(BlockRecord, ReferenceThatIsBeingWrittenLeavesTheDefaultsAndRadiusZero) {
+    const AcDbObjectId id = drawing.addWell({3, 4, 0}, {.diameter = L"2", .square = true});
+    AcDbBlockReference* writer = nullptr;
+    ASSERT_EQ(acdbOpenObject(writer, id, AcDb::kForWrite), Acad::eOk);
+    writer->setRotation(0.5);
+    writer->setScaleFactors({2, 2, 2});
+    expectNoReference(_Block(id, L"", kSewer));
+    writer->close();
+    EXPECT_EQ(_Block(id, L"", kSewer).valid, 1);
+}
+
+TEST_F(BlockRecord, ErasedReferenceLeavesTheDefaultsAndRadiusZero) {
+    const AcDbObjectId id = drawing.addWell({3, 4, 0}, {.diameter = L"2", .square = true});
+    drawing.erase(id);
+    expectNoReference(_Block(id, L"", kSewer));
+}
+
+TEST_F(BlockRecord, DefinitionThatIsBeingWrittenMakesNoSquareWellOfAValidReference) {
+    const AcDbObjectId id = drawing.addWell({3, 4, 0}, {.diameter = L"2", .square = true});
+    AcDbBlockReference* reference = nullptr;
+    ASSERT_EQ(acdbOpenObject(reference, id, AcDb::kForRead), Acad::eOk);
+    const AcDbObjectId definition = reference->blockTableRecord();
+    reference->close();
+    AcDbBlockTableRecord* writer = nullptr;
+    ASSERT_EQ(acdbOpenObject(writer, definition, AcDb::kForWrite), Acad::eOk);
+    const _Block block(id, L"", kSewer);
+    writer->close();
+    EXPECT_EQ(block.valid, 1);
+    EXPECT_DOUBLE_EQ(block.radius, 1.0);
+    EXPECT_TRUE(samePoint(block.position, {3, 4, 0}, 0.0));
+    EXPECT_EQ(block.isSquareWell, 0);
+    EXPECT_EQ(_Block(id, L"", kSewer).isSquareWell, 1);
+}
+
 TEST_F(BlockRecord, NullIdHasRadiusZero) {
     const _Block block(AcDbObjectId::kNull, L"", L"");
     EXPECT_EQ(block.valid, 0);

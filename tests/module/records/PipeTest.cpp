@@ -20,10 +20,21 @@ void expectNoDirection(const _Pipe& pipe) {
     EXPECT_EQ(pipe.angle, 0.0);
 }
 
+void expectCurvesUnset(const _Pipe& pipe) {
+    const AcGeLineSeg3d line;
+    const AcGeCircArc3d arc;
+    EXPECT_TRUE(samePoint(pipe.line.startPoint(), line.startPoint(), 0.0));
+    EXPECT_TRUE(samePoint(pipe.line.endPoint(), line.endPoint(), 0.0));
+    EXPECT_TRUE(samePoint(pipe.arc.startPoint(), arc.startPoint(), 0.0));
+    EXPECT_TRUE(samePoint(pipe.arc.center(), arc.center(), 0.0));
+    EXPECT_EQ(pipe.arc.radius(), arc.radius());
+}
+
 TEST_F(PipeRecord, DefaultsAreThoseOfTheTable) {
     const _Pipe pipe;
     EXPECT_TRUE(samePoint(pipe.startPoint, {0, 0, 0}, 0.0));
     EXPECT_TRUE(samePoint(pipe.endPoint, {0, 0, 0}, 0.0));
+    expectCurvesUnset(pipe);
     expectNoDirection(pipe);
     EXPECT_EQ(pipe.isPolyline, 0);
     EXPECT_EQ(pipe.isArc, 0);
@@ -177,11 +188,44 @@ TEST_F(PipeRecord, ErasedEntityLeavesTheDefaults) {
     EXPECT_EQ(pipe.id, id);
     EXPECT_EQ(utf8(pipe.systemName), "雨水");
     EXPECT_TRUE(pipe.layer.IsEmpty());
+    expectCurvesUnset(pipe);
     EXPECT_TRUE(samePoint(pipe.endPoint, {0, 0, 0}, 0.0));
     expectNoDirection(pipe);
     EXPECT_EQ(pipe.isArc, 0);
     EXPECT_EQ(pipe.orientationFlag, 1);
     EXPECT_EQ(pipe.GetLength(), 0.0);
+}
+
+TEST_F(PipeRecord, CurveThatIsBeingWrittenLeavesTheDefaults) {
+    const AcDbObjectId id = drawing.addArcPipe({10, 0, 0}, {0, 10, 0}, kQuarter);
+    AcDbPolyline* writer = nullptr;
+    ASSERT_EQ(acdbOpenObject(writer, id, AcDb::kForWrite), Acad::eOk);
+    const _Pipe pipe(id, kSewer);
+    writer->close();
+    expectNoDirection(pipe);
+    expectCurvesUnset(pipe);
+    EXPECT_EQ(pipe.isArc, 0);
+    EXPECT_TRUE(pipe.layer.IsEmpty());
+    EXPECT_EQ(_Pipe(id, kSewer).valid, 1);
+}
+
+TEST_F(PipeRecord, PolylineWithoutVerticesHasALayerAndNoLength) {
+    drawing.defineLayer(L"管线层");
+    auto* polyline = new AcDbPolyline();
+    polyline->setLayer(L"管线层");
+    _Pipe pipe(drawing.addCurve(polyline), kSewer);
+    expectNoDirection(pipe);
+    EXPECT_EQ(pipe.isPolyline, 1);
+    EXPECT_EQ(pipe.isArc, 0);
+    EXPECT_EQ(utf8(pipe.layer), "管线层");
+    EXPECT_EQ(pipe.GetLength(), 0.0);
+}
+
+TEST_F(PipeRecord, BulgeBetweenVerticesAtOnePlaceMakesNoArc) {
+    const _Pipe pipe(drawing.addPolyline({{0, 0, kQuarter}, {0, 0}, {10, 0}}), kSewer);
+    EXPECT_EQ(pipe.isPolyline, 1);
+    EXPECT_EQ(pipe.isArc, 0);
+    EXPECT_EQ(pipe.valid, 1);
 }
 
 TEST_F(PipeRecord, EntityThatIsNoCurveLeavesTheDefaults) {

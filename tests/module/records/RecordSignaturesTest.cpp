@@ -59,6 +59,25 @@ TEST(RecordSignatures, BasesAreThoseOfTheFamily) {
     EXPECT_TRUE((std::is_base_of_v<SearchObject, GravitySearchObject>));
 }
 
+TEST(RecordSignatures, FieldsOfTheCommonBaseHaveTheTypesOfTheBoundary) {
+    EXPECT_TRUE((kIs<decltype(_Entity::id), AcDbObjectId>));
+    EXPECT_TRUE((kIs<decltype(_Entity::layer), CString>));
+    EXPECT_TRUE((kIs<decltype(_Entity::systemName), CString>));
+    EXPECT_TRUE((kIs<decltype(_Entity::valid), std::int32_t>));
+}
+
+TEST(RecordSignatures, TextFieldsHaveTheTypesOfTheBoundary) {
+    EXPECT_TRUE((kIs<decltype(_Text::height), double>));
+    EXPECT_TRUE((kIs<decltype(_Text::widthFactor), double>));
+    EXPECT_TRUE((kIs<decltype(_Text::position), AcGePoint3d>));
+    EXPECT_TRUE((kIs<decltype(_Text::handle), CString>));
+    EXPECT_TRUE((kIs<decltype(_Text::text), CString>));
+    EXPECT_TRUE((kIs<decltype(_Text::rotation), double>));
+    EXPECT_TRUE((kIs<decltype(_Text::width), double>));
+    EXPECT_TRUE((kIs<decltype(_Text::horizontalMode), std::int32_t>));
+    EXPECT_TRUE((kIs<decltype(_Text::verticalMode), std::int32_t>));
+}
+
 TEST(RecordSignatures, PipeFieldsHaveTheTypesOfTheBoundary) {
     EXPECT_TRUE((kIs<decltype(_Pipe::startPoint), AcGePoint3d>));
     EXPECT_TRUE((kIs<decltype(_Pipe::endPoint), AcGePoint3d>));
@@ -89,19 +108,35 @@ TEST(RecordSignatures, WellFieldsHaveTheTypesOfTheBoundary) {
     EXPECT_TRUE((kIs<decltype(Well::mergedEntities), AcArray<AcDbObjectId>>));
     EXPECT_TRUE((kIs<decltype(Well::nodeRadius), double>));
     EXPECT_TRUE((kIs<decltype(Well::inSeg), std::int32_t>));
+    EXPECT_TRUE((kIs<decltype(Well::outSegs), CArray<int, int>>));
     EXPECT_TRUE((kIs<decltype(Well::number), CString>));
+    EXPECT_TRUE((kIs<decltype(Well::extraList), CArray<int, int>>));
     EXPECT_TRUE((kIs<decltype(Well::extraPoint), double[3]>));
 }
 
 TEST(RecordSignatures, SegmentFieldsHaveTheTypesOfTheBoundary) {
     EXPECT_TRUE((kIs<decltype(GravitySeg::pipeIds), AcArray<AcDbObjectId>>));
     EXPECT_TRUE((kIs<decltype(GravitySeg::startWell), std::int32_t>));
+    EXPECT_TRUE((kIs<decltype(GravitySeg::endWell), std::int32_t>));
+    EXPECT_TRUE((kIs<decltype(GravitySeg::startPoint), AcGePoint3d>));
+    EXPECT_TRUE((kIs<decltype(GravitySeg::endPoint), AcGePoint3d>));
     EXPECT_TRUE((kIs<decltype(GravitySeg::startEntity), AcDbObjectId>));
+    EXPECT_TRUE((kIs<decltype(GravitySeg::endEntity), AcDbObjectId>));
     EXPECT_TRUE((kIs<decltype(GravitySeg::startElevation), double>));
+    EXPECT_TRUE((kIs<decltype(GravitySeg::endElevation), double>));
+    EXPECT_TRUE((kIs<decltype(GravitySeg::slope), double>));
     EXPECT_TRUE((kIs<decltype(GravitySeg::diameter), std::int32_t>));
     EXPECT_TRUE((kIs<decltype(GravitySeg::flowText), CString>));
+    EXPECT_TRUE((kIs<decltype(GravitySeg::material), CString>));
+    EXPECT_TRUE((kIs<decltype(GravitySeg::systemName), CString>));
+    EXPECT_TRUE((kIs<decltype(GravitySeg::extraValue1), double>));
+    EXPECT_TRUE((kIs<decltype(GravitySeg::extraValue2), double>));
+    EXPECT_TRUE((kIs<decltype(GravitySeg::extraValue3), double>));
     EXPECT_TRUE((kIs<decltype(GravitySeg::extraValue4), double>));
+    EXPECT_TRUE((kIs<decltype(GravitySeg::extraValue5), double>));
     EXPECT_TRUE((kIs<decltype(GravitySeg::flowReversed), std::int32_t>));
+    EXPECT_TRUE((kIs<decltype(GravitySeg::length), double>));
+    EXPECT_TRUE((kIs<decltype(GravitySeg::annotatePoint), AcGePoint3d>));
     EXPECT_TRUE((kIs<decltype(GravitySeg::annotateVector), AcGeVector3d>));
 }
 

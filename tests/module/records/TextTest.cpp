@@ -97,6 +97,15 @@ TEST_F(TextAnchor, OneModeAloneAnchorsAtTheAlignmentPoint) {
     EXPECT_EQ(top.verticalMode, 3);
 }
 
+TEST_F(TextRecord, TextBetweenTwoPointsIsAsWideAsTheyAreApart) {
+    for (const AcDb::TextHorzMode mode : {AcDb::kTextAlign, AcDb::kTextFit}) {
+        auto* entity = new AcDbText({1, 1, 0}, L"DN300", AcDbObjectId::kNull, 2.0);
+        entity->setAlignmentPoint({1, 31, 0});
+        entity->setHorizontalMode(mode);
+        EXPECT_DOUBLE_EQ(_Text(drawing.addEntity(entity)).width, 30.0);
+    }
+}
+
 TEST_F(TextRecord, EntityThatIsNoTextLeavesTheDefaults) {
     const AcDbObjectId id = drawing.addPipe({0, 0, 0}, {10, 0, 0});
     const _Text text(id);
@@ -106,6 +115,38 @@ TEST_F(TextRecord, EntityThatIsNoTextLeavesTheDefaults) {
     EXPECT_TRUE(text.layer.IsEmpty());
     EXPECT_EQ(text.width, 0.0);
     EXPECT_EQ(text.height, 0.0);
+}
+
+void expectNothingRead(const _Text& text) {
+    EXPECT_EQ(text.valid, 0);
+    EXPECT_TRUE(text.text.IsEmpty());
+    EXPECT_TRUE(text.layer.IsEmpty());
+    EXPECT_TRUE(text.handle.IsEmpty());
+    EXPECT_EQ(text.width, 0.0);
+    EXPECT_EQ(text.height, 0.0);
+    EXPECT_EQ(text.widthFactor, 0.0);
+}
+
+TEST_F(TextRecord, TextThatIsBeingWrittenLeavesTheDefaults) {
+    const AcDbObjectId id = drawing.addText({1, 1, 0}, L"W1");
+    AcDbText* writer = nullptr;
+    ASSERT_EQ(acdbOpenObject(writer, id, AcDb::kForWrite), Acad::eOk);
+    expectNothingRead(_Text(id));
+    writer->close();
+    EXPECT_EQ(_Text(id).valid, 1);
+}
+
+TEST_F(TextRecord, ErasedTextLeavesTheDefaults) {
+    const AcDbObjectId id = drawing.addText({1, 1, 0}, L"W1");
+    drawing.erase(id);
+    expectNothingRead(_Text(id));
+}
+
+TEST_F(TextRecord, EmptyTextHasNoWidth) {
+    const _Text text(drawing.addText({1, 1, 0}, L"", 2.0));
+    EXPECT_EQ(text.width, 0.0);
+    EXPECT_DOUBLE_EQ(text.height, 2.0);
+    EXPECT_EQ(text.valid, 1);
 }
 
 void expectSameText(const _Text& actual, const _Text& expected) {

@@ -66,6 +66,17 @@ TEST_F(LowerHeightTest, LoweringTravelsFromWellToWell) {
     EXPECT_EQ(heights(r), (HeightTexts{"9.5", "10.5"}));
 }
 
+TEST_F(LowerHeightTest, PipeThatCannotBeWrittenStaysAndTheNextSinksAllTheSame) {
+    drawPicked();
+    drawFirst(L"10", L"9");
+    AcDbLine* reader = nullptr;
+    ASSERT_EQ(acdbOpenObject(reader, p, AcDb::kForRead), Acad::eOk);
+    EXPECT_EQ(LowerHeightForCollideTest(p, 1.5), 1);
+    reader->close();
+    expectUnchanged(p);
+    EXPECT_EQ(heights(q), (HeightTexts{"8.5", "9.5"}));
+}
+
 TEST_F(LowerHeightTest, OnlyTheOwnStretchChangesWhereTheNextIsLowEnough) {
     drawPicked();
     drawFirst(L"9", L"8"); // low top 9, limit 9.5

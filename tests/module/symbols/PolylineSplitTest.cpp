@@ -54,6 +54,16 @@ protected:
     }
 };
 
+TEST_F(PolylineSplitTest, WhereNoPieceCanBeEnteredThePolylineGoesAllTheSame) {
+    const AcDbObjectId id = add(kBay, false);
+    AcDbBlockTableRecord* space = nullptr;
+    ASSERT_EQ(acdbOpenObject(space, drawing.database().modelSpaceId(), AcDb::kForRead), Acad::eOk);
+    EXPECT_EQ(PelMultiPL2DblPl(id), 1);
+    space->close();
+    EXPECT_TRUE(isErased(id));
+    EXPECT_EQ(entities(), Ids{});
+}
+
 TEST_F(PolylineSplitTest, TwoVerticesStay) {
     const AcDbObjectId two = add({kBay[0], kBay[1]}, false);
     forget();

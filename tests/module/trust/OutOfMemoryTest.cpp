@@ -98,6 +98,30 @@ TEST_F(OutOfMemoryTest, PressureSearchLeavesTheDrawing) {
     EXPECT_GT(failEachRequest([this] { search(main_, AcDbObjectId()); }), 100U);
 }
 
+TEST_F(OutOfMemoryTest, SearchThatThrowsLeavesItsObjectToTheCaller) {
+    for (const AcDbObjectId start : {sewer_, main_}) {
+        int withoutObject = 0;
+        int withObject = 0;
+        failEachRequest([&] {
+            std::unique_ptr<SearchObject> owner;
+            SearchObject* object = nullptr;
+            AcDbObjectId from = start;
+            AcDbObjectId none;
+            try {
+                GetSearchInformation(object, from, none, AcGePoint3d());
+                owner.reset(object);
+            } catch (const std::bad_alloc&) {
+                owner.reset(object);
+                ++(object == nullptr ? withoutObject : withObject);
+                EXPECT_EQ(withObject > 0, object != nullptr);
+                throw;
+            }
+        });
+        EXPECT_GT(withoutObject, 0);
+        EXPECT_GT(withObject, 50);
+    }
+}
+
 TEST_F(OutOfMemoryTest, SingleSegmentLeavesTheDrawing) {
     EXPECT_GT(failEachRequest([this] {
                   Seg seg;

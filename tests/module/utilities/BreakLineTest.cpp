@@ -57,6 +57,28 @@ TEST_F(BreakLineTest, LinesThatCrossAreBothBrokenAndAllPiecesEndAtTheCrossing) {
     EXPECT_EQ(entities(), (Ids{lines[0], lines[1], lines[2], lines[3]}));
 }
 
+TEST_F(BreakLineTest, PiecesThatCannotBeEnteredStandInTheListAsNullIds) {
+    for (const int others : {0, 20}) { // few lines are compared one by one, many by place
+        Ids lines = {addLine({0, 0, 0}, {100, 0, 0}), addLine({50, -50, 0}, {50, 50, 0})};
+        for (int i = 0; i < others; ++i) {
+            lines.push_back(addLine({1000.0 + 30.0 * i, 0, 0}, {1000.0 + 30.0 * i, 50, 0}));
+        }
+        AcDbObjectIdArray list = listOf(lines);
+        // While the space is held open nothing can be added to it.
+        AcDbBlockTableRecord* space = nullptr;
+        ASSERT_EQ(acdbOpenObject(space, drawing.database().modelSpaceId(), AcDb::kForRead),
+                  Acad::eOk);
+        PelBreakLine(list);
+        space->close();
+        lines.push_back(AcDbObjectId());
+        lines.push_back(AcDbObjectId());
+        EXPECT_EQ(idsOf(list), lines);
+        EXPECT_TRUE(sameEnds(endsOf(lines[0]), {0, 0, 0}, {50, 0, 0}));
+        EXPECT_TRUE(sameEnds(endsOf(lines[1]), {50, -50, 0}, {50, 0, 0}));
+        drawing.startAnew();
+    }
+}
+
 TEST_F(BreakLineTest, LinesThatMeetAtTheirEndsStayWhole) {
     AcDbObjectIdArray lines =
         listOf({addLine({0, 0, 0}, {100, 0, 0}), addLine({95, -5, 0}, {95, 90, 0})});
