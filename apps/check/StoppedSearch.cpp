@@ -140,13 +140,18 @@ Replay replayPressure(const AcDbObjectId& start, const AcGePoint3d& point) {
     return replay;
 }
 
-/// What can keep a search from a network. A missing text keeps an entity out of the collection, so
-/// that a search finds no root; at any later step it is a fault that stops nothing.
+/// Whether an entity lacks the very text by which the collection knows it, so that a search from it
+/// finds no root. What else may be missing is read as 0 and stops nothing.
+bool keepsOut(const Finding& finding) {
+    return finding.code == "missing-key" && !networkEntity(finding.entities.front());
+}
+
+/// What can keep a search from a network.
 bool canStop(const Finding& finding, const std::string& step) {
     static const std::unordered_set<std::string> codes{
         "pipe-too-short",      "dead-end",   "gap-at-joint",     "angle-at-joint",
         "end-in-foreign-well", "no-network", "well-without-pipe"};
-    return codes.count(finding.code) != 0 || (step == "root" && finding.code == "missing-key");
+    return codes.count(finding.code) != 0 || (step == "root" && keepsOut(finding));
 }
 
 std::ptrdiff_t shared(const Finding& finding, const Ids& ids) {

@@ -9,8 +9,12 @@ namespace pipenet {
 
 namespace {
 
+/// A plus sign may stand before a number, as it may in a drawing.
 template<class Number>
 std::optional<Number> wholeNumber(std::string_view text) {
+    if (text.size() > 1 && text[0] == '+' && text[1] != '-') {
+        text.remove_prefix(1);
+    }
     Number value{};
     const char* end = text.data() + text.size();
     const auto read = std::from_chars(text.data(), end, value);

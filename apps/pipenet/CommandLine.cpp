@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <array>
 #include <CLI/CLI.hpp>
+#include <fmt/format.h>
+#include <iostream>
 
 namespace pipenet {
 
@@ -31,9 +33,9 @@ constexpr auto kAbout =
     "Rebuilds municipal pipe networks from the loose entities of a CAD drawing (DXF).";
 
 constexpr auto kNotes =
-    "A HANDLE is the hexadecimal text of an entity's group 5. Options may stand before or after "
-    "the\n"
-    "command.\n"
+    "A HANDLE is the hexadecimal text of an entity's group 5. The options under Settings and "
+    "Output\n"
+    "that every command has may stand before or after the command, all others behind it.\n"
     "The answer goes to standard output, everything else to standard error.\n"
     "Exit status: 0 done; 1 the search said no, or a check found errors, with a sentence on\n"
     "standard error; 2 a usage error, an unknown handle, or an input or output that cannot be "
@@ -69,7 +71,8 @@ void addSharedOptions(CLI::App& app, Texts& texts, const Forms& forms) {
         ->type_name("X")
         ->group(group);
     app.add_option("--length-mode", texts.lengthMode,
-                   "How lengths are reckoned: 0 rim to rim, 1 centre to centre")
+                   "How lengths are reckoned: 0 whole pipes, and from rim to rim where one "
+                   "segment is asked for; 1 from centre to centre; any other number not at all")
         ->type_name("N")
         ->group(group);
     app.add_option("--format", texts.format, "Form of the answer, a table by default")
@@ -98,7 +101,9 @@ void addPicture(CLI::App& command, Texts& texts) {
 }
 
 void addOutput(CLI::App& command, Texts& texts) {
-    command.add_option("--output", texts.output, "Write the changed drawing into this file")
+    command
+        .add_option("--output", texts.output,
+                    "Write the changed drawing into this file; this or --in-place is needed")
         ->type_name("FILE")
         ->group("Output");
     command.add_flag("--in-place", texts.inPlace, "Write the changes into the drawing itself")
@@ -352,7 +357,13 @@ bool parse(CLI::App& app, int count, const char* const* arguments) {
         return true;
     } catch (const CLI::Success& help) {
         app.exit(help);
+        if (!std::cout.flush()) {
+            throw Failure(messages::kOutput);
+        }
         return false;
+    } catch (const CLI::ExtrasError&) {
+        throw Failure(messages::kUsage,
+                      "not expected: " + fmt::format("{}", fmt::join(app.remaining(true), " ")));
     } catch (const CLI::ParseError& error) {
         throw Failure(messages::kUsage, error.what());
     }

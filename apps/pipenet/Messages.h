@@ -87,7 +87,8 @@ inline constexpr Message kClosed{
     416,
     "no network from {}: the network of '{}' closes on itself: two of its {} segments, at pipes "
     "{} and {}, end at one place near {:.6g}, {:.6g}; check the pipes there, or open the loop"};
-inline constexpr Message kStoppedByFinding{417, "{} [{}, while {}]"};
+inline constexpr Message kStoppedByFinding{417, "no network from {}: {} [{}, while {}]"};
+inline constexpr Message kPathStoppedByFinding{419, "no path from {} to {}: {} [{}, while {}]"};
 inline constexpr Message kStopped{418, "{} [while {}]"};
 inline constexpr Message kSameEnds{
     405, "no path in a network from {}: start and end are the same entity; check --end"};
@@ -120,6 +121,8 @@ inline constexpr Message kCycle{
     412,
     "no network from {}: the pipes of the system '{}' close a loop or come back to a well already "
     "reached; check the pipes near the last node reached, {} (found so far: {} wells and tanks)"};
+inline constexpr Message kEndIsRoot{
+    420, "no path from {} to {}: the end is the root itself; check --end"};
 inline constexpr Message kEndInRoot{
     413, "no path from {} to {}: the end overlaps the root and is one node with it; check --end"};
 inline constexpr Message kEndNotReached{
@@ -168,6 +171,7 @@ inline constexpr Message kNothingFollows{
 inline constexpr Message kOpenAtStart{
     443, "nothing lowered at {}: the side on which it is drawn from leads to no well or tank, and "
          "the search for what follows begins there; check the gaps on that side"};
+inline constexpr Message kNothingLowered{444, "nothing lowered at {}: {}"};
 inline constexpr Message kNotGravity{
     442, "nothing to lower at {}: its system '{}' is a pressure system, and heights follow the "
          "water in gravity systems only; check --pipe"};

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <fmt/format.h>
 
 namespace pipenet {
 
@@ -13,8 +12,13 @@ std::string oneLine(std::string text) {
     return text;
 }
 
+void say(const std::string& text) {
+    std::fputs(text.c_str(), stderr);
+    std::fflush(stderr);
+}
+
 void complain(const std::string& text) {
-    fmt::print(stderr, "pipenet: {}\n", oneLine(text));
+    say("pipenet: " + oneLine(text) + "\n");
 }
 
 } // namespace pipenet

@@ -8,6 +8,9 @@ namespace pipenet {
 /// any.
 std::string oneLine(std::string text);
 
+/// Writes on standard error. Where that cannot be written nothing is said: the exit status stands.
+void say(const std::string& text);
+
 /// Says on standard error, in one line, what the user should know.
 void complain(const std::string& text);
 

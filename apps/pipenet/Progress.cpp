@@ -1,7 +1,8 @@
 #include "Progress.h"
 
+#include "OneLine.h"
+
 #include <chrono>
-#include <cstdio>
 #include <fmt/format.h>
 #include <unistd.h>
 
@@ -29,12 +30,10 @@ void Progress::run() {
     int seconds = 0;
     while (!ended_.wait_for(lock, std::chrono::seconds(1), [this] { return stop_; })) {
         ++seconds;
-        fmt::print(stderr, "\r\x1b[Kpipenet: {} ... {} s", what_, seconds);
-        std::fflush(stderr);
+        say(fmt::format("\r\x1b[Kpipenet: {} ... {} s", what_, seconds));
     }
     if (seconds > 0) {
-        fmt::print(stderr, "\r\x1b[K");
-        std::fflush(stderr);
+        say("\r\x1b[K");
     }
 }
 

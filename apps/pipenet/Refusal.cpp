@@ -91,9 +91,16 @@ std::string startCause(const SearchRequest& request, const GravitySearchObject& 
 }
 
 std::string unreachedEnd(const SearchRequest& request, const GravitySearchObject& network) {
-    const AcArray<AcDbObjectId>& merged = network.wells[0].mergedEntities;
-    const Message& cause = merged.contains(request.end) ? kEndInRoot : kEndNotReached;
-    return textOf(cause, nameOf(request.start), nameOf(request.end), network.wells.GetSize());
+    const Well& root = network.wells[0];
+    const std::string from = nameOf(request.start);
+    const std::string to = nameOf(request.end);
+    if (root.nodeEntity == request.end) {
+        return textOf(kEndIsRoot, from, to);
+    }
+    if (root.mergedEntities.contains(request.end)) {
+        return textOf(kEndInRoot, from, to);
+    }
+    return textOf(kEndNotReached, from, to, network.wells.GetSize());
 }
 
 std::string gravityCause(const SearchRequest& request) {
@@ -158,9 +165,15 @@ std::string stopText(const SearchRequest& request, Cause cause) {
     if (stopped.step.empty()) {
         return cause();
     }
-    return stopped.finding ? textOf(kStoppedByFinding, stopped.finding->sentence,
-                                    stopped.finding->code, stopped.step)
-                           : textOf(kStopped, cause(), stopped.step);
+    if (!stopped.finding) {
+        return textOf(kStopped, cause(), stopped.step);
+    }
+    const Finding& finding = *stopped.finding;
+    const std::string from = nameOf(request.start);
+    return request.end.isNull()
+               ? textOf(kStoppedByFinding, from, finding.sentence, finding.code, stopped.step)
+               : textOf(kPathStoppedByFinding, from, nameOf(request.end), finding.sentence,
+                        finding.code, stopped.step);
 }
 
 /// Paths go by the text of wells, of the root as well.
@@ -259,7 +272,8 @@ std::string lowerRefusal(const AcDbObjectId& pipe, bool changed, const std::stri
     if (seg.gravity.endEntity.isNull()) {
         return textOf(kOpenAtStart, nameOf(pipe));
     }
-    return gravityCause({seg.gravity.endEntity, AcDbObjectId(), AcGePoint3d()});
+    return textOf(kNothingLowered, nameOf(pipe),
+                  gravityCause({seg.gravity.endEntity, AcDbObjectId(), AcGePoint3d()}));
 }
 
 } // namespace pipenet

@@ -17,7 +17,9 @@
 #include "SettingsCheck.h"
 
 #include <cstdio>
+#include <fcntl.h>
 #include <memory>
+#include <unistd.h>
 
 namespace pipenet {
 
@@ -119,9 +121,22 @@ int runGuarded(int count, char** arguments) {
     return kFailed;
 }
 
+/// A standard stream that is closed would give its number to the next file that is opened, and what
+/// is said on the stream would go into that file. Read-only, so that writing fails as before.
+void keepStandardStreams() {
+    int file = ::open("/dev/null", O_RDONLY);
+    while (file >= 0 && file <= STDERR_FILENO) {
+        file = ::open("/dev/null", O_RDONLY);
+    }
+    if (file >= 0) {
+        ::close(file);
+    }
+}
+
 } // namespace
 } // namespace pipenet
 
 int main(int count, char** arguments) {
+    pipenet::keepStandardStreams();
     return pipenet::runGuarded(count, arguments);
 }

@@ -17,13 +17,28 @@ std::string systemMessage(int code) {
     return std::generic_category().message(code);
 }
 
+/// A pattern for the name of a temporary file in the folder of `target`: its name and a dot, cut
+/// where the whole would be longer than a name may be, but not within a letter.
+std::string patternBeside(const std::string& target) {
+    constexpr std::string_view ending = ".XXXXXX";
+    const std::size_t slash = target.rfind('/');
+    const std::size_t begin = slash == std::string::npos ? 0 : slash + 1;
+    std::size_t length = target.size();
+    if (length - begin > NAME_MAX - ending.size()) {
+        length = begin + NAME_MAX - ending.size();
+        while (length > begin && (static_cast<unsigned char>(target[length]) & 0xC0U) == 0x80U) {
+            --length;
+        }
+    }
+    return target.substr(0, length).append(ending);
+}
+
 /// A temporary file that is gone at the end of its scope unless it took another one's place.
 class TemporaryFile {
 public:
     /// Beside `target`; check isOpen.
     explicit TemporaryFile(const std::string& target)
-        : path_(target + '.' + std::string(6, 'X')),
-          descriptor_(::mkostemp(path_.data(), O_CLOEXEC)) {}
+        : path_(patternBeside(target)), descriptor_(::mkostemp(path_.data(), O_CLOEXEC)) {}
     ~TemporaryFile() {
         close();
         if (exists_) {

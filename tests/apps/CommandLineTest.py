@@ -1,8 +1,9 @@
 """Help, version and usage errors."""
 import os
+import subprocess
 import unittest
 
-from PipenetProcess import EXAMPLES, PipenetTest, Run, SETTINGS, chain
+from PipenetProcess import EXAMPLES, PipenetTest, Run, SETTINGS, chain, clean_environment
 
 TOWN = os.path.join(EXAMPLES, "town.dxf")
 
@@ -86,6 +87,65 @@ class CommandLineTest(PipenetTest):
         run = self.run_program("info", bad)
         self.assertEqual((run.status, run.out), (2, ""))
         self.assertRegex(run.err, rf"^pipenet: {bad}:5: [^\n]+\n$")
+
+    def test_arguments_too_many_are_named_in_their_order(self):
+        run = self.run_program("search", TOWN, "--star", "501", "more")
+        self.assertEqual((run.status, run.out), (2, ""))
+        self.assertEqual(run.err, "pipenet: not expected: --star 501 more; see pipenet --help\n")
+
+    def test_a_plus_sign_may_stand_before_a_number(self):
+        path = self.write(chain())
+        plain, signed = (self.run_program("search", path, "--pick", pick, "--format", "json")
+                         for pick in ("19,0.5", "+19,+0.5"))
+        self.assert_done(plain)
+        self.assertEqual(signed.out, plain.out)
+        for pick in ("+-19,0", "++19,0", "+,0"):
+            self.assertEqual(self.run_program("search", path, "--pick", pick).status, 2, pick)
+
+    def through_shell(self, redirection, *arguments):
+        """How the program ends where the shell has changed its streams."""
+        command = ["sh", "-c", f'exec "$@" {redirection}', "sh", os.environ["PIPENET"],
+                   "--settings", SETTINGS, *arguments]
+        return subprocess.run(command, stdin=subprocess.DEVNULL, capture_output=True, check=False,
+                              timeout=60, env=clean_environment())
+
+    def test_standard_error_that_cannot_be_written_changes_no_status(self):
+        path = self.write(chain())
+        for redirection in ("2>/dev/full", "2>&-"):
+            for arguments, status in ((["info", "nofile.dxf"], 2), (["search", path, "--start", "A5"], 1),
+                                      (["search", path, "--start", "A1"], 0)):
+                with self.subTest(redirection, arguments=arguments):
+                    done = self.through_shell(redirection, *arguments)
+                    self.assertEqual((done.returncode, done.stderr), (status, b""))
+
+    def test_notes_go_into_no_file_where_standard_error_is_closed(self):
+        path = self.write(chain())
+        wanted, there = self.path("wanted.inp"), self.path("there.inp")
+        with_notes = self.run_program("export", path, "--start", "A1", "--to", "swmm", "--output", wanted)
+        self.assertEqual(with_notes.status, 0)
+        self.assertIn("note:", with_notes.err)
+        self.assertEqual(self.through_shell("2>&-", "export", path, "--start", "A1", "--to", "swmm",
+                                            "--output", there).returncode, 0)
+        with open(wanted, "rb") as one, open(there, "rb") as other:
+            self.assertEqual(one.read(), other.read())
+
+    def test_help_that_cannot_be_written(self):
+        for arguments in (["--help"], ["--version"], ["search", "--help"]):
+            for redirection in (">/dev/full", ">&-"):
+                with self.subTest(redirection, arguments=arguments):
+                    done = self.through_shell(redirection, *arguments)
+                    self.assertEqual((done.returncode, done.stderr),
+                                     (2, b"pipenet: standard output: cannot be written\n"))
+
+    def test_output_may_have_the_longest_name_there_is(self):
+        path = self.write(chain())
+        for name in ("n" * 251 + ".dxf", "井" * 83 + "ab.dxf"):
+            self.assertEqual(len(name.encode("utf-8")), 255)
+            output = self.path(name)
+            done = self.run_program("lower", path, "--pipe", "B1", "--drop", "0.5", "--output", output)
+            self.assert_done(done)
+            self.assertTrue(os.path.getsize(output) > 0)
+        self.assertEqual(len(os.listdir(self.folder)), 3, "nothing temporary is left")
 
     def test_handles_are_read_in_either_case(self):
         path = self.write(chain())

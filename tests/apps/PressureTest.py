@@ -120,7 +120,8 @@ class PressureTest(PipenetTest):
         run = self.run_program("search", self.write(small), "--start", "B1", "--format", "json")
         self.assertEqual((run.status, run.out), (1, '{"result":0,"kind":null}\n'))
         # The ring without the pipe that leads to it, from either side; it is closed at one of its corners.
-        found = re.fullmatch(r"pipenet: the network closes on itself: (.*) lead back to the joint at "
+        found = re.fullmatch(r"pipenet: no network from pipe B1: the network closes on itself: "
+                             r"(.*) lead back to the joint at "
                              r"(.*), and the search refuses it as a whole; [^\n]* "
                              r"\[cycle, while loop test\]\n", run.err)
         self.assertIsNotNone(found, run.err)
@@ -139,7 +140,8 @@ class PressureTest(PipenetTest):
         small.pipe("B7", (30.0, 30.0), (30.0, 20.0), system="给水")
         run = self.run_program("search", self.write(small), "--start", "B1", "--format", "json")
         self.assertEqual((run.status, run.out), (1, '{"result":0,"kind":null}\n'))
-        self.assertRegex(run.err, r"^pipenet: pipe B6 is drawn against the way in which a search from "
+        self.assertRegex(run.err, r"^pipenet: no network from pipe B1: pipe B6 is drawn against the way in "
+                         r"which a search from "
                          r"pipe B1 comes to it, and goes straight on in pipe B7: [^\n]* "
                          r"\[turned-run, while loop test\]\n$")
 

@@ -15,6 +15,8 @@ class RefusalTest(PipenetTest):
     def stopped(self, small, code, step, words, *arguments):
         """A finding of the drawing stopped the search, and its own sentence says so."""
         said = self.refused(small, words, *arguments)
+        self.assertRegex(said, r"^pipenet: no (network from|path from [^:]* to) [^:]*: ")
+        self.assertEqual("path" in said[:len("pipenet: no path")], "--end" in arguments, said)
         self.assertTrue(said.endswith(f" [{code}, while {step}]\n"), said)
 
     def without_finding(self, small, step, words, *arguments):
@@ -105,6 +107,19 @@ class RefusalTest(PipenetTest):
         small.drawing.insert("C1", "管", TANK, (60.0, 0.0), (6.0, 3.0), 0.0,
                              [("池体系统", "污水")])
         self.stopped(small, "missing-key", "root", "entity C1 carries 池体系统 but not 池体", "--start", "C1")
+
+    def test_text_that_is_missing_and_stops_nothing_is_not_blamed(self):
+        """Three pipes that hang together and lead to no well, as they are without their other texts."""
+        small = SmallDrawing()
+        for handle, x in (("B1", 0.0), ("B2", 10.0), ("B3", 20.0)):
+            small.drawing.line(handle, "管", (x, 0.0), (x + 10.0, 0.0), [("管道系统", "污水")])
+        self.stopped(small, "dead-end", "root", "ends where nothing is", "--start", "B1")
+
+    def test_end_that_is_the_root(self):
+        small = chain()
+        self.without_finding(small, "end path",
+                             "no path from pipe B1 to well A1: the end is the root itself", "--start",
+                             "B1", "--point", "0,0", "--end", "A1")
 
     def test_table_says_so_too(self):
         run = self.run_program("search", self.write(chain()), "--start", "A5")

@@ -3,7 +3,9 @@
 namespace pipenet {
 
 void addStartOptions(CLI::App& command, const StartTexts& texts) {
-    command.add_option("--start", texts.start, "Well, tank or pipe to start from")
+    command
+        .add_option("--start", texts.start,
+                    "Well, tank or pipe to start from; this or --pick is needed")
         ->type_name("HANDLE");
     command
         .add_option("--pick", texts.pick,
