@@ -101,8 +101,12 @@ std::string failedPressureStep(tkvlt::PressureNetworkSearch& search) {
         return "root";
     }
     search.PreparePipes();
-    if (search.BuildSegments() == 0) {
-        return "root";
+    try {
+        if (search.BuildSegments() == 0) {
+            return "root";
+        }
+    } catch (const CInvalidArgException&) {
+        return "walk"; // a merge has taken away what a branch led to
     }
     return search.CheckNoLoops() == 0 ? "loop test" : "";
 }

@@ -87,6 +87,9 @@ inline constexpr Message kClosed{
     416,
     "no network from {}: the network of '{}' closes on itself: two of its {} segments, at pipes "
     "{} and {}, end at one place near {:.6g}, {:.6g}; check the pipes there, or open the loop"};
+inline constexpr Message kLostInRuns{
+    423, "no network from {}: the search loses its way where pipes of the system '{}' lie side by "
+         "side or go on in a line behind a branch; check for gaps between pipes near a junction"};
 inline constexpr Message kStoppedByFinding{417, "no network from {}: {} [{}, while {}]"};
 inline constexpr Message kPathStoppedByFinding{419, "no path from {} to {}: {} [{}, while {}]"};
 inline constexpr Message kStopped{418, "{} [while {}]"};

@@ -22,8 +22,11 @@ SearchOutcome searchNetwork(const SearchRequest& request) {
     SearchObject* object = nullptr;
     try {
         outcome.result = GetSearchInformation(object, start, end, request.point);
+    } catch (const CInvalidArgException&) {
+        // A network that the module cannot walk through; the object is left with the caller.
+        delete object;
+        return outcome;
     } catch (...) {
-        // An exception leaves the object with the caller.
         delete object;
         throw;
     }

@@ -146,7 +146,11 @@ std::string pressureCause(const SearchRequest& request) {
     const std::string start = nameOf(request.start);
     const std::string system = utf8(systemNameOf(request.start));
     PressureSearchObject tried;
-    GetPressureNetwork(tried.segs, request.start, request.point, tried.rootSeg);
+    try {
+        GetPressureNetwork(tried.segs, request.start, request.point, tried.rootSeg);
+    } catch (const CInvalidArgException&) {
+        return textOf(kLostInRuns, start, system);
+    }
     const ClosingPair pair = closingPair(tried);
     if (pair.first < 0) {
         return textOf(kPressure, start, system);

@@ -73,13 +73,16 @@ void PressureNetworkSearch::GrowFrom(int piece) {
     WalkFromSeg(0);
 }
 
-/// No rule of a walk asks for what is read here behind it. When an exception ends the walk, what
-/// was placed lacks it.
+/// No rule of a walk asks for what is read here behind it, also where a bad index ends the walk.
+/// When another exception does, what was placed lacks it.
 void PressureNetworkSearch::GrowAndReadLater(int piece) {
     std::vector<UnreadSeg> unread(static_cast<std::size_t>(segs.GetSize()));
-    {
+    try {
         const NotedThere noting(unread_, unread);
         GrowFrom(piece);
+    } catch (const CInvalidArgException&) {
+        ReadSegsAsDrawn(unread);
+        throw;
     }
     ReadSegsAsDrawn(unread);
 }

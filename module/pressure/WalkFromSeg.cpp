@@ -2,6 +2,7 @@
 // pipes in reach become its children, a single child that continues it is merged into it, and then
 // each child is walked from in turn.
 
+#include <cmath>
 #include <limits>
 #include <vector>
 
@@ -25,10 +26,14 @@ struct PipeEnd {
     bool isEnd;
 };
 
-/// Where an end can be that counts as at most `reach` away.
-PlanBox EndsInReach(const AcGePoint3d& point, double reach) {
-    if (reach < kFarthestEnd) {
-        return PlanBox::Around(point, reach);
+/// Where an end can be whose distance less the well's radius counts as at most `reach`. A distance
+/// that is small beside the radius is lost in the difference.
+PlanBox EndsInReach(const AcGePoint3d& point, double wellRadius, double reach) {
+    constexpr double relativeRounding = 1e-15;
+    const double lost = (std::fabs(wellRadius) + std::fabs(reach)) * relativeRounding;
+    const double farthest = wellRadius + reach + lost;
+    if (farthest < kFarthestEnd) {
+        return PlanBox::Around(point, farthest);
     }
     return PlanBox::Around(point, std::numeric_limits<double>::infinity());
 }
@@ -52,7 +57,8 @@ PipeEnd NearestEndOf(const PipePiece& pipe, const AcGePoint3d& point) {
 /// from, and then walked from again, once for the merge. Such a further pass finds no pipe that the
 /// one before it left, and mostly nothing at all: it counts where a segment has merged since its
 /// parent was compared with it. So it is left out unless there is one, or entries of `children` no
-/// longer lead where they did. An explicit stack: a network may be as deep as it has segments.
+/// longer lead where they did; an entry that leads to nothing throws. An explicit stack: a network
+/// may be as deep as it has segments.
 int PressureNetworkSearch::WalkFromSeg(int k) {
     struct Level {
         int seg;
@@ -68,9 +74,6 @@ int PressureNetworkSearch::WalkFromSeg(int k) {
         const CArray<int, int>& children = segs.ElementAt(level.seg).children;
         if (level.nextChild < static_cast<int>(children.GetSize())) {
             const int child = children.GetAt(level.nextChild++);
-            if (child >= static_cast<int>(segs.GetSize())) {
-                continue; // a merge has taken away what the entry led to
-            }
             const Level below = lookAround(child);
             if (below.passes > 1) {
                 level.mayMerge = ContinuingChild(level.seg) >= 0;
@@ -131,7 +134,7 @@ double PressureNetworkSearch::ReachFrom(const AcGePoint3d& point, const CString&
 Indices PressureNetworkSearch::PipesInReach(const AcGePoint3d& point, const CString& system) const {
     const double wellRadius = WellRadiusAt(point, system);
     const double reach = PipeReach();
-    Indices pipes = candidates_->PipesWithEndIn(EndsInReach(point, wellRadius + reach));
+    Indices pipes = candidates_->PipesWithEndIn(EndsInReach(point, wellRadius, reach));
     pipes.EraseIf([&](int pipe) {
         const double distance = NearestEndOf(pipePool.At(pipe), point).distance;
         return distance - wellRadius > reach;
@@ -162,8 +165,7 @@ int PressureNetworkSearch::ContinuingChild(int k) const {
         return -1;
     }
     const int c = seg.children.GetAt(0);
-    const bool stands = c < static_cast<int>(segs.GetSize());
-    return stands && Continue(seg, segs.ElementAt(c)) ? c : -1;
+    return Continue(seg, segs.ElementAt(c)) ? c : -1;
 }
 
 /// Geometry alone decides: the child's own texts are dropped. The ends are written in walking order

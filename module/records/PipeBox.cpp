@@ -66,7 +66,11 @@ PlanBox PipeBox(const AcGePoint3d& startPoint, const AcGePoint3d& endPoint,
 
 PlanBox ArcBox(const AcGeCircArc3d& arc) {
     if (!LiesInPlan(arc)) {
-        return PlanBox::Around(arc.center(), arc.radius());
+        PlanBox ball = PlanBox::Around(arc.center(), arc.radius());
+        // The ends that an arc was given need not lie on the circle.
+        ball.Include(PlanBox::Of(arc.startPoint()));
+        ball.Include(PlanBox::Of(arc.endPoint()));
+        return ball;
     }
     PlanBox box = PlanBox::Of(arc.startPoint());
     box.Include(PlanBox::Of(arc.endPoint()));

@@ -45,13 +45,15 @@ class PressureTest(PipenetTest):
         self.assertEqual(lines[-1].split(), ["0", "0.00,", "0.00", "9.00,", "0.00", "9.00",
                                              "DN300", "7.500", "7.250", "PE", "B1"])
 
-    def late_merge(self):
+    def late_merge(self, behind_the_fork=True):
         """A run of two, B1 and B2, with two children: B3, which B4 and B5 beside it come to
-        continue, so that they are taken in late, and B6, which forks into B7 and B8."""
+        continue, so that they are taken in late, and B6, which forks into B7 and B8. Behind B7
+        there is B9: what the fork's entries lead to is there then, though it is not what it was."""
         small = SmallDrawing()
         lines = [((0, -40), (0, -20)), ((0, -20), (0, 0)), ((0, 0), (100, 0)),
                  ((100, 0), (110, 1)), ((110, -1), (120, 0)), ((0, 0), (-50, 10)),
                  ((-50, 10), (-60, 40)), ((-50, 10), (-60, -30))]
+        lines += [((-60, 40), (-90, 50))] if behind_the_fork else []
         for number, (start, end) in enumerate(lines, 1):
             small.pipe(f"B{number}", start, end, system="给水")
         return self.write(small)
@@ -61,9 +63,9 @@ class PressureTest(PipenetTest):
         table = self.run_program("search", self.late_merge(), *start)
         self.assert_done(table)
         runs = [(line[:len(line) - len(line.lstrip())], line.split("PE")[1].split())
-                for line in table.out.splitlines()[-5:]]
+                for line in table.out.splitlines()[-6:]]
         self.assertEqual(runs, [("", ["B1", "B2"]), ("  ", ["B3", "B4", "B5"]), ("  ", ["B6"]),
-                                ("    ", ["B7"]), ("    ", ["B8"])])
+                                ("    ", ["B7"]), ("      ", ["B9"]), ("    ", ["B8"])])
         model = self.path("late.inp")
         run = self.run_program("export", self.late_merge(), *start, "--to", "epanet",
                                "--output", model)
@@ -75,6 +77,19 @@ class PressureTest(PipenetTest):
         self.assertEqual(ends["B7"][0], ends["B6"][1])
         self.assertEqual(ends["B8"][0], ends["B6"][1])
         self.assertEqual(ends["B6"][0], ends["B3"][0])
+
+    def test_branch_that_a_late_merge_has_taken_away(self):
+        """The walk cannot go on, which is no reason for a check to end."""
+        drawing = self.late_merge(behind_the_fork=False)
+        settings = ["--break-dist", "0.5", "--dwg-scale", "1", "--format", "json"]
+        run = self.run_program("search", drawing, "--start", "B1", "--point", "0,-40", *settings)
+        self.assertEqual((run.status, run.out), (1, '{"result":0,"kind":null}\n'))
+        self.assertRegex(run.err, r"^pipenet: no network from pipe B1: the search loses its way "
+                                  r"[^\n]*; check [^\n]* \[while walk\]\n$")
+        check = self.run_program("check", drawing, *settings)
+        self.assertIn(check.status, (0, 1))
+        # The run of B1 and B2, that of B3, B4 and B5, and B6, B7 and B8.
+        self.assertEqual(sum(network["segs"] for network in check.json()["networks"]), 5)
 
     def compare_with_truth(self, name):
         with open(os.path.join(EXAMPLES, name + ".truth.json"), encoding="utf-8") as file:

@@ -121,7 +121,12 @@ void PressureForest::growFrom(int piece, const AcGePoint3d& place) {
     }
     search_.pickedPoint = place;
     const int root = search_.PlaceRoot(piece);
-    search_.WalkFromSeg(root);
+    try {
+        search_.WalkFromSeg(root);
+    } catch (const CInvalidArgException&) { // NOLINT(bugprone-empty-catch)
+        // A late merge has taken away what a branch led to. What was reached until then is here,
+        // and the other pipes grow by themselves.
+    }
     networkOf_.resize(at(segCount()), static_cast<int>(roots_.size()));
     roots_.push_back(root);
 }

@@ -382,6 +382,23 @@ TEST_F(PressureWalkTest, PiecesOfAnArcAreToldApartByDistancesAsTheyStandToo) {
     EXPECT_EQ(seg(0).arc.startAng(), 0.0);
 }
 
+/// The well's radius is 1e10 and the reach 1e10 - 1 below nought, so that pipes up to 1 away are
+/// taken, and a little more where the difference of such large numbers loses it.
+TEST_F(PressureWalkTest, ReachBelowNoughtIsWeighedAgainstALargeWell) {
+    constexpr double radius = 1e10;
+    drawing.setBreakDist((-radius + 1.0) / 4.0);
+    const AcDbObjectId first = drawing.main({-50, 0, 0}, {0, 0, 0});
+    for (const double more : {1e-11, 1e-10, 1e-8, 1e-7, 5e-7}) {
+        drawing.main({1.0 + more, 0, 0}, {60, 10 + more * 1e9, 0});
+    }
+    drawing.main({1.5, 0, 0}, {60, -10, 0});
+    drawing.well({0, radius, 0}, L"20000000000");
+    for (const Mode mode : {Mode::kPlainScan, Mode::kIndexed}) {
+        search(first, {-50, 0, 0}, mode);
+        EXPECT_EQ(count(), 6);
+    }
+}
+
 /// The last two pipes lie side by side, a unit apart, and merge into a run that goes on from the
 /// third as straight as a line. That counts only when the third is walked from again, as what hangs
 /// on a run of two is.
@@ -409,28 +426,57 @@ TEST_F(PressureWalkTest, WhatComesToContinueItsParentIsMergedWhenItIsWalkedFromA
     EXPECT_EQ(seg(1).children.GetSize(), 0);
 }
 
-/// As above, but that the run of two has a second child, which forks. The merge takes a segment
-/// from the middle of the list: what stands behind it moves up, and the fork's entries stay.
-TEST_F(PressureWalkTest, EntriesOfChildrenStayWhenALateMergeMovesSegmentsUp) {
-    drawing.setBreakDist(0.5);
-    const AcDbObjectId first = drawing.main({0, -40, 0}, {0, -20, 0});
-    drawing.main({0, -20, 0}, {0, 0, 0});
-    drawing.main({0, 0, 0}, {100, 0, 0});
-    drawing.main({100, 0, 0}, {110, 1, 0});
-    drawing.main({110, -1, 0}, {120, 0, 0});
-    drawing.main({0, 0, 0}, {-50, 10, 0});
-    const AcDbObjectId up = drawing.main({-50, 10, 0}, {-60, 40, 0});
-    const AcDbObjectId down = drawing.main({-50, 10, 0}, {-60, -30, 0});
+/// As above, but that the run of two has a second child, which forks.
+class LateMergeTest : public PressureWalkTest {
+protected:
+    LateMergeTest() {
+        drawing.setBreakDist(0.5);
+        first = drawing.main({0, -40, 0}, {0, -20, 0});
+        drawing.main({0, -20, 0}, {0, 0, 0});
+        drawing.main({0, 0, 0}, {100, 0, 0});
+        drawing.main({100, 0, 0}, {110, 1, 0});
+        drawing.main({110, -1, 0}, {120, 0, 0});
+        drawing.main({0, 0, 0}, {-50, 10, 0});
+        up = drawing.main({-50, 10, 0}, {-60, 40, 0});
+        down = drawing.main({-50, 10, 0}, {-60, -30, 0});
+    }
+
+    /// The run, its two children, of which the first took in two more, and the fork's two. The
+    /// merge takes a segment from the middle of the list: what stands behind it moves up, and the
+    /// fork's entries stay.
+    void expectRunsThatMovedUp() {
+        EXPECT_EQ(seg(1).pipeIds.length(), 3);
+        EXPECT_EQ(seg(3).pipeIds.at(0), up);
+        EXPECT_EQ(seg(4).pipeIds.at(0), down);
+        EXPECT_EQ(seg(3).parent, 2);
+        ASSERT_EQ(seg(2).children.GetSize(), 2);
+        EXPECT_EQ(seg(2).children.GetAt(0), 4);
+        EXPECT_EQ(seg(2).children.GetAt(1), 5);
+        for (int i = 0; i < count(); ++i) {
+            EXPECT_EQ(utf8(seg(i).systemName), utf8(kSupply)) << i;
+        }
+    }
+
+    AcDbObjectId first;
+    AcDbObjectId up;
+    AcDbObjectId down;
+};
+
+TEST_F(LateMergeTest, EntriesOfChildrenStayWhenSegmentsMoveUp) {
+    const AcDbObjectId behind = drawing.main({-60, 40, 0}, {-90, 50, 0});
     ASSERT_EQ(search(first, {0, -40, 0}), 1);
-    // The run, its two children, of which the first took in two more, and the fork's two.
-    ASSERT_EQ(count(), 5);
-    EXPECT_EQ(seg(1).pipeIds.length(), 3);
-    EXPECT_EQ(seg(3).pipeIds.at(0), up);
-    EXPECT_EQ(seg(4).pipeIds.at(0), down);
-    ASSERT_EQ(seg(2).children.GetSize(), 2);
-    EXPECT_EQ(seg(2).children.GetAt(0), 4);
-    EXPECT_EQ(seg(2).children.GetAt(1), 5) << "where no segment stands any more";
-    EXPECT_EQ(seg(3).parent, 2);
+    ASSERT_EQ(count(), 6);
+    expectRunsThatMovedUp();
+    EXPECT_EQ(seg(5).pipeIds.at(0), behind);
+    EXPECT_EQ(seg(5).parent, 4) << "where the other branch stands now";
+}
+
+TEST_F(LateMergeTest, EntryThatLeadsToNothingAnyMoreThrows) {
+    for (const Mode mode : {Mode::kPlainScan, Mode::kIndexed}) {
+        EXPECT_THROW(search(first, {0, -40, 0}, mode), CInvalidArgException);
+        ASSERT_EQ(count(), 5);
+        expectRunsThatMovedUp();
+    }
 }
 
 } // namespace module_tests

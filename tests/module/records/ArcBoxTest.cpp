@@ -92,6 +92,23 @@ TEST(ArcBox, HoldsAQuarterPointThatLiesJustBeforeTheEnd) {
     EXPECT_GE(ArcBox(arc).maxY, radius - 1e-8);
 }
 
+/// Given three points of which two nearly coincide, one of them a hair's breadth above the plan,
+/// the circle passes the ends by centimetres.
+TEST(ArcBox, HoldsTheGivenEndsOfAnArcThatIsNotQuiteInPlan) {
+    constexpr double radius = 1e5;
+    for (int i = 0; i < 400; ++i) {
+        const double turn = 0.0157 * i; // all round
+        const auto at = [turn](double angle, double height) {
+            return AcGePoint3d(radius * std::cos(turn + angle), radius * std::sin(turn + angle),
+                               height);
+        };
+        AcGeCircArc3d arc;
+        arc.set(at(-1.5, 0.0), at(-3e-10, 0.0), at(0.0, 3e-12));
+        EXPECT_TRUE(holds(ArcBox(arc), arc.startPoint())) << i;
+        EXPECT_TRUE(holds(ArcBox(arc), arc.endPoint())) << i;
+    }
+}
+
 TEST(ArcBox, ArcThatStandsOnEdgeHasTheBoxOfItsWholeSphere) {
     // Quarters of a radius of 2 about (10, 20, 0), one above the X axis and one above the Y axis.
     const double diagonal = std::sqrt(2.0);
