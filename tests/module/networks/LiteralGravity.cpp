@@ -1,5 +1,7 @@
 #include "module/networks/LiteralGravity.h"
 
+#include <algorithm>
+
 namespace module_tests {
 
 namespace {
@@ -304,7 +306,7 @@ int LiteralGravity::commit(int well) {
     seg.startPoint = from.nodePoint;
     seg.endPoint = node.nodePoint;
     seg.length = chainLength_;
-    placeLabel(seg);
+    placeLabel(seg, seg.startPoint);
     takePipes(seg);
     readAttributes(seg);
     const int index = static_cast<int>(result_.segs.Add(seg));
@@ -532,7 +534,7 @@ void LiteralGravity::addLink(int pipe, int next, const AcGePoint3d& from, const 
     }
 }
 
-void LiteralGravity::placeLabel(GravitySeg& seg) {
+void LiteralGravity::placeLabel(GravitySeg& seg, AcGePoint3d reference) {
     if (chain_.size() == 1) {
         _Pipe& pipe = *pipes_[static_cast<std::size_t>(chain_[0])];
         labelOn(pipe, pipe.startPoint, pipe.endPoint, pipe.GetLength() * 0.5, seg);
@@ -544,8 +546,8 @@ void LiteralGravity::placeLabel(GravitySeg& seg) {
         const double length = pipe.GetLength();
         left -= length;
         if (left < 0.0) {
-            const bool fromStart = pipe.endPoint.distanceTo(seg.startPoint) >
-                                   pipe.startPoint.distanceTo(seg.startPoint);
+            const bool fromStart =
+                pipe.endPoint.distanceTo(reference) > pipe.startPoint.distanceTo(reference);
             labelOn(pipe, fromStart ? pipe.startPoint : pipe.endPoint,
                     fromStart ? pipe.endPoint : pipe.startPoint, left + length, seg);
             return;
@@ -572,6 +574,83 @@ void LiteralGravity::labelOn(_Pipe& pipe, AcGePoint3d from, AcGePoint3d to, doub
     seg.annotateVector = seg.annotatePoint - pipe.arc.center();
     seg.annotateVector.rotateBy(1.5707963267948966, AcGeVector3d(0.0, 0.0, 1.0));
     seg.annotateVector.normalize();
+}
+
+int LiteralGravity::buildSingle(GravitySeg& seg, AcDbObjectId pipe, const CString& system) {
+    collect();
+    system_ = system;
+    const auto found = std::find_if(pipes_.begin(), pipes_.end(),
+                                    [&](const auto& each) { return each->id == pipe; });
+    if (found == pipes_.end()) {
+        return 0;
+    }
+    const int index = static_cast<int>(found - pipes_.begin());
+    resetChain(index);
+    const bool hasFirst = trace(index, 1, (*found)->startPoint) != 0;
+    const Target first = hasFirst ? target_ : Target();
+    std::reverse(chain_.begin(), chain_.end());
+    chainLength_ = 0.0;
+    target_.index = -1;
+    const bool hasSecond = trace(index, 0, (*found)->endPoint) != 0;
+    const Target second = hasSecond ? target_ : Target();
+    readSingle(seg, pipe);
+    if (!hasFirst || !hasSecond) {
+        return closeOpenStretch(seg, index, first, second);
+    }
+    seg.endPoint = blockOf(first).position;
+    seg.endEntity = blockOf(first).id;
+    seg.startPoint = blockOf(second).position;
+    seg.startEntity = blockOf(second).id;
+    chainLength_ = seg.GetLength();
+    placeLabel(seg, seg.endPoint);
+    for (const int each : chain_) {
+        seg.pipeIds.append(pipes_[static_cast<std::size_t>(each)]->id);
+    }
+    return 1;
+}
+
+void LiteralGravity::readSingle(GravitySeg& seg, AcDbObjectId pipe) {
+    seg.flowText = textOf(pipe, L"水流方向");
+    seg.material = textOf(pipe, L"管材");
+    seg.systemName = system_;
+    seg.diameter = _wtoi(textOf(pipe, L"管径"));
+    seg.slope = numberOf(textOf(pipe, L"坡度"));
+    AcDbCurve* curve = nullptr;
+    if (acdbOpenObject(curve, pipe, AcDb::kForRead) == Acad::eOk) {
+        curve->getStartPoint(seg.endPoint);
+        curve->getEndPoint(seg.startPoint);
+        curve->close();
+    }
+    const double first = numberOf(textOf(pipe, L"起点标高"));
+    const double second = numberOf(textOf(pipe, L"终点标高"));
+    if (seg.flowText.Compare(L"ES") == 0) {
+        seg.startElevation = first;
+        seg.endElevation = second;
+    } else if (seg.flowText.Compare(L"SE") == 0) {
+        seg.startElevation = second;
+        seg.endElevation = first;
+    }
+}
+
+int LiteralGravity::closeOpenStretch(GravitySeg& seg, int pipe, const Target& beforeStart,
+                                     const Target& behindEnd) {
+    _Pipe& own = *pipes_[static_cast<std::size_t>(pipe)];
+    seg.pipeIds.append(own.id);
+    seg.length = own.GetLength();
+    chain_ = {pipe};
+    chainLength_ = own.GetLength();
+    placeLabel(seg, own.endPoint);
+    if (beforeStart.index >= 0) {
+        seg.endPoint = blockOf(beforeStart).position;
+        seg.endEntity = blockOf(beforeStart).id;
+        return 2;
+    }
+    if (behindEnd.index >= 0) {
+        seg.startPoint = blockOf(behindEnd).position;
+        seg.startEntity = blockOf(behindEnd).id;
+        return 2;
+    }
+    return 0;
 }
 
 bool LiteralGravity::traceEndPath() {

@@ -21,6 +21,9 @@ public:
 
     int run();
 
+    /// The stretch around one pipe, without any network: on an object that has not run.
+    int buildSingle(GravitySeg& seg, AcDbObjectId pipe, const CString& system);
+
     int abortFlag = 0;
     int sideJoins = 0; ///< chains that were followed into the side of a pipe or along an overlap
 
@@ -71,8 +74,12 @@ private:
     bool mayJoin(int pipe, int other);
     void addLink(int pipe, int next, const AcGePoint3d& from, const AcGePoint3d& to);
 
-    void placeLabel(GravitySeg& seg);
+    void placeLabel(GravitySeg& seg, AcGePoint3d reference);
     void labelOn(_Pipe& pipe, AcGePoint3d from, AcGePoint3d to, double distance, GravitySeg& seg);
+
+    void readSingle(GravitySeg& seg, AcDbObjectId pipe);
+    int closeOpenStretch(GravitySeg& seg, int pipe, const Target& beforeStart,
+                         const Target& behindEnd);
 
     bool traceEndPath();
     int endNode();

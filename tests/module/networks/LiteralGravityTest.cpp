@@ -28,6 +28,8 @@ struct Met {
     int chains = 0; ///< segments of several pipes
     int sideJoins = 0;
     int paths = 0;
+    int oneSided = 0;
+    int twoSided = 0;
     int filled = 0; ///< searches on an object that held a network before
 
     void count(GravitySearchObject& network) {
@@ -117,6 +119,39 @@ void compareSearches(const std::vector<AcDbObjectId>& ids, std::uint32_t seed, M
     }
 }
 
+std::string askModuleForSingle(AcDbObjectId pipe, CandidateMode mode) {
+    AcDbObjectId none;
+    AcGePoint3d origin;
+    GravityNetworkSearch search(nullptr, none, none, origin, mode);
+    search.takeBacksBeforeOutlook *= pipe.handle().low() % 2 == 0 ? 0 : 1;
+    search.CollectEntitiesOnly();
+    GravitySeg seg;
+    const int result = search.BuildSinglePipeSeg(seg, pipe, kSewer);
+    return std::to_string(result) + "\n" + dump(seg);
+}
+
+/// Each entity in its turn as the pipe of a stretch.
+void compareSingles(const std::vector<AcDbObjectId>& ids, Met& met) {
+    for (const AcDbObjectId& id : ids) {
+        GravitySearchObject none;
+        LiteralGravity search(none, {}, {}, {});
+        GravitySeg seg;
+        int result = 0;
+        try {
+            result = search.buildSingle(seg, id, kSewer);
+        } catch (const LiteralGravity::TooManyWays&) {
+            ++met.tooLong;
+            continue;
+        }
+        const std::string expected = std::to_string(result) + "\n" + dump(seg);
+        ASSERT_EQ(askModuleForSingle(id, CandidateMode::kPlainScan), expected);
+        ASSERT_EQ(askModuleForSingle(id, CandidateMode::kIndexed), expected);
+        ++met.searches;
+        met.oneSided += result == 2 ? 1 : 0;
+        met.twoSided += result == 1 ? 1 : 0;
+    }
+}
+
 /// Flat and hilly drawings, about the origin and far from it, with each length setting.
 TEST(LiteralGravityTest, SearchGivesWhatItsRulesSayWordByWord) {
     Met met;
@@ -129,8 +164,11 @@ TEST(LiteralGravityTest, SearchGivesWhatItsRulesSayWordByWord) {
         const Motion motion{.shiftX = isFar ? 500000.0 : 0.0,
                             .shiftY = isFar ? 3400000.0 : 0.0,
                             .relief = seed / 3 % 2 == 0 ? 0 : 3};
-        ASSERT_NO_FATAL_FAILURE(
-            compareSearches(RandomDrawing(50000 + seed).draw(drawing, motion), seed, met));
+        const std::vector<AcDbObjectId> ids = RandomDrawing(50000 + seed).draw(drawing, motion);
+        ASSERT_NO_FATAL_FAILURE(compareSearches(ids, seed, met));
+        if (seed % 4 == 0) {
+            ASSERT_NO_FATAL_FAILURE(compareSingles(ids, met));
+        }
     }
     EXPECT_LT(met.tooLong, met.searches / 100);
     EXPECT_GT(met.success, 4000);
@@ -141,6 +179,8 @@ TEST(LiteralGravityTest, SearchGivesWhatItsRulesSayWordByWord) {
     EXPECT_GT(met.sideJoins, 4000);
     EXPECT_GT(met.paths, 1000);
     EXPECT_GT(met.filled, 2000);
+    EXPECT_GT(met.oneSided, 2000);
+    EXPECT_GT(met.twoSided, 2000);
 }
 
 } // namespace
