@@ -20,7 +20,7 @@ std::string systemMessage(int code) {
 /// A pattern for the name of a temporary file in the folder of `target`: its name and a dot, cut
 /// where the whole would be longer than a name may be, but not within a letter.
 std::string patternBeside(const std::string& target) {
-    constexpr std::string_view ending = ".XXXXXX";
+    const std::string ending = '.' + std::string(6, 'X');
     const std::size_t slash = target.rfind('/');
     const std::size_t begin = slash == std::string::npos ? 0 : slash + 1;
     std::size_t length = target.size();

@@ -100,10 +100,6 @@ void compare(const std::vector<Question>& questions, Met& met) {
     met.filled += static_cast<int>(questions.size()) - 1;
 }
 
-AcDbObjectId endFor(const std::vector<AcDbObjectId>& ids, std::size_t start, std::uint32_t seed) {
-    return (start + seed) % 3 == 0 ? AcDbObjectId() : ids[(start * 7 + 3) % ids.size()];
-}
-
 /// Of a drawing every third entity is searched from. Every fifth search goes on from another one
 /// on the same object.
 void compareSearches(const std::vector<AcDbObjectId>& ids, std::uint32_t seed, Met& met) {

@@ -156,4 +156,8 @@ std::vector<AcDbObjectId> RandomDrawing::draw(DrawingBuilder& drawing, const Mot
     return ids;
 }
 
+AcDbObjectId endFor(const std::vector<AcDbObjectId>& ids, std::size_t start, std::uint32_t seed) {
+    return (start + seed) % 3 == 0 ? AcDbObjectId() : ids[(start * 7 + 3) % ids.size()];
+}
+
 } // namespace module_tests

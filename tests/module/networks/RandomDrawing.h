@@ -2,6 +2,7 @@
 
 #include "module/support/DrawingBuilder.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -64,5 +65,9 @@ private:
     std::vector<RandomWell> wells_;
     std::vector<Tank> tanks_;
 };
+
+/// The entity of a drawing that is asked for as the end of a path from another one, by the places
+/// of both in `ids`; null for every third.
+AcDbObjectId endFor(const std::vector<AcDbObjectId>& ids, std::size_t start, std::uint32_t seed);
 
 } // namespace module_tests

@@ -57,11 +57,6 @@ void count(const Outcome& outcome, Met& met) {
     }
 }
 
-/// The entity behind an entity as the end of a path; none for every third.
-AcDbObjectId endFor(const std::vector<AcDbObjectId>& ids, std::size_t start, std::uint32_t seed) {
-    return (start + seed) % 3 == 0 ? AcDbObjectId() : ids[(start * 7 + 3) % ids.size()];
-}
-
 /// Of each drawing every fourth entity is searched from, another quarter in each drawing.
 constexpr std::size_t kStep = 4;
 
